@@ -1,0 +1,35 @@
+# Compiler and linker settings that every target of the project shares.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(MIREVAL_LINK_TIME_OPTIMISATION "Optimise across files when linking" OFF)
+set(MIREVAL_SANITIZERS "" CACHE STRING "Sanitizers to build with, for example address,undefined")
+
+add_compile_options(-Wall -Wextra -Wpedantic -Werror)
+add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+
+if(MIREVAL_SANITIZERS)
+  add_compile_options(-fsanitize=${MIREVAL_SANITIZERS} -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${MIREVAL_SANITIZERS})
+else()
+  add_compile_options(-fstack-protector-strong -fcf-protection)
+  add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,--as-needed)
+  if(CMAKE_BUILD_TYPE MATCHES "Rel")
+    add_compile_definitions(_FORTIFY_SOURCE=2)
+  endif()
+endif()
+
+include(CheckPIESupported)
+check_pie_supported()
+
+if(MIREVAL_LINK_TIME_OPTIMISATION)
+  include(CheckIPOSupported)
+  check_ipo_supported()
+  set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
+endif()
