@@ -1,0 +1,25 @@
+#pragma once
+
+#include "library/Track.h"
+
+#include <QLatin1String>
+#include <QList>
+
+#include <map>
+#include <span>
+
+namespace mireval {
+
+/// The tracks of each mood, in catalogue order.
+using Catalogue = std::map<Mood, QList<Track>>;
+
+/// Pairs the n-th title with the n-th detail, n = 1, 2, ..., until the shorter table is exhausted. Each
+/// track gets a fresh `id` and the resource name "<mood>-<n>", without leading zeros.
+QList<Track> makeTracks(std::span<const QLatin1String> titles, std::span<const QLatin1String> details,
+                        Mood mood);
+
+/// The tracks that ship with the application: sixteen for each mood. Built once, on first use, from
+/// whichever thread comes first; read-only from then on, so that each `id` stays the same for the run.
+const Catalogue& catalogue();
+
+}  // namespace mireval

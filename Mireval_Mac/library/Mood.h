@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+namespace mireval {
+Q_NAMESPACE
+
+/// A work mode. Declared in catalogue order; the panel shows the modes in an order of its own.
+enum class Mood : std::uint8_t { relaxation, focus, creative, tempo };
+Q_ENUM_NS(Mood)
+
+/// Every mood, in declaration order.
+inline constexpr std::array allMoods{Mood::relaxation, Mood::focus, Mood::creative, Mood::tempo};
+
+/// The stable lower-case name that files and views identify a mood by, for example "focus".
+QString rawValue(Mood mood);
+
+/// The mood with exactly this raw value (case-sensitive), or nothing.
+std::optional<Mood> moodFromRawValue(QStringView rawValue);
+
+/// What identifies the mood in a list: its raw value.
+QString id(Mood mood);
+
+/// The built-in English title, for example "Relaxation". Not the localised title of the panel's tiles,
+/// whose English words differ on purpose.
+QString title(Mood mood);
+
+/// The name of the symbol on the mood's tile.
+QString symbolName(Mood mood);
+
+/// The base name of the cover for the 1-based position `index` in the mood's playlist, for example
+/// "focus-03". There are ten covers per mood: the index is clamped to 1...10.
+QString coverImageName(Mood mood, std::int64_t index);
+
+}  // namespace mireval
