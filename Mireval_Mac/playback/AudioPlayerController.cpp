@@ -1,0 +1,272 @@
+#include "playback/AudioPlayerController.h"
+
+#include "platform/AudioPlayerFactory.h"
+#include "platform/DebugOutput.h"
+#include "platform/MainThread.h"
+#include "platform/NowPlayingInfoCenter.h"
+#include "platform/RemoteCommandCenter.h"
+#include "platform/ResourceBundle.h"
+#include "playback/DebugForm.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace mireval {
+
+AudioPlayerController::AudioPlayerController(std::unique_ptr<AudioLibraryProviding> libraryProvider,
+                                             PlaybackServices services)
+    : m_libraryProvider(std::move(libraryProvider)), m_services(services) {
+  updateProgress();
+}
+
+AudioPlayerController::~AudioPlayerController() = default;
+
+std::shared_ptr<AudioPlayerController> AudioPlayerController::create(
+    std::unique_ptr<AudioLibraryProviding> libraryProvider, PlaybackServices services) {
+  return std::shared_ptr<AudioPlayerController>(
+      new AudioPlayerController(std::move(libraryProvider), services));
+}
+
+QVariant AudioPlayerController::currentMoodVariant() const {
+  return m_currentMood ? QVariant::fromValue(*m_currentMood) : QVariant();
+}
+
+QVariant AudioPlayerController::currentTrackVariant() const {
+  return m_currentTrack ? QVariant::fromValue(*m_currentTrack) : QVariant();
+}
+
+template <typename Value>
+void AudioPlayerController::publish(Value& stored, Value value, void (AudioPlayerController::*changed)()) {
+  Q_EMIT objectWillChange();
+  if (stored == value) {
+    return;
+  }
+  stored = std::move(value);
+  Q_EMIT(this->*changed)();
+}
+
+void AudioPlayerController::selectMood(Mood mood) {
+  publish(m_currentMood, std::optional(mood), &AudioPlayerController::currentMoodChanged);
+  m_playlist = m_libraryProvider->playableTracks(mood);
+  publish(m_playlistTracks, m_playlist, &AudioPlayerController::playlistTracksChanged);
+  publish(m_playlistEntries, m_libraryProvider->displayEntries(mood),
+          &AudioPlayerController::playlistEntriesChanged);
+  m_currentIndex = 0;
+  publish(m_statusDetail, QStringLiteral("Connecting %1 atmosphere").arg(title(mood).toLower()),
+          &AudioPlayerController::statusDetailChanged);
+  loadCurrentTrack();
+}
+
+void AudioPlayerController::togglePlayback() {
+  if (!m_player) {
+    return;
+  }
+  if (m_player->isPlaying()) {
+    m_player->pause();
+    publish(m_isPlaying, false, &AudioPlayerController::isPlayingChanged);
+    publish(m_statusDetail, QStringLiteral("Paused"), &AudioPlayerController::statusDetailChanged);
+  } else {
+    prepareInfrastructureIfNeeded();
+    m_player->play();
+    publish(m_isPlaying, true, &AudioPlayerController::isPlayingChanged);
+    publish(m_statusDetail, QStringLiteral("Playing"), &AudioPlayerController::statusDetailChanged);
+  }
+  updateNowPlayingInfo();
+}
+
+void AudioPlayerController::playNextTrack() {
+  if (m_playlist.isEmpty()) {
+    return;
+  }
+  m_currentIndex = (m_currentIndex + 1) % m_playlist.size();
+  loadCurrentTrack();
+}
+
+void AudioPlayerController::playPreviousTrack() {
+  if (m_playlist.isEmpty()) {
+    return;
+  }
+  m_currentIndex = (m_currentIndex - 1 + m_playlist.size()) % m_playlist.size();
+  loadCurrentTrack();
+}
+
+void AudioPlayerController::setVolume(double volume) {
+  publish(m_volume, volume, &AudioPlayerController::volumeChanged);
+  if (m_player) {
+    m_player->setVolume(static_cast<float>(m_volume));
+  }
+}
+
+void AudioPlayerController::loadCurrentTrack() {
+  if (m_currentIndex < 0 || m_currentIndex >= m_playlist.size()) {
+    return;
+  }
+  const Track track = m_playlist.at(m_currentIndex);
+  publish(m_currentTrack, std::optional(track), &AudioPlayerController::currentTrackChanged);
+  publish(m_currentVisualIndex, m_currentIndex, &AudioPlayerController::currentVisualIndexChanged);
+  publish(m_playlistPositionText,
+          QStringLiteral("%1 / %2").arg(m_currentIndex + 1).arg(std::max<qsizetype>(m_playlist.size(), 1)),
+          &AudioPlayerController::playlistPositionTextChanged);
+
+  const auto file = track.resourceName && track.fileExtension
+                        ? m_services.resourceBundle.urlForResource(*track.resourceName, *track.fileExtension,
+                                                                   QStringLiteral("PreviewAudio"))
+                        : std::nullopt;
+  if (!file) {
+    failLoad(QStringLiteral("Missing bundled track"), QStringLiteral("Missing bundled track ") + track.title);
+    return;
+  }
+  prepareInfrastructureIfNeeded();
+
+  AudioPlayerResult opened = m_services.audioPlayerFactory.create(*file);
+  if (!opened.player) {
+    failLoad(QStringLiteral("Playback unavailable"), QStringLiteral("Audio playback failed: ") + opened.error);
+    return;
+  }
+  opened.player->setDelegate(this);
+  opened.player->setVolume(static_cast<float>(m_volume));
+  opened.player->prepareToPlay();
+  opened.player->play();
+  m_player = std::move(opened.player);
+
+  publish(m_isPlaying, true, &AudioPlayerController::isPlayingChanged);
+  publish(m_statusDetail, QStringLiteral("Playing"), &AudioPlayerController::statusDetailChanged);
+  startProgressTimer();
+  updateProgress();
+  updateNowPlayingInfo();
+}
+
+void AudioPlayerController::failLoad(const QString& status, const QString& debugText) {
+  publish(m_isPlaying, false, &AudioPlayerController::isPlayingChanged);
+  publish(m_statusDetail, status, &AudioPlayerController::statusDetailChanged);
+  m_services.debugOutput.writeLine(debugForm(debugText));
+}
+
+void AudioPlayerController::prepareInfrastructureIfNeeded() {
+  if (!m_playbackInfrastructureReady) {
+    configureRemoteCommands();
+    m_playbackInfrastructureReady = true;
+  }
+  // A desktop has no audio session to configure: the flag only marks that the step ran.
+  if (!m_audioSessionPrepared) {
+    m_audioSessionPrepared = true;
+  }
+}
+
+void AudioPlayerController::startProgressTimer() {
+  using namespace std::chrono_literals;
+  if (m_progressTimer) {
+    m_progressTimer->invalidate();
+    m_progressTimer.reset();
+  }
+  m_progressTimer = m_services.runLoop.scheduleRepeatingTimer(
+      500ms, [weakSelf = weak_from_this(), &mainThread = m_services.mainThread] {
+        mainThread.async([weakSelf] {
+          if (const auto self = weakSelf.lock()) {
+            self->updateProgress();
+          }
+        });
+      });
+}
+
+void AudioPlayerController::updateProgress() {
+  if (!m_player) {
+    publish(m_playbackProgress, 0.0, &AudioPlayerController::playbackProgressChanged);
+    publish(m_elapsedTimeText, formatTime(0), &AudioPlayerController::elapsedTimeTextChanged);
+    publish(m_durationText, formatTime(0), &AudioPlayerController::durationTextChanged);
+    return;
+  }
+  double duration = m_player->duration();
+  if (duration <= 0) {
+    duration = 0;
+  }
+  double position = m_player->currentTime();
+  if (position <= 0) {
+    position = 0;
+  }
+  // Compared this way round so that an unknown (NaN) duration does not limit the position.
+  const double elapsed = duration < position ? duration : position;
+  publish(m_playbackProgress, duration > 0 ? elapsed / duration : 0.0,
+          &AudioPlayerController::playbackProgressChanged);
+  publish(m_elapsedTimeText, formatTime(elapsed), &AudioPlayerController::elapsedTimeTextChanged);
+  publish(m_durationText, formatTime(duration), &AudioPlayerController::durationTextChanged);
+  updateNowPlayingInfo();
+}
+
+QString AudioPlayerController::formatTime(double seconds) {
+  if (!std::isfinite(seconds)) {
+    return QStringLiteral("0:00");
+  }
+  const double rounded = std::round(seconds);
+  constexpr double limit = 0x1p63;
+  if (rounded < -limit || rounded >= limit) {
+    qFatal("A time of %g seconds cannot be shown", seconds);
+  }
+  constexpr std::int64_t secondsPerMinute = 60;
+  const auto whole = std::max<std::int64_t>(static_cast<std::int64_t>(rounded), 0);
+  return QStringLiteral("%1:%2")
+      .arg(whole / secondsPerMinute)
+      .arg(whole % secondsPerMinute, 2, 10, QLatin1Char('0'));
+}
+
+void AudioPlayerController::audioPlayerDidFinishPlaying(AudioPlayer&, bool) {
+  // Nothing of the controller may be touched on this thread. The lock fails only when the controller is
+  // being destroyed together with the player that calls.
+  if (auto self = weak_from_this().lock()) {
+    MainThread& mainThread = m_services.mainThread;
+    mainThread.async([self = std::move(self)] { self->advanceAfterFinish(); });
+  }
+}
+
+void AudioPlayerController::advanceAfterFinish() { playNextTrack(); }
+
+void AudioPlayerController::configureRemoteCommands() {
+  RemoteCommandCenter& center = m_services.remoteCommandCenter;
+  center.playCommand().setEnabled(true);
+  center.pauseCommand().setEnabled(true);
+  center.togglePlayPauseCommand().setEnabled(true);
+
+  const auto handlerFor = [this](void (*command)(AudioPlayerController&)) -> RemoteCommand::Handler {
+    return [weakSelf = weak_from_this(), &mainThread = m_services.mainThread, command] {
+      mainThread.async([weakSelf, command] {
+        if (const auto self = weakSelf.lock()) {
+          command(*self);
+        }
+      });
+      return RemoteCommandHandlerStatus::success;
+    };
+  };
+  center.playCommand().addHandler(handlerFor([](AudioPlayerController& self) {
+    if (!self.isPlaying()) {
+      self.togglePlayback();
+    }
+  }));
+  center.pauseCommand().addHandler(handlerFor([](AudioPlayerController& self) {
+    if (self.isPlaying()) {
+      self.togglePlayback();
+    }
+  }));
+  center.togglePlayPauseCommand().addHandler(
+      handlerFor([](AudioPlayerController& self) { self.togglePlayback(); }));
+}
+
+void AudioPlayerController::updateNowPlayingInfo() {
+  if (!m_currentTrack || !m_player) {
+    m_services.nowPlayingInfoCenter.setNowPlayingInfo(std::nullopt);
+    return;
+  }
+  NowPlayingInfo info;
+  info.title = m_currentTrack->title;
+  info.albumTitle = QStringLiteral("Mireval");
+  info.artist = QStringLiteral("Mireval \u2022 ") + title(m_currentTrack->mood);
+  info.playbackDurationSeconds = m_player->duration();
+  info.elapsedPlaybackSeconds = m_player->currentTime();
+  info.playbackRate = m_isPlaying ? 1 : 0;
+  m_services.nowPlayingInfoCenter.setNowPlayingInfo(info);
+}
+
+}  // namespace mireval

@@ -1,0 +1,25 @@
+#pragma once
+
+namespace mireval {
+
+class AudioPlayerFactory;
+class DebugOutput;
+class MainThread;
+class NowPlayingInfoCenter;
+class RemoteCommandCenter;
+class ResourceBundle;
+class RunLoop;
+
+/// What the desktop supplies for playback. Not owned; everything must outlive the controller and the tasks
+/// that it has given to the main thread.
+struct PlaybackServices {
+  ResourceBundle& resourceBundle;
+  AudioPlayerFactory& audioPlayerFactory;
+  RunLoop& runLoop;
+  MainThread& mainThread;
+  RemoteCommandCenter& remoteCommandCenter;
+  NowPlayingInfoCenter& nowPlayingInfoCenter;
+  DebugOutput& debugOutput;
+};
+
+}  // namespace mireval
