@@ -1,0 +1,288 @@
+#include "platform/linux/audio/AudioDecoder.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/channel_layout.h>
+#include <libavutil/log.h>
+#include <libswresample/swresample.h>
+}
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+
+namespace mireval {
+namespace {
+
+/// Of the container family that ships, and nothing that could name further files or hosts.
+constexpr const char* allowedFormats = "mov,mp4,m4a,3gp,3g2,mj2";
+constexpr const char* allowedProtocols = "file";
+
+constexpr double longestDurationSeconds = 24.0 * 60 * 60;
+/// More than any encoder's padding, less than any musical ending.
+constexpr std::size_t largestPaddingFrames = 4096;
+/// A damaged stretch is skipped; a file that goes on like this for seconds is given up.
+constexpr int mostErrorsInARow = 256;
+/// What sound servers accept; files outside are resampled here.
+constexpr int lowestServerRate = 8000;
+constexpr int highestServerRate = 192000;
+constexpr int fallbackRate = 48000;
+
+QString describe(int error) {
+  std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};
+  av_strerror(error, text.data(), text.size());
+  return QString::fromUtf8(text.data());
+}
+
+/// Opening a pipe would block until somebody writes to it, so the kind of file is asked for first.
+int checkRegularFile(const std::filesystem::path& file) {
+  struct stat status {};
+  if (stat(file.c_str(), &status) != 0) {
+    return AVERROR(errno);
+  }
+  if (S_ISDIR(status.st_mode)) {
+    return AVERROR(EISDIR);
+  }
+  return S_ISREG(status.st_mode) ? 0 : AVERROR(EINVAL);
+}
+
+}  // namespace
+
+AudioDecoderResult AudioDecoder::open(const std::filesystem::path& file) {
+  av_log_set_level(AV_LOG_QUIET);
+  AudioDecoderResult result;
+  std::unique_ptr<AudioDecoder> decoder(new AudioDecoder);
+  int error = decoder->openFile(file);
+  if (error >= 0 && !decoder->decodeFrame()) {
+    error = decoder->m_lastError < 0 ? decoder->m_lastError : AVERROR_INVALIDDATA;
+  }
+  if (error < 0) {
+    result.error = describe(error);
+    return result;
+  }
+  if (decoder->m_durationSeconds > 0) {
+    decoder->m_promisedFrames =
+        static_cast<std::uint64_t>(std::llround(decoder->m_durationSeconds * decoder->m_sampleRate));
+  }
+  result.decoder = std::move(decoder);
+  return result;
+}
+
+AudioDecoder::~AudioDecoder() {
+  swr_free(&m_converter);
+  av_frame_free(&m_frame);
+  av_packet_free(&m_packet);
+  avcodec_free_context(&m_codec);
+  avformat_close_input(&m_format);
+}
+
+int AudioDecoder::openFile(const std::filesystem::path& file) {
+  if (const int error = checkRegularFile(file); error < 0) {
+    return error;
+  }
+  m_packet = av_packet_alloc();
+  m_frame = av_frame_alloc();
+  if (m_packet == nullptr || m_frame == nullptr) {
+    return AVERROR(ENOMEM);
+  }
+  AVDictionary* options = nullptr;
+  av_dict_set(&options, "format_whitelist", allowedFormats, 0);
+  av_dict_set(&options, "protocol_whitelist", allowedProtocols, 0);
+  // The prefix keeps a path such as "http:/x" a path.
+  const std::string url = "file:" + file.string();
+  const int opened = avformat_open_input(&m_format, url.c_str(), nullptr, &options);
+  av_dict_free(&options);
+  if (opened < 0) {
+    return opened;
+  }
+  const int streamIndex = av_find_best_stream(m_format, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+  if (streamIndex < 0) {
+    return streamIndex;
+  }
+  return openCodec(streamIndex);
+}
+
+int AudioDecoder::openCodec(int streamIndex) {
+  for (unsigned int i = 0; i < m_format->nb_streams; ++i) {
+    if (i != static_cast<unsigned int>(streamIndex)) {
+      m_format->streams[i]->discard = AVDISCARD_ALL;
+    }
+  }
+  const AVStream* const stream = m_format->streams[streamIndex];
+  const AVCodec* const codec = avcodec_find_decoder(stream->codecpar->codec_id);
+  if (codec == nullptr) {
+    return AVERROR_DECODER_NOT_FOUND;
+  }
+  m_codec = avcodec_alloc_context3(codec);
+  if (m_codec == nullptr) {
+    return AVERROR(ENOMEM);
+  }
+  if (const int error = avcodec_parameters_to_context(m_codec, stream->codecpar); error < 0) {
+    return error;
+  }
+  m_codec->pkt_timebase = stream->time_base;
+  m_codec->thread_count = 1;
+  if (const int error = avcodec_open2(m_codec, codec, nullptr); error < 0) {
+    return error;
+  }
+  m_streamIndex = streamIndex;
+  if (stream->duration > 0) {
+    const double seconds = static_cast<double>(stream->duration) * av_q2d(stream->time_base);
+    if (std::isfinite(seconds) && seconds <= longestDurationSeconds) {
+      m_durationSeconds = seconds;
+    }
+  }
+  return 0;
+}
+
+std::size_t AudioDecoder::read(std::span<float> samples) {
+  const std::size_t wanted = samples.size() / channelCount;
+  std::size_t done = 0;
+  while (done < wanted) {
+    if (pendingFrames() == 0 && !decodeFrame()) {
+      break;
+    }
+    trimPadding();
+    std::size_t count = std::min(wanted - done, pendingFrames());
+    if (m_deliveredFrames < m_promisedFrames) {
+      count = static_cast<std::size_t>(std::min<std::uint64_t>(count, m_promisedFrames - m_deliveredFrames));
+    }
+    std::copy_n(m_pending.begin() + static_cast<std::ptrdiff_t>(m_pendingStart), count * channelCount,
+                samples.begin() + static_cast<std::ptrdiff_t>(done * channelCount));
+    m_pendingStart += count * channelCount;
+    m_deliveredFrames += count;
+    done += count;
+  }
+  return done;
+}
+
+void AudioDecoder::trimPadding() {
+  if (m_deliveredFrames != m_promisedFrames) {
+    return;
+  }
+  while (pendingFrames() < largestPaddingFrames && decodeFrame()) {
+  }
+  if (pendingFrames() < largestPaddingFrames) {
+    m_pending.clear();
+    m_pendingStart = 0;
+  } else {
+    // The stated length is wrong: what follows is sound, not padding.
+    m_promisedFrames = std::numeric_limits<std::uint64_t>::max();
+  }
+}
+
+bool AudioDecoder::decodeFrame() {
+  while (!m_ended) {
+    if (receiveFrame()) {
+      m_errorsInARow = 0;
+      if (convert()) {
+        return true;
+      }
+      continue;
+    }
+    if (m_draining || m_errorsInARow >= mostErrorsInARow) {
+      m_failed = m_failed || !m_draining;
+      m_ended = true;
+      break;
+    }
+    const int readStatus = av_read_frame(m_format, m_packet);
+    if (readStatus < 0) {
+      if (readStatus != AVERROR_EOF) {
+        m_failed = true;
+        m_lastError = readStatus;
+      }
+      m_draining = true;
+      avcodec_send_packet(m_codec, nullptr);
+      continue;
+    }
+    if (m_packet->stream_index == m_streamIndex) {
+      const int sent = avcodec_send_packet(m_codec, m_packet);
+      if (sent < 0) {
+        m_lastError = sent;
+        ++m_errorsInARow;
+      }
+    }
+    av_packet_unref(m_packet);
+  }
+  return false;
+}
+
+bool AudioDecoder::receiveFrame() {
+  const int status = avcodec_receive_frame(m_codec, m_frame);
+  if (status < 0 && status != AVERROR(EAGAIN) && status != AVERROR_EOF) {
+    m_lastError = status;
+    ++m_errorsInARow;
+  }
+  return status >= 0;
+}
+
+bool AudioDecoder::configureConversion() {
+  if (m_convertedFormat == m_frame->format && m_convertedRate == m_frame->sample_rate &&
+      m_convertedChannels == m_frame->ch_layout.nb_channels) {
+    return true;
+  }
+  if (m_sampleRate == 0) {
+    const bool served = m_frame->sample_rate >= lowestServerRate && m_frame->sample_rate <= highestServerRate;
+    m_sampleRate = served ? m_frame->sample_rate : fallbackRate;
+  }
+  AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
+  AVChannelLayout source{};
+  if (m_frame->ch_layout.order == AV_CHANNEL_ORDER_UNSPEC) {
+    av_channel_layout_default(&source, m_frame->ch_layout.nb_channels);
+  } else {
+    av_channel_layout_copy(&source, &m_frame->ch_layout);
+  }
+  int status =
+      swr_alloc_set_opts2(&m_converter, &stereo, AV_SAMPLE_FMT_FLT, m_sampleRate, &source,
+                          static_cast<AVSampleFormat>(m_frame->format), m_frame->sample_rate, 0, nullptr);
+  if (status >= 0 && source.nb_channels == 1) {
+    // Full level on both sides; the library's own default would lower it by 3 dB.
+    constexpr std::array<double, channelCount> both{1.0, 1.0};
+    status = swr_set_matrix(m_converter, both.data(), 1);
+  }
+  av_channel_layout_uninit(&source);
+  if (status >= 0) {
+    status = swr_init(m_converter);
+  }
+  if (status < 0) {
+    m_lastError = status;
+    swr_free(&m_converter);
+    m_convertedFormat = -1;
+    return false;
+  }
+  m_convertedFormat = m_frame->format;
+  m_convertedRate = m_frame->sample_rate;
+  m_convertedChannels = m_frame->ch_layout.nb_channels;
+  return true;
+}
+
+bool AudioDecoder::convert() {
+  if (m_frame->nb_samples <= 0 || m_frame->sample_rate <= 0 || !configureConversion()) {
+    ++m_errorsInARow;
+    return false;
+  }
+  m_pending.erase(m_pending.begin(), m_pending.begin() + static_cast<std::ptrdiff_t>(m_pendingStart));
+  m_pendingStart = 0;
+  const int room = swr_get_out_samples(m_converter, m_frame->nb_samples);
+  if (room <= 0) {
+    return false;
+  }
+  const std::size_t before = m_pending.size();
+  m_pending.resize(before + static_cast<std::size_t>(room) * channelCount);
+  auto* output = reinterpret_cast<std::uint8_t*>(m_pending.data() + before);
+  const auto* const* input = const_cast<const std::uint8_t**>(m_frame->extended_data);
+  const int count =
+      swr_convert(m_converter, &output, room, const_cast<const std::uint8_t**>(input), m_frame->nb_samples);
+  m_pending.resize(before + static_cast<std::size_t>(std::max(count, 0)) * channelCount);
+  if (count < 0) {
+    m_lastError = count;
+    ++m_errorsInARow;
+  }
+  return count > 0;
+}
+
+}  // namespace mireval

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <QString>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <span>
+#include <vector>
+
+struct AVCodecContext;
+struct AVFormatContext;
+struct AVFrame;
+struct AVPacket;
+struct SwrContext;
+
+namespace mireval {
+
+class AudioDecoder;
+
+/// A decoder, or, when there is none, why.
+struct AudioDecoderResult {
+  std::unique_ptr<AudioDecoder> decoder;
+  QString error;
+};
+
+/// Decodes one MPEG-4 audio file (m4a and its family) from its start to stereo frames of 32-bit floats.
+/// Mono is put on both sides; the encoder's priming and padding are removed. May be used on any thread, by
+/// one thread at a time.
+class AudioDecoder {
+ public:
+  static constexpr std::size_t channelCount = 2;
+
+  /// Opens a regular file and decodes its first frame, so that a file which holds no sound is refused here.
+  /// Anything else than a local MPEG-4 file is refused: no other containers, no scripts, no network.
+  static AudioDecoderResult open(const std::filesystem::path& file);
+
+  AudioDecoder(const AudioDecoder&) = delete;
+  AudioDecoder& operator=(const AudioDecoder&) = delete;
+  ~AudioDecoder();
+
+  /// Frames per second of what `read` delivers: the file's own rate.
+  int sampleRate() const { return m_sampleRate; }
+
+  /// Length in seconds as the file states it; 0 when it does not, or states nonsense.
+  double durationSeconds() const { return m_durationSeconds; }
+
+  /// Decodes the next frames, interleaved, into `samples`, whose size must be a multiple of the channel
+  /// count. Returns the number of frames, which is smaller than asked for only at the end.
+  std::size_t read(std::span<float> samples);
+
+  /// True once decoding had to stop before the end of the file.
+  bool failed() const { return m_failed; }
+
+ private:
+  AudioDecoder() = default;
+
+  int openFile(const std::filesystem::path& file);
+  int openCodec(int streamIndex);
+  bool decodeFrame();
+  bool receiveFrame();
+  bool convert();
+  bool configureConversion();
+  void trimPadding();
+  std::size_t pendingFrames() const { return (m_pending.size() - m_pendingStart) / channelCount; }
+
+  AVFormatContext* m_format = nullptr;
+  AVCodecContext* m_codec = nullptr;
+  AVPacket* m_packet = nullptr;
+  AVFrame* m_frame = nullptr;
+  SwrContext* m_converter = nullptr;
+  int m_streamIndex = -1;
+  int m_sampleRate = 0;
+  int m_convertedRate = 0;
+  int m_convertedFormat = -1;
+  int m_convertedChannels = 0;
+  double m_durationSeconds = 0;
+  /// Frames that the file promises; what an encoder's last block adds to them is padding.
+  std::uint64_t m_promisedFrames = std::numeric_limits<std::uint64_t>::max();
+  std::uint64_t m_deliveredFrames = 0;
+  int m_lastError = 0;
+  int m_errorsInARow = 0;
+  bool m_draining = false;
+  bool m_ended = false;
+  bool m_failed = false;
+  /// Decoded and converted, not yet delivered; starts at m_pendingStart.
+  std::vector<float> m_pending;
+  std::size_t m_pendingStart = 0;
+};
+
+}  // namespace mireval

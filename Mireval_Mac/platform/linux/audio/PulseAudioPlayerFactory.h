@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/AudioPlayerFactory.h"
+
+#include <memory>
+
+namespace mireval {
+
+class PulseServer;
+
+/// Plays through the PulseAudio or PipeWire server of the user's session. The players share one connection
+/// and one thread, which live from the first use until the factory and all its players are gone.
+class PulseAudioPlayerFactory final : public AudioPlayerFactory {
+ public:
+  PulseAudioPlayerFactory();
+  ~PulseAudioPlayerFactory() override;
+
+  /// Begins to connect, so that the first sound comes sooner. Returns at once; failing does not matter.
+  void warmUp();
+
+  AudioPlayerResult create(const std::filesystem::path& file) override;
+
+ private:
+  bool connect();
+
+  std::shared_ptr<PulseServer> m_server;
+};
+
+}  // namespace mireval

@@ -1,0 +1,142 @@
+#include "platform/linux/audio/PulseServer.h"
+
+#include <pulse/error.h>
+#include <pulse/proplist.h>
+#include <pulse/timeval.h>
+
+#include <sys/time.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace mireval {
+namespace {
+
+struct ProplistDeleter {
+  void operator()(pa_proplist* proplist) const { pa_proplist_free(proplist); }
+};
+
+}  // namespace
+
+PulseServer::Lock::Lock(PulseServer& server) : m_server(server) {
+  pa_threaded_mainloop_lock(m_server.m_mainloop);
+}
+
+PulseServer::Lock::~Lock() {
+  pa_threaded_mainloop_unlock(m_server.m_mainloop);
+}
+
+PulseServer::Timer::Timer(PulseServer& server, std::function<void()> action)
+    : m_api(*pa_threaded_mainloop_get_api(server.m_mainloop)), m_action(std::move(action)) {}
+
+PulseServer::Timer::~Timer() {
+  stop();
+}
+
+void PulseServer::Timer::start(std::chrono::microseconds delay) {
+  timeval when{};
+  pa_gettimeofday(&when);
+  pa_timeval_add(&when, static_cast<pa_usec_t>(std::max<std::int64_t>(delay.count(), 0)));
+  if (m_event != nullptr) {
+    m_api.time_restart(m_event, &when);
+    return;
+  }
+  m_event = m_api.time_new(
+      &m_api, &when,
+      [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
+        auto& timer = *static_cast<Timer*>(self);
+        timer.stop();
+        timer.m_action();
+      },
+      this);
+}
+
+void PulseServer::Timer::stop() {
+  if (m_event != nullptr) {
+    m_api.time_free(std::exchange(m_event, nullptr));
+  }
+}
+
+void PulseServer::ContextDeleter::operator()(pa_context* context) const {
+  pa_context_set_state_callback(context, nullptr, nullptr);
+  pa_context_disconnect(context);
+  pa_context_unref(context);
+}
+
+PulseServer::PulseServer() : m_mainloop(pa_threaded_mainloop_new()) {
+  pa_threaded_mainloop_set_name(m_mainloop, "mireval-audio");
+  pa_threaded_mainloop_start(m_mainloop);
+}
+
+PulseServer::~PulseServer() {
+  {
+    const Lock lock(*this);
+    m_context.reset();
+  }
+  pa_threaded_mainloop_stop(m_mainloop);
+  pa_threaded_mainloop_free(m_mainloop);
+}
+
+bool PulseServer::connect() {
+  if (m_context) {
+    return true;
+  }
+  const std::unique_ptr<pa_proplist, ProplistDeleter> properties(pa_proplist_new());
+  pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Mireval");
+  pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, "mireval");
+  m_context.reset(
+      pa_context_new_with_proplist(pa_threaded_mainloop_get_api(m_mainloop), nullptr, properties.get()));
+  if (!m_context) {
+    m_error = QString::fromUtf8(pa_strerror(PA_ERR_INTERNAL));
+    return false;
+  }
+  pa_context_set_state_callback(
+      m_context.get(),
+      [](pa_context*, void* self) { static_cast<PulseServer*>(self)->contextStateChanged(); }, this);
+  // Without a server this fails at once, in the callback as well as here.
+  m_insideConnect = true;
+  const int status = pa_context_connect(m_context.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
+  m_insideConnect = false;
+  if (m_context && status < 0) {
+    m_error = QString::fromUtf8(pa_strerror(pa_context_errno(m_context.get())));
+    m_context.reset();
+  }
+  return m_context != nullptr;
+}
+
+void PulseServer::contextStateChanged() {
+  switch (pa_context_get_state(m_context.get())) {
+    case PA_CONTEXT_READY:
+      for (Client* const client : m_clients) {
+        client->serverReady();
+      }
+      break;
+    case PA_CONTEXT_FAILED:
+    case PA_CONTEXT_TERMINATED:
+      m_error = QString::fromUtf8(pa_strerror(pa_context_errno(m_context.get())));
+      m_context.reset();
+      if (!m_insideConnect) {
+        for (Client* const client : m_clients) {
+          client->serverLost();
+        }
+      }
+      break;
+    default:
+      break;
+  }
+}
+
+pa_context* PulseServer::readyContext() const {
+  const bool ready = m_context && pa_context_get_state(m_context.get()) == PA_CONTEXT_READY;
+  return ready ? m_context.get() : nullptr;
+}
+
+void PulseServer::addClient(Client& client) {
+  m_clients.push_back(&client);
+}
+
+void PulseServer::removeClient(Client& client) {
+  std::erase(m_clients, &client);
+}
+
+}  // namespace mireval

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <QString>
+
+#include <pulse/context.h>
+#include <pulse/mainloop-api.h>
+#include <pulse/thread-mainloop.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace mireval {
+
+/// The connection to the sound server, and the one thread on which libpulse works. All players share it.
+///
+/// Everything but the constructor and the destructor needs the lock: hold a `Lock` on any other thread; on
+/// libpulse's own thread, inside a callback, it is held already. The lock is never held while waiting for
+/// the server, so taking it takes at most as long as decoding a buffer.
+class PulseServer {
+ public:
+  /// Holds the lock. Not for libpulse's own thread.
+  class Lock {
+   public:
+    explicit Lock(PulseServer& server);
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    ~Lock();
+
+   private:
+    PulseServer& m_server;
+  };
+
+  /// Told, with the lock held, about the connection; not about an attempt that fails within `connect`. No
+  /// client may be added or removed during these calls.
+  class Client {
+   public:
+    virtual void serverReady() = 0;
+    virtual void serverLost() = 0;
+
+   protected:
+    ~Client() = default;
+  };
+
+  /// Calls a function once, after a while, on libpulse's thread with the lock held. To be destroyed with the
+  /// lock held.
+  class Timer {
+   public:
+    Timer(PulseServer& server, std::function<void()> action);
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
+    ~Timer();
+
+    /// Starts the timer, or starts it anew.
+    void start(std::chrono::microseconds delay);
+    void stop();
+    bool isRunning() const { return m_event != nullptr; }
+
+   private:
+    pa_mainloop_api& m_api;
+    std::function<void()> m_action;
+    pa_time_event* m_event = nullptr;
+  };
+
+  PulseServer();
+  PulseServer(const PulseServer&) = delete;
+  PulseServer& operator=(const PulseServer&) = delete;
+  /// Players and timers must be gone by now.
+  ~PulseServer();
+
+  /// Begins to connect unless that is done or under way. False when no server can be reached; `error` then
+  /// says why. True says only that a server may answer: a frozen one does not.
+  bool connect();
+
+  const QString& error() const { return m_error; }
+
+  /// The connection when it is ready, else nullptr.
+  pa_context* readyContext() const;
+
+  void addClient(Client& client);
+  void removeClient(Client& client);
+
+ private:
+  struct ContextDeleter {
+    void operator()(pa_context* context) const;
+  };
+
+  void contextStateChanged();
+
+  pa_threaded_mainloop* m_mainloop = nullptr;
+  std::unique_ptr<pa_context, ContextDeleter> m_context;
+  std::vector<Client*> m_clients;
+  QString m_error;
+  bool m_insideConnect = false;
+};
+
+}  // namespace mireval

@@ -1,0 +1,192 @@
+#include "AudioFiles.h"
+
+#include "platform/linux/audio/AudioDecoder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include <array>
+#include <chrono>
+#include <cmath>
+
+namespace mireval::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+class AudioDecoderTest : public testing::Test {
+ protected:
+  static Recording decodeAll(AudioDecoder& decoder) {
+    Recording recording;
+    std::array<float, 3000> block{};
+    std::size_t count = 0;
+    while ((count = decoder.read(block)) > 0) {
+      recording.samples.insert(recording.samples.end(), block.begin(),
+                               block.begin() + static_cast<std::ptrdiff_t>(count * 2));
+    }
+    return recording;
+  }
+
+  static QString errorOf(const std::filesystem::path& file) {
+    const auto begin = std::chrono::steady_clock::now();
+    const AudioDecoderResult result = AudioDecoder::open(file);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 2s);
+    EXPECT_EQ(result.decoder, nullptr);
+    return result.error;
+  }
+
+  AudioFiles files;
+};
+
+TEST_F(AudioDecoderTest, DeliversExactlyTheFramesOfTheSource) {
+  const AudioDecoderResult result = AudioDecoder::open(files.tone(440, 10));
+  ASSERT_TRUE(result.decoder) << result.error.toStdString();
+  EXPECT_EQ(result.decoder->sampleRate(), 44100);
+  EXPECT_DOUBLE_EQ(result.decoder->durationSeconds(), 10.0);
+  const Recording sound = decodeAll(*result.decoder);
+  EXPECT_EQ(sound.frames(), 441000U);
+  EXPECT_NEAR(sound.levelDb(0), -15.05, 0.1);
+  EXPECT_NEAR(sound.levelDb(1), -15.05, 0.1);
+  EXPECT_GT(sound.shareOfTone(440), 0.99);
+  EXPECT_FALSE(result.decoder->failed());
+}
+
+TEST_F(AudioDecoderTest, DecodesTheSameSamplesAsTheReferenceProgram) {
+  const auto file = files.noise(3);
+  const AudioDecoderResult result = AudioDecoder::open(file);
+  ASSERT_TRUE(result.decoder);
+  const Recording ours = decodeAll(*result.decoder);
+  const Recording theirs = files.decoded(file);
+  ASSERT_EQ(ours.frames(), 3U * 44100);
+  ASSERT_GE(theirs.frames(), ours.frames());
+  for (std::size_t i = 0; i < ours.samples.size(); ++i) {
+    ASSERT_EQ(ours.samples[i], theirs.samples[i]) << "sample " << i;
+  }
+}
+
+TEST_F(AudioDecoderTest, ReadsInAnyBlockSize) {
+  const auto file = files.noise(1);
+  const Recording expected = decodeAll(*AudioDecoder::open(file).decoder);
+  const auto decoder = AudioDecoder::open(file).decoder;
+  std::vector<float> samples;
+  std::array<float, 20000> block{};
+  for (std::size_t size = 1;; size = size * 7 % 9973 + 1) {
+    const std::size_t count = decoder->read(std::span(block).first(size * 2));
+    samples.insert(samples.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count * 2));
+    if (count < size) {
+      break;
+    }
+  }
+  EXPECT_EQ(samples, expected.samples);
+  EXPECT_EQ(decoder->read(block), 0U);
+}
+
+TEST_F(AudioDecoderTest, PutsMonoOnBothSidesAtFullLevel) {
+  const AudioDecoderResult result =
+      AudioDecoder::open(files.tone(440, 2, {.sampleRate = 44100, .channels = 1}));
+  ASSERT_TRUE(result.decoder);
+  const Recording sound = decodeAll(*result.decoder);
+  EXPECT_EQ(sound.channel(0), sound.channel(1));
+  EXPECT_NEAR(sound.levelDb(), -15.05, 0.1);
+}
+
+TEST_F(AudioDecoderTest, KeepsTheRateOfTheFile) {
+  const AudioDecoderResult result =
+      AudioDecoder::open(files.tone(440, 2, {.sampleRate = 22050, .channels = 2}));
+  ASSERT_TRUE(result.decoder);
+  EXPECT_EQ(result.decoder->sampleRate(), 22050);
+  EXPECT_EQ(decodeAll(*result.decoder).frames(), 44100U);
+}
+
+TEST_F(AudioDecoderTest, DecodesAVeryShortFile) {
+  const AudioDecoderResult result = AudioDecoder::open(files.tone(440, 0.2));
+  ASSERT_TRUE(result.decoder);
+  EXPECT_EQ(decodeAll(*result.decoder).frames(), 8820U);
+}
+
+TEST_F(AudioDecoderTest, IgnoresACoverPicture) {
+  const auto tone = files.tone(440, 1);
+  const auto cover = files.make("cover.png", {"-f", "lavfi", "-i", "color=red:s=64x64", "-frames:v", "1"});
+  const auto file =
+      files.make("with-cover.m4a", {"-i", tone.string(), "-i", cover.string(), "-map", "0", "-map", "1", "-c",
+                                    "copy", "-disposition:v:0", "attached_pic"});
+  const AudioDecoderResult result = AudioDecoder::open(file);
+  ASSERT_TRUE(result.decoder) << result.error.toStdString();
+  EXPECT_EQ(decodeAll(*result.decoder).frames(), 44100U);
+}
+
+TEST_F(AudioDecoderTest, PlaysWhatIsThereOfATruncatedFile) {
+  const AudioDecoderResult result = AudioDecoder::open(files.truncated(0.5, true));
+  ASSERT_TRUE(result.decoder) << result.error.toStdString();
+  EXPECT_DOUBLE_EQ(result.decoder->durationSeconds(), 4.0);
+  const Recording sound = decodeAll(*result.decoder);
+  EXPECT_GT(sound.seconds(), 1.0);
+  EXPECT_LT(sound.seconds(), 3.0);
+}
+
+TEST_F(AudioDecoderTest, SkipsFramesThatAreMissing) {
+  std::string content = AudioFiles::contentOf(files.tone(440, 4));
+  const std::size_t middle = content.find("mdat") + (content.size() - content.find("mdat")) / 2;
+  content.replace(middle, 2000, std::string(2000, '\xff'));
+  const AudioDecoderResult result = AudioDecoder::open(files.bytes("holes.m4a", content));
+  ASSERT_TRUE(result.decoder) << result.error.toStdString();
+  const Recording sound = decodeAll(*result.decoder);
+  EXPECT_GT(sound.seconds(), 3.0);
+  EXPECT_LE(sound.seconds(), 4.0);
+}
+
+TEST_F(AudioDecoderTest, RefusesAMissingFile) {
+  EXPECT_EQ(errorOf(files.folder() / "nothing.m4a"), QStringLiteral("No such file or directory"));
+}
+
+TEST_F(AudioDecoderTest, RefusesAFolder) {
+  std::filesystem::create_directory(files.folder() / "folder.m4a");
+  EXPECT_EQ(errorOf(files.folder() / "folder.m4a"), QStringLiteral("Is a directory"));
+}
+
+TEST_F(AudioDecoderTest, RefusesAPipeWithoutWaitingForIt) {
+  const auto pipe = files.folder() / "pipe.m4a";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(errorOf(pipe), QStringLiteral("Invalid argument"));
+}
+
+TEST_F(AudioDecoderTest, RefusesAnEmptyFile) {
+  EXPECT_FALSE(errorOf(files.bytes("empty.m4a", "")).isEmpty());
+}
+
+TEST_F(AudioDecoderTest, RefusesAFileWhoseIndexIsCutOff) {
+  EXPECT_FALSE(errorOf(files.truncated(0.5, false)).isEmpty());
+}
+
+TEST_F(AudioDecoderTest, RefusesTextWithTheWrongName) {
+  EXPECT_FALSE(errorOf(files.bytes("text.m4a", "This is not music.\n")).isEmpty());
+}
+
+TEST_F(AudioDecoderTest, RefusesAListThatNamesOtherFiles) {
+  const auto tone = files.tone(440, 1);
+  EXPECT_FALSE(
+      errorOf(files.bytes("list.m4a", "ffconcat version 1.0\nfile " + tone.filename().string() + "\n"))
+          .isEmpty());
+}
+
+TEST_F(AudioDecoderTest, RefusesOtherContainers) {
+  const auto wave = files.make("tone.wav", {"-f", "lavfi", "-i", "sine=duration=1"});
+  EXPECT_FALSE(errorOf(files.bytes("wave.m4a", AudioFiles::contentOf(wave))).isEmpty());
+}
+
+TEST_F(AudioDecoderTest, RefusesAFileWithoutAudio) {
+  const auto video = files.make("video.mp4", {"-f", "lavfi", "-i", "color=red:s=64x64:d=1", "-c:v", "mpeg4"});
+  EXPECT_EQ(errorOf(video), QStringLiteral("Stream not found"));
+}
+
+TEST_F(AudioDecoderTest, RefusesAFileWithoutOneWholeFrame) {
+  std::string content = AudioFiles::contentOf(files.tone(440, 1));
+  const std::size_t begin = content.find("mdat") + 4;
+  const std::size_t end = content.find("moov") - 4;
+  content.replace(begin, end - begin, std::string(end - begin, '\xff'));
+  EXPECT_FALSE(errorOf(files.bytes("garbage.m4a", content)).isEmpty());
+}
+
+}  // namespace
+}  // namespace mireval::test

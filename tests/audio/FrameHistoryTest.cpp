@@ -1,0 +1,62 @@
+#include "AudioFiles.h"
+
+#include "platform/linux/audio/FrameHistory.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace mireval::test {
+namespace {
+
+class FrameHistoryTest : public testing::Test {
+ protected:
+  static std::vector<float> read(FrameHistory& history, std::uint64_t position, std::size_t frames) {
+    std::vector<float> samples(frames * 2);
+    std::size_t done = 0;
+    while (done < frames) {
+      const std::size_t count = history.read(position + done, std::span(samples).subspan(done * 2));
+      if (count == 0) {
+        break;
+      }
+      done += count;
+    }
+    samples.resize(done * 2);
+    return samples;
+  }
+
+  std::vector<float> expected(std::size_t position, std::size_t frames) const {
+    const auto from = m_reference.samples.begin() + static_cast<std::ptrdiff_t>(position * 2);
+    return {from, from + static_cast<std::ptrdiff_t>(frames * 2)};
+  }
+
+  AudioFiles m_files;
+  std::filesystem::path m_file = m_files.noise(2);
+  Recording m_reference = m_files.decoded(m_file);
+};
+
+TEST_F(FrameHistoryTest, DecodesForwardAndRepeatsWhatItRemembers) {
+  FrameHistory history(AudioDecoder::open(m_file).decoder, 0.5);
+  EXPECT_EQ(read(history, 0, 10000), expected(0, 10000));
+  EXPECT_EQ(read(history, 2000, 5000), expected(2000, 5000));
+  EXPECT_EQ(read(history, 8000, 10000), expected(8000, 10000));
+  EXPECT_EQ(history.decodedFrames(), 18000U);
+  EXPECT_EQ(history.oldestFrame(), 0U);
+}
+
+TEST_F(FrameHistoryTest, ForgetsWhatIsOlderThanItsRoom) {
+  FrameHistory history(AudioDecoder::open(m_file).decoder, 0.5);
+  EXPECT_EQ(read(history, 0, 50000), expected(0, 50000));
+  EXPECT_EQ(history.oldestFrame(), 50000U - 22050);
+  EXPECT_EQ(read(history, history.oldestFrame(), 22050), expected(50000 - 22050, 22050));
+}
+
+TEST_F(FrameHistoryTest, EndsWithTheFile) {
+  FrameHistory history(AudioDecoder::open(m_file).decoder, 0.5);
+  EXPECT_EQ(read(history, 0, 100000).size() / 2, 88200U);
+  EXPECT_EQ(history.decodedFrames(), 88200U);
+  EXPECT_EQ(read(history, 88000, 1000), expected(88000, 200));
+}
+
+}  // namespace
+}  // namespace mireval::test

@@ -1,0 +1,110 @@
+#include "SoundServer.h"
+
+#include <signal.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <stdexcept>
+#include <thread>
+
+namespace mireval::test {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+constexpr const char* nullSink = "module-null-sink sink_name=null format=float32le rate=44100";
+
+fs::path makeFolder() {
+  std::string pattern = (fs::temp_directory_path() / "mireval-sound-XXXXXX").string();
+  if (mkdtemp(pattern.data()) == nullptr) {
+    throw std::runtime_error("no temporary folder");
+  }
+  return pattern;
+}
+
+}  // namespace
+
+SoundServer::SoundServer(Kind kind) : m_kind(kind), m_folder(makeFolder()) {
+  fs::create_directories(m_folder / "pulse");
+}
+
+SoundServer::~SoundServer() {
+  m_processes.clear();
+  std::error_code error;
+  fs::remove_all(m_folder, error);
+}
+
+std::map<std::string, std::string> SoundServer::environment() const {
+  const std::string folder = m_folder.string();
+  return {{"HOME", folder},
+          {"XDG_RUNTIME_DIR", folder},
+          {"XDG_CONFIG_HOME", folder + "/config"},
+          {"XDG_STATE_HOME", folder + "/state"},
+          {"PULSE_SERVER", "unix:" + folder + "/pulse/native"},
+          {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + folder + "/bus"},
+          {"DISPLAY", ""}};
+}
+
+void SoundServer::launch(const std::vector<std::string>& command) {
+  m_processes.push_back(
+      std::make_unique<ChildProcess>(command, environment(), (m_folder / "errors.log").string()));
+}
+
+void SoundServer::start() {
+  if (m_kind == Kind::pulseAudio) {
+    // Without rewinding, as the null sink would otherwise render seconds ahead while it is idle.
+    launch({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+            "--disallow-exit=no", "-L", std::string(nullSink) + " norewinds=1", "-L",
+            "module-native-protocol-unix auth-anonymous=1 socket=" + (m_folder / "pulse/native").string()});
+    waitForAnswer();
+    return;
+  }
+  // WirePlumber does not run without a bus.
+  launch({"dbus-daemon", "--session", "--nofork", "--address=unix:path=" + (m_folder / "bus").string()});
+  launch({"pipewire"});
+  launch({"wireplumber"});
+  launch({"pipewire-pulse"});
+  waitForAnswer();
+  control({"load-module", "module-null-sink", "sink_name=null", "format=float32le", "rate=44100"});
+  control({"set-default-sink", "null"});
+  waitFor([this] { return control({"list", "short", "sources"}).find("null.monitor") != std::string::npos; });
+}
+
+void SoundServer::waitForAnswer() const {
+  waitFor([this] { return runCommand({"timeout", "2", "pactl", "info"}, environment()).status == 0; });
+}
+
+void SoundServer::waitFor(const std::function<bool()>& condition) {
+  const auto giveUp = std::chrono::steady_clock::now() + 10s;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > giveUp) {
+      throw std::runtime_error("the sound server does not answer");
+    }
+    std::this_thread::sleep_for(20ms);
+  }
+}
+
+void SoundServer::kill() {
+  m_processes.clear();
+}
+
+void SoundServer::freeze() {
+  for (const auto& process : m_processes) {
+    process->signal(SIGSTOP);
+  }
+}
+
+void SoundServer::thaw() {
+  for (const auto& process : m_processes) {
+    process->signal(SIGCONT);
+  }
+}
+
+std::string SoundServer::control(const std::vector<std::string>& arguments) const {
+  std::vector<std::string> command{"timeout", "10", "pactl"};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  return runCommand(command, environment()).output;
+}
+
+}  // namespace mireval::test

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ChildProcess.h"
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mireval::test {
+
+/// A real sound server of the test's own, with one null sink called "null", in a private runtime folder.
+class SoundServer {
+ public:
+  enum class Kind { pulseAudio, pipeWire };
+
+  explicit SoundServer(Kind kind);
+  SoundServer(const SoundServer&) = delete;
+  SoundServer& operator=(const SoundServer&) = delete;
+  ~SoundServer();
+
+  /// Starts the server and waits until it answers. Throws when it does not within ten seconds.
+  void start();
+  /// Ends the server without a chance to say goodbye.
+  void kill();
+  /// Stops and continues every process of the server.
+  void freeze();
+  void thaw();
+
+  /// Runs pactl and returns what it prints.
+  std::string control(const std::vector<std::string>& arguments) const;
+
+  /// What a client needs to find this server.
+  std::map<std::string, std::string> environment() const;
+
+  Kind kind() const { return m_kind; }
+
+ private:
+  void launch(const std::vector<std::string>& command);
+  void waitForAnswer() const;
+  static void waitFor(const std::function<bool()>& condition);
+
+  Kind m_kind;
+  std::filesystem::path m_folder;
+  std::vector<std::unique_ptr<ChildProcess>> m_processes;
+};
+
+}  // namespace mireval::test
