@@ -1,0 +1,100 @@
+#!/usr/bin/env python3
+"""Feeds check_includes.py small trees, good and bad ones."""
+
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+CHECK = Path(__file__).with_name("check_includes.py")
+
+GOOD = {
+    "main.cpp": '#include "ui/MirevalMacApp.h"\n',
+    "library/Mood.h": "#pragma once\n#include <QString>\n#include <array>\n",
+    "library/Track.h": '#include "library/Mood.h"\n#include <QUuid>\n',
+    "platform/AudioPlayer.h": "#include <memory>\n#include <QString>\n",
+    "platform/Factory.h": '#include "platform/AudioPlayer.h"\n',
+    "platform/linux/Audio.h": '#include "platform/AudioPlayer.h"\n#include <pulse/pulseaudio.h>\n',
+    "platform/linux/audio/Decoder.cpp": '#include "platform/linux/Audio.h"\n#include <unistd.h>\n',
+    "playback/Controller.h": '#include "library/Track.h"\n#include "platform/AudioPlayer.h"\n',
+    "localization/Localization.h": '#include "library/Mood.h"\n#include "platform/AudioPlayer.h"\n',
+    "ui/Panel.h": '#include "playback/Controller.h"\n#include "localization/Localization.h"\n',
+    "ui/MirevalMacApp.h": '#include "ui/Panel.h"\n',
+    "ui/MirevalMacApp.cpp": '#include "ui/MirevalMacApp.h"\n#include "platform/linux/Audio.h"\n',
+}
+
+# One file each that spoils the good tree, and what the check must say of it.
+BAD = [
+    ("library/Up.h", '#include "playback/Controller.h"', "library up to playback"),
+    ("library/Up.h", '#include "platform/AudioPlayer.h"', "library up to platform"),
+    ("library/Up.h", "#include <ui/Panel.h>", "library up to ui"),
+    ("library/Up.h", '#include "../ui/Panel.h"', "library up to ui"),
+    ("library/Up.h", '  #  include "ui/Panel.h"  // why not', "library up to ui"),
+    ("library/Up.h", "#include <QTimer>", "value types"),
+    ("library/Up.h", "#include <QtDBus/QDBusConnection>", "value types"),
+    ("library/Up.h", "#include <unistd.h>", "value types"),
+    ("library/Up.h", '#include "ui/generated.h"', "library up to ui"),
+    ("platform/Up.h", '#include "library/Mood.h"', "platform up to library"),
+    ("platform/Up.h", '#include "platform/linux/Audio.h"', "platform up to platform/linux"),
+    ("platform/Up.h", "#include <unistd.h>", "must not know a system"),
+    ("platform/Up.h", "#include <sys/types.h>", "must not know a system"),
+    ("platform/Up.h", "#include <pulse/pulseaudio.h>", "must not know a system"),
+    ("platform/Up.h", "#include <libavformat/avformat.h>", "must not know a system"),
+    ("platform/Up.h", "#include <QDBusConnection>", "must not know a system"),
+    ("platform/Up.h", "#include <QtDBus>", "must not know a system"),
+    ("platform/linux/Up.cpp", '#include "library/Mood.h"', "platform/linux up to library"),
+    ("platform/linux/audio/Up.cpp", '#include "playback/Controller.h"', "platform/linux up to playback"),
+    ("playback/Up.h", '#include "platform/linux/Audio.h"', "playback up to platform/linux"),
+    ("playback/Up.cpp", '#include "../platform/linux/Audio.h"', "playback up to platform/linux"),
+    ("playback/Up.h", '#include "localization/Localization.h"', "playback up to localization"),
+    ("playback/Up.h", '#include "ui/Panel.h"', "playback up to ui"),
+    ("localization/Up.h", '#include "playback/Controller.h"', "localization up to playback"),
+    ("localization/Up.h", '#include "platform/linux/Audio.h"', "localization up to platform/linux"),
+    ("ui/Up.cpp", '#include "platform/linux/Audio.h"', "only the wiring"),
+    ("ui/Up.cpp", '#include "nowhere.h"', "not found"),
+    ("main.cpp", '#include "playback/Controller.h"', "main.cpp up to playback"),
+    ("stray/Up.h", "#include <vector>", "no floor"),
+]
+
+
+class CheckIncludesTest(unittest.TestCase):
+    def run_on(self, tree):
+        with tempfile.TemporaryDirectory() as folder:
+            for name, text in tree.items():
+                file = Path(folder, name)
+                file.parent.mkdir(parents=True, exist_ok=True)
+                file.write_text(text, encoding="utf-8")
+            return subprocess.run([sys.executable, "-B", CHECK, folder], capture_output=True, text=True)
+
+    def test_good_tree_passes(self):
+        result = self.run_on(GOOD)
+        self.assertEqual(result.returncode, 0, result.stderr)
+
+    def test_each_bad_arrow_fails(self):
+        for name, line, reason in BAD:
+            with self.subTest(name=name, line=line):
+                result = self.run_on(GOOD | {name: line + "\n"})
+                self.assertEqual(result.returncode, 1)
+                self.assertIn(reason, result.stderr)
+                self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
+
+    def test_includes_in_comments_do_not_count(self):
+        comments = '// #include "ui/Panel.h"\n/*\n#include "ui/Panel.h"\n*/\n'
+        result = self.run_on(GOOD | {"library/Fine.h": comments})
+        self.assertEqual(result.returncode, 0, result.stderr)
+
+    def test_line_numbers_are_right(self):
+        result = self.run_on(GOOD | {"library/Up.h": '/* a\nb */\n\n#include "ui/Panel.h"\n'})
+        self.assertIn("library/Up.h:4:", result.stderr)
+
+    def test_empty_tree_fails(self):
+        self.assertEqual(self.run_on({}).returncode, 1)
+
+    def test_missing_folder_is_an_error(self):
+        result = subprocess.run([sys.executable, "-B", CHECK, "/nonexistent"], capture_output=True, text=True)
+        self.assertEqual(result.returncode, 2)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,12 @@
+#include "fakes/FakeColorScheme.h"
+
+namespace mireval {
+
+void FakeColorScheme::setDark(bool dark) {
+  if (m_dark != dark) {
+    m_dark = dark;
+    Q_EMIT darkChanged();
+  }
+}
+
+}  // namespace mireval

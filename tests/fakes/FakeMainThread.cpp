@@ -1,0 +1,44 @@
+#include "fakes/FakeMainThread.h"
+
+#include <utility>
+
+namespace mireval {
+
+FakeMainThread::FakeMainThread(std::shared_ptr<EventLog> log) : m_log(std::move(log)) {}
+
+void FakeMainThread::async(std::function<void()> task) {
+  m_log->add(QStringLiteral("mainThread: async"));
+  const std::lock_guard lock(m_mutex);
+  m_tasks.push_back(std::move(task));
+}
+
+std::size_t FakeMainThread::pending() const {
+  const std::lock_guard lock(m_mutex);
+  return m_tasks.size();
+}
+
+void FakeMainThread::runAll() {
+  while (true) {
+    std::function<void()> task;
+    {
+      const std::lock_guard lock(m_mutex);
+      if (m_tasks.empty()) {
+        return;
+      }
+      task = std::move(m_tasks.front());
+      m_tasks.pop_front();
+    }
+    task();
+  }
+}
+
+void FakeMainThread::dropAll() {
+  // Released without the lock: what a task holds may call back when it goes.
+  std::deque<std::function<void()>> dropped;
+  {
+    const std::lock_guard lock(m_mutex);
+    dropped.swap(m_tasks);
+  }
+}
+
+}  // namespace mireval

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "fakes/EventLog.h"
+#include "platform/MainThread.h"
+
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+
+namespace mireval {
+
+/// Keeps the tasks until the test, which plays the UI thread, runs them.
+class FakeMainThread final : public MainThread {
+ public:
+  explicit FakeMainThread(std::shared_ptr<EventLog> log = makeEventLog());
+
+  void async(std::function<void()> task) override;
+
+  std::size_t pending() const;
+
+  /// Runs and releases the tasks in order, also those that they add, until none is left.
+  void runAll();
+
+  /// Releases the tasks without running them, as at the end of the application.
+  void dropAll();
+
+ private:
+  const std::shared_ptr<EventLog> m_log;
+  mutable std::mutex m_mutex;
+  std::deque<std::function<void()>> m_tasks;
+};
+
+}  // namespace mireval

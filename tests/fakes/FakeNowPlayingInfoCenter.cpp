@@ -1,0 +1,27 @@
+#include "fakes/FakeNowPlayingInfoCenter.h"
+
+#include <QStringList>
+
+#include <utility>
+
+namespace mireval {
+
+FakeNowPlayingInfoCenter::FakeNowPlayingInfoCenter(std::shared_ptr<EventLog> log) : m_log(std::move(log)) {}
+
+void FakeNowPlayingInfoCenter::setNowPlayingInfo(const std::optional<NowPlayingInfo>& info) {
+  m_info = info;
+  ++m_publications;
+  if (!info) {
+    m_log->add(QStringLiteral("nowPlaying: cleared"));
+    return;
+  }
+  const QStringList entries{info->title,
+                            info->albumTitle,
+                            info->artist,
+                            eventNumber(info->playbackDurationSeconds),
+                            eventNumber(info->elapsedPlaybackSeconds),
+                            eventNumber(info->playbackRate)};
+  m_log->add(QLatin1String("nowPlaying: ") + entries.join(QLatin1String(" | ")));
+}
+
+}  // namespace mireval

@@ -1,0 +1,20 @@
+#include "fakes/FakeResourceBundle.h"
+
+#include <utility>
+
+namespace mireval {
+
+FakeResourceBundle::FakeResourceBundle(std::shared_ptr<EventLog> log) : m_log(std::move(log)) {}
+
+std::optional<std::filesystem::path> FakeResourceBundle::urlForResource(const QString& name,
+                                                                        const QString& extension,
+                                                                        const QString& subdirectory) const {
+  const QString resource = subdirectory + QLatin1Char('/') + name + QLatin1Char('.') + extension;
+  m_log->add(QLatin1String("bundle: ") + resource);
+  if (!m_resources.contains(resource)) {
+    return std::nullopt;
+  }
+  return std::filesystem::path("/bundle") / resource.toStdString();
+}
+
+}  // namespace mireval
