@@ -45,7 +45,7 @@ double milliseconds(Clock::duration time) {
 }
 
 void measure(Player& player, const test::SoundServer& server, const char* serverName) {
-  const test::MonitorRecorder recorder(server);
+  const test::MonitorRecorder recorder(server, 5ms);
   std::vector<double> firstSample;
   std::vector<double> gap;
   for (int round = 0; round < rounds; ++round) {

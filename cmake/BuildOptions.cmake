@@ -15,7 +15,7 @@ add_compile_options(-Wall -Wextra -Wpedantic -Werror)
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 
 if(MIREVAL_SANITIZERS)
-  add_compile_options(-fsanitize=${MIREVAL_SANITIZERS} -fno-omit-frame-pointer)
+  add_compile_options(-fsanitize=${MIREVAL_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${MIREVAL_SANITIZERS})
 else()
   add_compile_options(-fstack-protector-strong -fcf-protection)
@@ -32,4 +32,14 @@ if(MIREVAL_LINK_TIME_OPTIMISATION)
   include(CheckIPOSupported)
   check_ipo_supported()
   set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
+  # Optimising a position-independent executable as a whole, the compiler would copy Qt's variables into it,
+  # and Qt's libraries, which go on using their own, would crash.
+  include(CheckCXXCompilerFlag)
+  check_cxx_compiler_flag(-mno-direct-extern-access MIREVAL_HAS_NO_DIRECT_EXTERN_ACCESS)
+  if(MIREVAL_HAS_NO_DIRECT_EXTERN_ACCESS)
+    add_compile_options(-mno-direct-extern-access)
+    add_link_options(-mno-direct-extern-access)
+  endif()
+  # The whole-program pass warns about sizes inside Qt's headers that cannot occur.
+  add_link_options(-Wno-alloc-size-larger-than)
 endif()

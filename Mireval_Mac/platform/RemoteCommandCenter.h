@@ -12,13 +12,12 @@ class RemoteCommand {
  public:
   using Handler = std::function<RemoteCommandHandlerStatus()>;
 
+  virtual ~RemoteCommand() = default;
+
   virtual void setEnabled(bool enabled) = 0;
 
   /// Adds a handler that is called, on any thread, for each command; it cannot be removed.
   virtual void addHandler(Handler handler) = 0;
-
- protected:
-  ~RemoteCommand() = default;
 };
 
 /// The commands that media keys and the desktop's media controls send. Used on the UI thread.

@@ -14,33 +14,25 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// PipeWire's whole graph runs at the pace of its most demanding client, and drops blocks when a busy machine
-/// cannot keep it: a test must not ask for more than it needs.
-std::string blockMilliseconds(SoundServer::Kind kind) {
-  return kind == SoundServer::Kind::pulseAudio ? "5" : "40";
-}
-
 }  // namespace
 
-MonitorRecorder::MonitorRecorder(const SoundServer& server) {
-  // A source that has just been made is sometimes not yet linked, and then stays without samples.
-  constexpr int attempts = 3;
-  for (int i = 0; i < attempts; ++i) {
-    m_process = std::make_unique<ChildProcess>(
-        std::vector<std::string>{"parec", "--raw", "--format=float32le", "--rate=44100", "--channels=2",
-                                 "--latency-msec=" + blockMilliseconds(server.kind()), "-d", "null.monitor"},
-        server.environment());
-    m_thread = std::thread([this] { receive(); });
-    const auto giveUp = Clock::now() + 3s;
-    while (Clock::now() < giveUp) {
-      if (frames() > 0) {
-        return;
-      }
-      std::this_thread::sleep_for(2ms);
+std::chrono::milliseconds MonitorRecorder::usualBlock(SoundServer::Kind kind) {
+  return kind == SoundServer::Kind::pulseAudio ? 5ms : 40ms;
+}
+
+MonitorRecorder::MonitorRecorder(const SoundServer& server, std::chrono::milliseconds block)
+    : m_process({"parec", "--raw", "--format=float32le", "--rate=44100", "--channels=2",
+                 "--latency-msec=" + std::to_string(block.count()), "-d", "null.monitor"},
+                server.environment()),
+      m_thread([this] { receive(); }) {
+  const auto giveUp = Clock::now() + 10s;
+  while (frames() == 0) {
+    if (Clock::now() > giveUp) {
+      stop();
+      throw std::runtime_error("nothing to record");
     }
-    stop();
+    std::this_thread::sleep_for(2ms);
   }
-  throw std::runtime_error("nothing to record");
 }
 
 MonitorRecorder::~MonitorRecorder() {
@@ -48,7 +40,7 @@ MonitorRecorder::~MonitorRecorder() {
 }
 
 void MonitorRecorder::stop() {
-  m_process->signal(SIGKILL);
+  m_process.signal(SIGKILL);
   m_thread.join();
 }
 
@@ -56,7 +48,7 @@ void MonitorRecorder::receive() {
   std::array<char, 65536> buffer{};
   std::size_t held = 0;
   ssize_t count = 0;
-  while ((count = read(m_process->outputDescriptor(), buffer.data() + held, buffer.size() - held)) > 0) {
+  while ((count = read(m_process.outputDescriptor(), buffer.data() + held, buffer.size() - held)) > 0) {
     held += static_cast<std::size_t>(count);
     const std::size_t whole = held / sizeof(float);
     const std::lock_guard guard(m_mutex);

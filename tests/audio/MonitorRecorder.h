@@ -5,7 +5,6 @@
 #include "SoundServer.h"
 
 #include <chrono>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -18,8 +17,11 @@ class MonitorRecorder {
  public:
   using Clock = std::chrono::steady_clock;
 
-  /// Returns once the first samples have arrived. Throws when none do within nine seconds.
-  explicit MonitorRecorder(const SoundServer& server);
+  /// Returns once the first samples have arrived. Throws when none do within ten seconds.
+  explicit MonitorRecorder(const SoundServer& server) : MonitorRecorder(server, usualBlock(server.kind())) {}
+  /// Asks the server for blocks of this length. PipeWire's whole graph runs at the pace of its most demanding
+  /// client, and drops blocks when a busy machine cannot keep it.
+  MonitorRecorder(const SoundServer& server, std::chrono::milliseconds block);
   MonitorRecorder(const MonitorRecorder&) = delete;
   MonitorRecorder& operator=(const MonitorRecorder&) = delete;
   ~MonitorRecorder();
@@ -39,10 +41,11 @@ class MonitorRecorder {
     std::size_t firstSample;
   };
 
+  static std::chrono::milliseconds usualBlock(SoundServer::Kind kind);
   void receive();
   void stop();
 
-  std::unique_ptr<ChildProcess> m_process;
+  ChildProcess m_process;
   mutable std::mutex m_mutex;
   std::vector<float> m_samples;
   std::vector<Block> m_blocks;

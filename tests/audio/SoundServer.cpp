@@ -60,6 +60,19 @@ void SoundServer::start() {
     waitForAnswer();
     return;
   }
+  // WirePlumber 0.4.13 now and then comes up without linking anything; then all is started anew.
+  constexpr int attempts = 5;
+  for (int i = 0; i < attempts; ++i) {
+    startPipeWire();
+    if (isLinked()) {
+      return;
+    }
+    kill();
+  }
+  throw std::runtime_error("PipeWire does not play");
+}
+
+void SoundServer::startPipeWire() {
   // WirePlumber does not run without a bus.
   launch({"dbus-daemon", "--session", "--nofork", "--address=unix:path=" + (m_folder / "bus").string()});
   launch({"pipewire"});
@@ -69,6 +82,12 @@ void SoundServer::start() {
   control({"load-module", "module-null-sink", "sink_name=null", "format=float32le", "rate=44100"});
   control({"set-default-sink", "null"});
   waitFor([this] { return control({"list", "short", "sources"}).find("null.monitor") != std::string::npos; });
+}
+
+bool SoundServer::isLinked() const {
+  return !runCommand({"sh", "-c", "timeout 2 parec --raw --latency-msec=40 -d null.monitor | head -c 64"},
+                     environment())
+              .output.empty();
 }
 
 void SoundServer::waitForAnswer() const {

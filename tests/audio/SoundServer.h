@@ -21,7 +21,7 @@ class SoundServer {
   SoundServer& operator=(const SoundServer&) = delete;
   ~SoundServer();
 
-  /// Starts the server and waits until it answers. Throws when it does not within ten seconds.
+  /// Starts the server and waits until it answers. Throws when it does not.
   void start();
   /// Ends the server without a chance to say goodbye.
   void kill();
@@ -39,6 +39,8 @@ class SoundServer {
 
  private:
   void launch(const std::vector<std::string>& command);
+  void startPipeWire();
+  bool isLinked() const;
   void waitForAnswer() const;
   static void waitFor(const std::function<bool()>& condition);
 

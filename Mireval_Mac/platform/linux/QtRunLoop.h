@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/RunLoop.h"
+
+#include <vector>
+
+namespace mireval {
+
+/// Timers on Qt's event loop. They are coarse (within 5 % of the interval), so that the system can serve
+/// several wake-ups at once.
+class QtRunLoop final : public RunLoop {
+ public:
+  ~QtRunLoop() override;
+
+  std::shared_ptr<RepeatingTimer> scheduleRepeatingTimer(std::chrono::milliseconds interval,
+                                                         std::function<void()> block) override;
+
+ private:
+  class Timer;
+
+  std::vector<std::shared_ptr<Timer>> m_timers;
+};
+
+}  // namespace mireval
