@@ -20,6 +20,9 @@ class AudioPlayerFactory {
  public:
   virtual ~AudioPlayerFactory() = default;
 
+  /// Says that sound will be wanted soon: what takes long may be begun now, without waiting for it. Optional.
+  virtual void warmUp() {}
+
   /// Opens the file and decodes its beginning; takes a few milliseconds and never waits for the sound
   /// system. Fails with a description when the file is no readable audio file or when there is no sound
   /// system.

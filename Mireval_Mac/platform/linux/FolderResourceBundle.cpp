@@ -10,7 +10,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path pathOf(const QString& text) { return {QFile::encodeName(text).toStdString()}; }
+fs::path pathOf(const QString& text) {
+  return {QFile::encodeName(text).toStdString()};
+}
 
 bool isFileName(const QString& name) {
   return !name.contains(QLatin1Char('/')) && !name.contains(QChar(u'\0'));

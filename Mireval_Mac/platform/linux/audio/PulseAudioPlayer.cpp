@@ -402,8 +402,13 @@ void PulseAudioPlayer::timingArrived() {
 }
 
 void PulseAudioPlayer::updateHeard() const {
+  if (m_state != State::playing || !streamIsReady()) {
+    return;
+  }
+  // Between two answers of the server libpulse lets its clock run on, also where nothing plays.
+  const pa_timing_info* const timing = pa_stream_get_timing_info(m_stream.get());
   pa_usec_t streamTime = 0;
-  if (m_state != State::playing || !streamIsReady() || pa_stream_get_time(m_stream.get(), &streamTime) < 0) {
+  if (timing == nullptr || timing->playing == 0 || pa_stream_get_time(m_stream.get(), &streamTime) < 0) {
     return;
   }
   const std::uint64_t position = std::min(m_streamStart + framesIn(microseconds(streamTime)), m_nextFrame);

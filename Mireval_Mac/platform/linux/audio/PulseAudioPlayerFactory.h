@@ -15,8 +15,8 @@ class PulseAudioPlayerFactory final : public AudioPlayerFactory {
   PulseAudioPlayerFactory();
   ~PulseAudioPlayerFactory() override;
 
-  /// Begins to connect, so that the first sound comes sooner. Returns at once; failing does not matter.
-  void warmUp();
+  /// Begins to connect.
+  void warmUp() override;
 
   AudioPlayerResult create(const std::filesystem::path& file) override;
 

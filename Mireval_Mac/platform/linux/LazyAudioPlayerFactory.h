@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/AudioPlayerFactory.h"
+
+#include <QString>
+
+#include <filesystem>
+#include <memory>
+#include <thread>
+
+namespace mireval {
+
+/// Loads the audio module when sound is wanted for the first time. The decoder's and the sound server's
+/// libraries take tens of milliseconds and megabytes, which a program that only shows its icon does without.
+class LazyAudioPlayerFactory final : public AudioPlayerFactory {
+ public:
+  /// `module` is the shared object that makes the real factory. It is never unloaded.
+  explicit LazyAudioPlayerFactory(std::filesystem::path module);
+  LazyAudioPlayerFactory(const LazyAudioPlayerFactory&) = delete;
+  LazyAudioPlayerFactory& operator=(const LazyAudioPlayerFactory&) = delete;
+  ~LazyAudioPlayerFactory() override;
+
+  /// The module of the running program: beside the executable (a build tree), else in `../lib/mireval` (an
+  /// installed tree).
+  static std::filesystem::path moduleOfApplication();
+
+  /// Loads the module on a thread of its own.
+  void warmUp() override;
+
+  /// Waits for the module if it is still being loaded. A module that cannot be loaded is an ordinary error.
+  AudioPlayerResult create(const std::filesystem::path& file) override;
+
+ private:
+  void load();
+
+  const std::filesystem::path m_module;
+  std::thread m_loader;
+  // Written by the loading thread, read once that has been joined.
+  std::unique_ptr<AudioPlayerFactory> m_factory;
+  QString m_error;
+};
+
+}  // namespace mireval

@@ -1,0 +1,64 @@
+#include "platform/linux/SystemTrayMenuBarExtra.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QFile>
+#include <QIcon>
+#include <QPixmap>
+#include <QTimer>
+
+#include <chrono>
+#include <utility>
+
+namespace mireval {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Session start: panels come up after the applications that they show.
+constexpr auto timeForBarToStart = 2s;
+
+QIcon iconFrom(const std::filesystem::path& image) {
+  const QPixmap drawing(QFile::decodeName(image.c_str()));
+  QIcon icon;
+  // Scaled here because trays scale a single size without smoothing.
+  for (const int size : {16, 22, 24, 32, 48}) {
+    icon.addPixmap(drawing.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+  }
+  return icon;
+}
+
+}  // namespace
+
+SystemTrayMenuBarExtra::SystemTrayMenuBarExtra() = default;
+
+void SystemTrayMenuBarExtra::show(const std::filesystem::path& image, ActivationHandler activated,
+                                  MissingHandler missing) {
+  QObject::connect(&m_icon, &QSystemTrayIcon::activated, &m_icon,
+                   [this, activated = std::move(activated)](QSystemTrayIcon::ActivationReason reason) {
+                     // The second click of a double click counts like the first: it closes again.
+                     if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
+                       const QRect place = m_icon.geometry();
+                       activated(place.isValid() ? place.center() : QCursor::pos());
+                     }
+                   });
+  m_icon.setIcon(iconFrom(image));
+  m_icon.setToolTip(QCoreApplication::applicationName());
+  m_icon.show();
+  if (!isPlaced()) {
+    QTimer::singleShot(timeForBarToStart, &m_icon,
+                       [this, missing = std::move(missing)] { reportIfMissing(missing); });
+  }
+}
+
+bool SystemTrayMenuBarExtra::isPlaced() const {
+  return QSystemTrayIcon::isSystemTrayAvailable();
+}
+
+void SystemTrayMenuBarExtra::reportIfMissing(const MissingHandler& missing) const {
+  if (!isPlaced()) {
+    missing();
+  }
+}
+
+}  // namespace mireval
