@@ -124,7 +124,8 @@ void AudioPlayerController::loadCurrentTrack() {
 
   AudioPlayerResult opened = m_services.audioPlayerFactory.create(*file);
   if (!opened.player) {
-    failLoad(QStringLiteral("Playback unavailable"), QStringLiteral("Audio playback failed: ") + opened.error);
+    failLoad(QStringLiteral("Playback unavailable"),
+             QStringLiteral("Audio playback failed: ") + opened.error);
     return;
   }
   opened.player->setDelegate(this);
@@ -222,7 +223,9 @@ void AudioPlayerController::audioPlayerDidFinishPlaying(AudioPlayer&, bool) {
   }
 }
 
-void AudioPlayerController::advanceAfterFinish() { playNextTrack(); }
+void AudioPlayerController::advanceAfterFinish() {
+  playNextTrack();
+}
 
 void AudioPlayerController::configureRemoteCommands() {
   RemoteCommandCenter& center = m_services.remoteCommandCenter;

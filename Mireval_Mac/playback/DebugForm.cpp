@@ -10,12 +10,24 @@ QString debugForm(QStringView text) {
   for (const QChar character : text) {
     const char16_t code = character.unicode();
     switch (code) {
-      case u'\0': quoted += QLatin1String("\\0"); break;
-      case u'\t': quoted += QLatin1String("\\t"); break;
-      case u'\n': quoted += QLatin1String("\\n"); break;
-      case u'\r': quoted += QLatin1String("\\r"); break;
-      case u'"': quoted += QLatin1String("\\\""); break;
-      case u'\\': quoted += QLatin1String("\\\\"); break;
+      case u'\0':
+        quoted += QLatin1String("\\0");
+        break;
+      case u'\t':
+        quoted += QLatin1String("\\t");
+        break;
+      case u'\n':
+        quoted += QLatin1String("\\n");
+        break;
+      case u'\r':
+        quoted += QLatin1String("\\r");
+        break;
+      case u'"':
+        quoted += QLatin1String("\\\"");
+        break;
+      case u'\\':
+        quoted += QLatin1String("\\\\");
+        break;
       default:
         if (code < firstPrintable || (code >= deleteCharacter && code <= lastControl)) {
           quoted += QStringLiteral("\\u{%1}").arg(QString::number(code, 16).toUpper());

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "ui/PanelWindow.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPoint>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace mireval {
+
+class AppLocalization;
+class AudioPlayerController;
+class ColorScheme;
+class Compositor;
+class MenuBarExtra;
+
+/// The icon and the panel that it opens. The panel exists only while it is open. Where the desktop has no
+/// place for the icon, the panel is shown as a framed window instead, and closing that ends the application.
+class MenuBarScene final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// What the scene shows and stands on. Not owned; must outlive the scene.
+  struct Surroundings {
+    MenuBarExtra& menuBarExtra;
+    ColorScheme& colorScheme;
+    Compositor& compositor;
+    AudioPlayerController& audioPlayer;
+    AppLocalization& localization;
+  };
+
+  explicit MenuBarScene(Surroundings surroundings);
+  ~MenuBarScene() override;
+
+  /// Shows the image file as the icon.
+  void show(const std::filesystem::path& icon);
+
+  /// The open panel, or nullptr.
+  PanelWindow* panel() const { return m_panel.get(); }
+
+ Q_SIGNALS:
+  void panelWillOpen();
+
+  /// The user wants the application to end.
+  void quitRequested();
+
+ private:
+  void toggle(QPoint where);
+  void open(PanelWindow::Style style, QPoint where);
+  void close();
+  void handleDismissal(PanelWindow::Dismissal how);
+  void handleMissingMenuBar();
+
+  const Surroundings m_surroundings;
+  std::unique_ptr<PanelWindow> m_panel;
+  // Closed from inside its own event handlers, a panel is deleted by the event loop, at the latest with us.
+  std::vector<std::unique_ptr<PanelWindow>> m_closedPanels;
+  QElapsedTimer m_sinceTurningAway;
+};
+
+}  // namespace mireval

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "localization/AppLocalization.h"
+#include "platform/ColorScheme.h"
+#include "playback/AudioPlayerController.h"
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+
+namespace mireval {
+
+/// Make the objects that views render known to QML; their own folders know nothing of it.
+struct QmlAudioPlayerController {
+  Q_GADGET
+  QML_FOREIGN(mireval::AudioPlayerController)
+  QML_NAMED_ELEMENT(AudioPlayerController)
+  QML_UNCREATABLE("Made by the application")
+};
+
+struct QmlAppLocalization {
+  Q_GADGET
+  QML_FOREIGN(mireval::AppLocalization)
+  QML_NAMED_ELEMENT(AppLocalization)
+  QML_UNCREATABLE("Made by the application")
+};
+
+struct QmlColorScheme {
+  Q_GADGET
+  QML_FOREIGN(mireval::ColorScheme)
+  QML_NAMED_ELEMENT(ColorScheme)
+  QML_UNCREATABLE("Made by the application")
+};
+
+}  // namespace mireval

@@ -1,0 +1,66 @@
+import QtQuick
+import Mireval
+
+Item {
+    id: panel
+
+    required property AudioPlayerController audioPlayer
+    required property AppLocalization localization
+    required property ColorScheme colorScheme
+
+    readonly property var modes: [Moods.focus, Moods.tempo, Moods.creative, Moods.relaxation]
+    readonly property real panelWidth: 338
+    readonly property real panelPadding: 16
+    readonly property real modeSpacing: 12
+
+    readonly property PanelColors colors: PanelColors {
+        dark: panel.colorScheme.dark
+    }
+
+    width: panelWidth
+    height: Math.ceil(sections.implicitHeight) + 2 * panelPadding
+
+    ContinuousRectangle {
+        anchors.fill: parent
+        radius: 28
+        fillColor: panel.colors.paper
+    }
+
+    PanelStroke {
+        anchors.fill: parent
+        radius: 28
+        colors: panel.colors
+    }
+
+    Column {
+        id: sections
+
+        x: panel.panelPadding
+        y: panel.panelPadding
+        width: panel.panelWidth - 2 * panel.panelPadding
+        spacing: 18
+
+        ModeGrid {
+            width: parent.width
+            audioPlayer: panel.audioPlayer
+            colors: panel.colors
+            modes: panel.modes
+            titles: panel.modes.map(mood => panel.localization.moodTitle(mood))
+            spacing: panel.modeSpacing
+        }
+
+        NowPlayingCard {
+            width: parent.width
+            audioPlayer: panel.audioPlayer
+            colors: panel.colors
+            caption: panel.localization.text(L10nKeys.nowPlaying)
+            placeholder: panel.localization.text(L10nKeys.selectMode)
+        }
+
+        FooterCard {
+            width: parent.width
+            colors: panel.colors
+            quitLabel: panel.localization.text(L10nKeys.quit)
+        }
+    }
+}

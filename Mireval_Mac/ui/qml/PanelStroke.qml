@@ -1,0 +1,7 @@
+import QtQuick
+
+ContinuousRectangle {
+    required property PanelColors colors
+
+    strokeColor: colors.stroke
+}
