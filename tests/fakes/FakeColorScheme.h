@@ -4,13 +4,17 @@
 
 namespace mireval {
 
-/// A desktop whose colour scheme the test changes.
+/// Light until the test says otherwise.
 class FakeColorScheme final : public ColorScheme {
+  Q_OBJECT
+
  public:
   bool isDark() const override { return m_dark; }
 
-  /// Signals the change, if it is one.
-  void setDark(bool dark);
+  void setDark(bool dark) {
+    m_dark = dark;
+    Q_EMIT darkChanged();
+  }
 
  private:
   bool m_dark = false;

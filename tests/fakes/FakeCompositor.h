@@ -4,14 +4,15 @@
 
 namespace mireval {
 
-/// Blends windows until the test says otherwise.
+/// Blends until the test says otherwise.
 class FakeCompositor final : public Compositor {
  public:
-  bool blendsWindows() const override { return m_blendsWindows; }
-  void setBlendsWindows(bool blendsWindows) { m_blendsWindows = blendsWindows; }
+  bool blendsWindows() const override { return m_blends; }
+
+  void setBlends(bool blends) { m_blends = blends; }
 
  private:
-  bool m_blendsWindows = true;
+  bool m_blends = true;
 };
 
 }  // namespace mireval

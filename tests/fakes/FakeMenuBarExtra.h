@@ -1,32 +1,39 @@
 #pragma once
 
-#include "fakes/EventLog.h"
 #include "platform/MenuBarExtra.h"
 
-#include <filesystem>
-#include <memory>
+#include <utility>
 
 namespace mireval {
 
-/// An icon that the test clicks, or for which there is no place. Event: "menuBar: show <file>".
+/// An icon that the test clicks, or that finds no place.
 class FakeMenuBarExtra final : public MenuBarExtra {
  public:
-  explicit FakeMenuBarExtra(std::shared_ptr<EventLog> log = makeEventLog());
+  void show(const std::filesystem::path& image, ActivationHandler activated,
+            MissingHandler missing) override {
+    m_image = image;
+    m_activated = std::move(activated);
+    m_missing = std::move(missing);
+  }
 
-  void show(const std::filesystem::path& image, ActivationHandler activated, MissingHandler missing) override;
   bool isPlaced() const override { return m_placed; }
 
-  /// A click on the icon, which must have been shown.
+  const std::filesystem::path& image() const { return m_image; }
+
   void click(QPoint where) const { m_activated(where); }
 
-  /// Finds that the desktop has no place for the icon, which must have been shown.
-  void reportMissing();
+  void place() { m_placed = true; }
+
+  void findNoPlace() {
+    m_placed = false;
+    m_missing();
+  }
 
  private:
-  const std::shared_ptr<EventLog> m_log;
+  std::filesystem::path m_image;
   ActivationHandler m_activated;
   MissingHandler m_missing;
-  bool m_placed = false;
+  bool m_placed = true;
 };
 
 }  // namespace mireval

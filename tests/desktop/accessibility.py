@@ -1,0 +1,75 @@
+"""Reads what an application shows from the desktop's accessibility bus, as a screen reader does."""
+
+import json
+import subprocess
+from dataclasses import dataclass
+
+ACCESSIBLE = "org.a11y.atspi.Accessible"
+COMPONENT = "org.a11y.atspi.Component"
+SCREEN_COORDINATES = "0"
+
+
+@dataclass(frozen=True)
+class Element:
+    """One element on the screen; the extents are pixels of the screen."""
+
+    name: str
+    role: str
+    x: int
+    y: int
+    width: int
+    height: int
+
+    @property
+    def centre(self):
+        return self.x + self.width // 2, self.y + self.height // 2
+
+
+class Accessibility:
+    def __init__(self, environment):
+        self._environment = environment
+        self._address = None
+
+    def _busctl(self, *arguments):
+        """The reply's values; None when the object is gone, as elements may be at any time."""
+        result = subprocess.run(
+            ["busctl", "--json=short", "--timeout=5", *arguments],
+            env=self._environment, capture_output=True, text=True, timeout=10)
+        return json.loads(result.stdout)["data"] if result.returncode == 0 else None
+
+    def _call(self, name, path, interface, method, *arguments):
+        return self._busctl(f"--address={self._address}", "call", name, path, interface, method, *arguments)
+
+    def _connect(self):
+        if self._address is None:
+            reply = self._busctl("--user", "call", "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")
+            self._address = reply[0] if reply else None
+        return self._address is not None
+
+    def _describe(self, name, path):
+        title = self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE, "Name")
+        role = self._call(name, path, ACCESSIBLE, "GetRoleName")
+        extents = self._call(name, path, COMPONENT, "GetExtents", "u", SCREEN_COORDINATES)
+        if title is None or role is None or extents is None:
+            return None
+        return Element(title, role[0], *extents[0])
+
+    def elements(self, application):
+        """All named elements of the running application of that name, depth first."""
+        if not self._connect():
+            return []
+        found = []
+        roots = self._call("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root", ACCESSIBLE, "GetChildren")
+        for name, path in (roots or [[]])[0]:
+            title = self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE, "Name")
+            if title == application:
+                self._collect(name, path, found)
+        return found
+
+    def _collect(self, name, path, found):
+        children = self._call(name, path, ACCESSIBLE, "GetChildren")
+        for child_name, child_path in (children or [[]])[0]:
+            element = self._describe(child_name, child_path)
+            if element is not None and element.name:
+                found.append(element)
+            self._collect(child_name, child_path, found)

@@ -1,0 +1,205 @@
+#!/usr/bin/env python3
+"""Uses the player as its user does: with a pointer on a screen, and with ears.
+
+usage: desktop_test.py [test class], with MIREVAL_PROGRAM (the player), MIREVAL_BUNDLE (its resource folder in
+the build tree) and MIREVAL_SCREENSHOTS (a folder) in the environment
+"""
+
+import os
+import shutil
+import subprocess
+import sys
+import time
+import unittest
+from pathlib import Path
+
+from player import Player
+from session import Session, wait_for
+from sound import Recorder, is_silent, pitch
+
+PROGRAM = os.environ["MIREVAL_PROGRAM"]
+BUNDLE = Path(os.environ["MIREVAL_BUNDLE"])
+SCREENSHOTS = Path(os.environ["MIREVAL_SCREENSHOTS"])
+TRACKS_PER_MODE = 16
+
+
+def frequency_of(track):
+    return 300 + 40 * track
+
+
+def make_tones(folder, seconds, modes=("focus",)):
+    """A resource folder in which the tracks of a mode are tones of different pitch."""
+    audio = folder / "PreviewAudio"
+    audio.mkdir(parents=True)
+    shutil.copy(BUNDLE / "MenuBarIcon.png", folder)
+    for mode in modes:
+        for track in range(1, TRACKS_PER_MODE + 1):
+            subprocess.run(
+                ["ffmpeg", "-v", "error", "-nostdin", "-f", "lavfi", "-i",
+                 f"sine=frequency={frequency_of(track)}:duration={seconds}", "-c:a", "aac", "-b:a", "96k",
+                 folder / "PreviewAudio" / f"{mode}-{track}.m4a"], check=True, timeout=60)
+    return folder
+
+
+class DesktopTest(unittest.TestCase):
+    """A private desktop of the given kind for each test."""
+
+    desktop = {}
+
+    def setUp(self):
+        self.session = Session(SCREENSHOTS, **self.desktop)
+        self.addCleanup(self.session.end)
+
+    def listen(self):
+        return Recorder(self.session, "null.monitor")
+
+    def hear_sound(self, recorder, seconds=10):
+        wait_for(lambda: not is_silent(recorder.next(0.2)), "sound", seconds)
+
+    def hear_silence(self, recorder, seconds=5):
+        wait_for(lambda: is_silent(recorder.next(0.5)), "silence", seconds)
+
+    def hear_tone(self, recorder, seconds=10):
+        """The track whose steady tone is heard now."""
+        def track():
+            heard = pitch(recorder.next(0.3))
+            return next((number for number in range(1, TRACKS_PER_MODE + 1)
+                         if abs(frequency_of(number) - heard) < 5), None)
+        return wait_for(track, "one of the tones", seconds)
+
+
+class SoundtrackTest(DesktopTest):
+    def test_a_working_day(self):
+        has_soundtrack = (BUNDLE / "PreviewAudio" / "focus-1.m4a").exists()
+        resources = None if has_soundtrack else make_tones(self.session.folder / "resources", 60)
+        player = Player(self.session, PROGRAM, resources)
+        icon = player.find_icon()
+        recorder = self.listen()
+
+        self.session.click(icon)
+        player.wait_for_text("Select a mode")
+        self.assertIn("1 / 3", player.texts())
+        self.session.screenshot("opened")
+        self.assertTrue(is_silent(recorder.next(0.5)))
+
+        player.press("Focus")
+        self.hear_sound(recorder)
+        player.wait_for_text("1 / 16")
+        self.assertNotIn("Select a mode", player.texts())
+        self.session.screenshot("playing")
+
+        player.press("Next")
+        player.wait_for_text("2 / 16")
+        self.hear_sound(recorder)
+        self.session.screenshot("second")
+
+        player.press("Pause")
+        self.hear_silence(recorder)
+        self.session.screenshot("paused")
+        self.assertTrue(is_silent(recorder.next(1)))
+
+        # The mode's own button resumes, while the play button would start over.
+        player.press("Focus")
+        self.hear_sound(recorder)
+        self.assertIn("2 / 16", player.texts())
+
+        self.session.press_key("Escape")
+        player.wait_until_closed()
+        self.session.screenshot("closed")
+        self.hear_sound(recorder)
+
+        self.session.click(icon)
+        player.wait_for_text("2 / 16")
+        self.session.click((200, 600))
+        player.wait_until_closed()
+
+        # For a moment after a click elsewhere the icon does not reopen what that click has closed.
+        time.sleep(0.4)
+        self.session.click(icon)
+        player.wait_for_text("2 / 16")
+        self.session.click(icon)
+        player.wait_until_closed()
+
+        time.sleep(0.4)
+        self.session.click(icon)
+        player.press("Quit")
+        self.assertEqual(player.exit_status(), 0)
+        self.hear_silence(recorder)
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+
+class EndOfTrackTest(DesktopTest):
+    def test_the_next_track_follows_by_itself(self):
+        player = Player(self.session, PROGRAM, make_tones(self.session.folder / "resources", 6))
+        icon = player.find_icon()
+        recorder = self.listen()
+        self.session.click(icon)
+        player.press("Focus")
+        first = self.hear_tone(recorder)
+        second = wait_for(lambda: (track := self.hear_tone(recorder)) != first and track, "the next tone", 15)
+        player.wait_for_text("2 / 16", 5)
+        self.session.screenshot("second")
+        third = wait_for(lambda: (track := self.hear_tone(recorder)) != second and track, "the third tone", 15)
+        self.assertEqual(len({first, second, third}), 3)
+        player.press("Quit")
+        self.assertEqual(player.exit_status(), 0)
+
+
+class WithoutTrayTest(DesktopTest):
+    desktop = {"tray": False, "sound": False}
+
+    def test_the_panel_is_a_window(self):
+        player = Player(self.session, PROGRAM, BUNDLE)
+        player.wait_for_text("Select a mode")
+        self.session.screenshot("window")
+        self.assertIn("no tray", player.errors)
+        self.assertEqual(len(player.errors.splitlines()), 1, player.errors)
+        self.session.press_key("Escape")
+        self.session.click((5, 5))
+        self.assertIn("Select a mode", player.texts())
+        player.press("Quit")
+        self.assertEqual(player.exit_status(), 0)
+
+    def test_closing_the_window_ends_the_player(self):
+        player = Player(self.session, PROGRAM, BUNDLE)
+        player.wait_for_text("Select a mode")
+        self.session.run("xdotool", "search", "--onlyvisible", "--name", "^Mireval$", "windowfocus", "--sync")
+        self.session.press_key("alt+F4")
+        self.assertEqual(player.exit_status(), 0)
+
+
+class WithoutDisplayTest(DesktopTest):
+    desktop = {"screen": False, "tray": False, "sound": False}
+
+    def assert_refuses(self, environment):
+        self.session.environment.update(environment)
+        player = Player(self.session, PROGRAM, BUNDLE)
+        self.assertEqual(player.exit_status(), 1)
+        self.assertIn("no display", player.errors)
+        self.assertEqual(len(player.errors.splitlines()), 1, player.errors)
+
+    def test_none_named(self):
+        self.assert_refuses({})
+
+    def test_named_ones_do_not_answer(self):
+        self.assert_refuses({"DISPLAY": ":9877", "WAYLAND_DISPLAY": "wayland-9877"})
+
+
+class WithoutSoundServerTest(DesktopTest):
+    desktop = {"sound": False}
+
+    def test_the_failure_is_told_and_survived(self):
+        player = Player(self.session, PROGRAM, make_tones(self.session.folder / "resources", 2))
+        self.session.click(player.find_icon())
+        player.press("Focus")
+        wait_for(lambda: "Audio playback failed: " in player.output, "the debug line", 45)
+        self.session.screenshot("failed")
+        player.press("Next")
+        player.wait_for_text("2 / 16")
+        self.assertTrue(player.is_running())
+        player.press("Quit")
+        self.assertEqual(player.exit_status(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,0 +1,164 @@
+"""A private desktop: its own home, message bus, screen, tray and sound server. Ending it ends all of it."""
+
+import ctypes
+import os
+import select
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+from accessibility import Accessibility
+from screen import Screenshot
+
+PR_SET_PDEATHSIG = 1
+PR_SET_CHILD_SUBREAPER = 36
+LIBC = ctypes.CDLL(None, use_errno=True)
+
+
+def wait_for(condition, what, seconds=15):
+    """The condition's first true value; fails when there is none in time."""
+    limit = time.monotonic() + seconds
+    while True:
+        if value := condition():
+            return value
+        if time.monotonic() > limit:
+            raise AssertionError(f"waited {seconds} s in vain for {what}")
+        time.sleep(0.1)
+
+
+def _die_with_parent():
+    LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
+
+
+def _children_of(pid):
+    children = []
+    for status in Path("/proc").glob("[0-9]*/stat"):
+        try:
+            fields = status.read_text(errors="replace").rpartition(")")[2].split()
+        except OSError:
+            continue
+        if int(fields[1]) == pid and fields[0] != "Z":
+            children.append(int(status.parent.name))
+    return children
+
+
+class Session:
+    def __init__(self, screenshots, *, screen=True, tray=True, sound=True):
+        # Services that the bus starts are then our children in the end, and can be found and ended.
+        LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1)
+        self._folder = tempfile.TemporaryDirectory(prefix="mireval-desktop-", ignore_cleanup_errors=True)
+        self.folder = Path(self._folder.name)
+        self._screenshots = Path(screenshots)
+        self._screenshots.mkdir(parents=True, exist_ok=True)
+        self.environment = self._private_environment()
+        self._processes = []
+        try:
+            self._start_bus()
+            if screen:
+                self._start_screen()
+            if sound:
+                self._start_sound_server()
+            if tray:
+                self.start(["xfce4-panel", "--disable-wm-check"])
+                wait_for(lambda: self._bus_has("org.kde.StatusNotifierWatcher"), "the tray", 30)
+        except BaseException:
+            self.end()
+            raise
+        self.accessibility = Accessibility(self.environment)
+
+    def _private_environment(self):
+        environment = {name: os.environ[name] for name in ("PATH", "LANG", "LD_LIBRARY_PATH", "ASAN_OPTIONS",
+                                                           "UBSAN_OPTIONS", "TSAN_OPTIONS") if name in os.environ}
+        for name, folder in (("HOME", "home"), ("XDG_CONFIG_HOME", "config"), ("XDG_CACHE_HOME", "cache"),
+                             ("XDG_DATA_HOME", "data"), ("XDG_STATE_HOME", "state"), ("XDG_RUNTIME_DIR", "run"),
+                             ("TMPDIR", "tmp")):
+            path = self.folder / folder
+            path.mkdir(mode=0o700)
+            environment[name] = str(path)
+        client = self.folder / "pulse-client.conf"
+        client.write_text("autospawn = no\n")
+        environment["PULSE_CLIENTCONFIG"] = str(client)
+        environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        return environment
+
+    def start(self, command, *, environment=None, **options):
+        options.setdefault("stdout", subprocess.DEVNULL)
+        options.setdefault("stderr", subprocess.DEVNULL)
+        process = subprocess.Popen(command, env={**self.environment, **(environment or {})},
+                                   stdin=subprocess.DEVNULL, preexec_fn=_die_with_parent, **options)
+        self._processes.append(process)
+        return process
+
+    def run(self, *command):
+        return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=20)
+
+    def _start_announcing(self, command, option):
+        """Starts a server that writes where it is to a descriptor, and returns that text."""
+        reader, writer = os.pipe()
+        try:
+            self.start([*command, option.format(writer)] if "{}" in option else [*command, option, str(writer)],
+                       pass_fds=[writer])
+            os.close(writer)
+            text = ""
+            # Up to the newline: a server that cannot write all of it may end.
+            while not text.endswith("\n") and select.select([reader], [], [], 30)[0]:
+                part = os.read(reader, 4096).decode()
+                if not part:
+                    break
+                text += part
+            text = text.strip()
+        finally:
+            os.close(reader)
+        if not text:
+            raise AssertionError(f"{command[0]} did not start")
+        return text
+
+    def _start_bus(self):
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_announcing(
+            ["dbus-daemon", "--session", "--nofork"], "--print-address={}")
+
+    def _bus_has(self, name):
+        return self.run("busctl", "--user", "status", name).returncode == 0
+
+    def _start_screen(self):
+        display = self._start_announcing(["Xvfb", "-screen", "0", "1280x800x24", "-nolisten", "tcp"], "-displayfd")
+        self.environment["DISPLAY"] = f":{display}"
+        self.start(["openbox"])
+        wait_for(lambda: self.run("xdotool", "get_desktop").returncode == 0, "the window manager")
+
+    def _start_sound_server(self):
+        self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+                    "-L", "module-null-sink sink_name=null norewinds=1", "-L", "module-native-protocol-unix"])
+        wait_for(lambda: self.run("pactl", "info").returncode == 0, "the sound server")
+
+    def screenshot(self, name):
+        shot = Screenshot(self.environment)
+        shot.save(self._screenshots / f"{name}.png")
+        return shot
+
+    def click(self, position):
+        x, y = position
+        self.run("xdotool", "mousemove", str(x), str(y))
+        # The tray needs a moment to see that the pointer has come.
+        time.sleep(0.1)
+        self.run("xdotool", "click", "1")
+
+    def press_key(self, key):
+        self.run("xdotool", "key", key)
+
+    def end(self):
+        """Ends every process that was started here, also by one of them."""
+        for process in self._processes:
+            process.kill()
+            process.wait(10)
+            if process.stdout:
+                process.stdout.close()
+        # What they started has become ours.
+        limit = time.monotonic() + 10
+        while (orphans := _children_of(os.getpid())) and time.monotonic() < limit:
+            for pid in orphans:
+                os.kill(pid, signal.SIGKILL)
+                os.waitpid(pid, 0)
+        self._folder.cleanup()

@@ -1,0 +1,67 @@
+#include "ui/PanelFixture.h"
+
+#include "library/LocalLibraryProvider.h"
+
+#include <QtTest/QTest>
+
+namespace mireval {
+namespace {
+
+// By way of the visual parents: a repeater's items have no QObject parent.
+QQuickItem* findItem(QQuickItem* root, const QString& name) {
+  if (root == nullptr || root->objectName() == name) {
+    return root;
+  }
+  const auto children = root->childItems();
+  for (QQuickItem* const child : children) {
+    if (QQuickItem* const found = findItem(child, name)) {
+      return found;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+PanelFixture::PanelFixture() {
+  constexpr int tracksPerMood = 16;
+  for (const Mood mood : allMoods) {
+    for (int number = 1; number <= tracksPerMood; ++number) {
+      m_bundle.add(QStringLiteral("PreviewAudio/%1-%2.m4a").arg(rawValue(mood)).arg(number));
+    }
+  }
+  m_controller = AudioPlayerController::create(
+      std::make_unique<LocalLibraryProvider>(),
+      PlaybackServices{m_bundle, m_factory, m_runLoop, m_mainThread, m_remoteCommandCenter,
+                       m_nowPlayingInfoCenter, m_debugOutput});
+}
+
+std::unique_ptr<PanelWindow> PanelFixture::makePanel(PanelWindow::Style style) {
+  auto panel = std::make_unique<PanelWindow>(style, true, *m_controller, m_localization, m_colorScheme);
+  panel->open(QPoint(400, 10));
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(panel.get()));
+  return panel;
+}
+
+QQuickItem* PanelFixture::item(const PanelWindow& panel, const char* name, const char* inside) const {
+  QQuickItem* const owner = findItem(panel.rootObject(), QString::fromUtf8(name));
+  QQuickItem* const found = inside == nullptr ? owner : findItem(owner, QString::fromUtf8(inside));
+  EXPECT_NE(found, nullptr) << name;
+  return found == nullptr ? &m_noItem : found;
+}
+
+QString PanelFixture::text(const PanelWindow& panel, const char* name) const {
+  return item(panel, name)->property("text").toString();
+}
+
+QString PanelFixture::symbol(const PanelWindow& panel, const char* button) const {
+  return item(panel, button, "symbol")->property("name").toString();
+}
+
+void PanelFixture::press(PanelWindow& panel, const char* button) const {
+  const QQuickItem* const pressed = item(panel, button);
+  const QPointF centre = pressed->mapToScene(QPointF(pressed->width() / 2, pressed->height() / 2));
+  QTest::mouseClick(&panel, Qt::LeftButton, {}, centre.toPoint());
+}
+
+}  // namespace mireval

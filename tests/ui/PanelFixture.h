@@ -1,0 +1,57 @@
+#pragma once
+
+#include "fakes/EventLog.h"
+#include "fakes/FakeAudioPlayerFactory.h"
+#include "fakes/FakeColorScheme.h"
+#include "fakes/FakeDebugOutput.h"
+#include "fakes/FakeMainThread.h"
+#include "fakes/FakeNowPlayingInfoCenter.h"
+#include "fakes/FakeRemoteCommandCenter.h"
+#include "fakes/FakeResourceBundle.h"
+#include "fakes/FakeRunLoop.h"
+#include "localization/AppLocalization.h"
+#include "playback/AudioPlayerController.h"
+#include "ui/PanelWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QQuickItem>
+#include <QString>
+
+#include <memory>
+
+namespace mireval {
+
+/// A controller with silent players and the shipped catalogue, all of whose files exist, and ways to look at
+/// and to press what a panel shows.
+class PanelFixture : public testing::Test {
+ protected:
+  PanelFixture();
+
+  std::unique_ptr<PanelWindow> makePanel(PanelWindow::Style style = PanelWindow::Style::dropDown);
+
+  /// The item of that object name, or one inside it; fails the test and returns an empty item when there is
+  /// none.
+  QQuickItem* item(const PanelWindow& panel, const char* name, const char* inside = nullptr) const;
+  QString text(const PanelWindow& panel, const char* name) const;
+  /// The symbol that the button of that object name shows.
+  QString symbol(const PanelWindow& panel, const char* button) const;
+  void press(PanelWindow& panel, const char* button) const;
+
+  std::shared_ptr<EventLog> m_log = makeEventLog();
+  FakeResourceBundle m_bundle{m_log};
+  FakeAudioPlayerFactory m_factory{m_log};
+  FakeRunLoop m_runLoop{m_log};
+  FakeMainThread m_mainThread{m_log};
+  FakeRemoteCommandCenter m_remoteCommandCenter{m_log};
+  FakeNowPlayingInfoCenter m_nowPlayingInfoCenter{m_log};
+  FakeDebugOutput m_debugOutput{m_log};
+  AppLocalization m_localization;
+  FakeColorScheme m_colorScheme;
+  std::shared_ptr<AudioPlayerController> m_controller;
+
+ private:
+  mutable QQuickItem m_noItem;
+};
+
+}  // namespace mireval
