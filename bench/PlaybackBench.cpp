@@ -71,7 +71,7 @@ void measure(Player& player, const test::SoundServer& server, const char* server
 
 void measureAll(test::SoundServer::Kind kind, const char* serverName) {
   const test::AudioFiles files;
-  const auto folder = files.folder();
+  const auto& folder = files.folder();
   std::filesystem::create_directory(folder / "PreviewAudio");
   std::filesystem::rename(files.tone(440, trackSeconds), folder / "PreviewAudio" / "focus-1.m4a");
   std::filesystem::rename(files.tone(1000, trackSeconds), folder / "PreviewAudio" / "focus-2.m4a");

@@ -41,7 +41,8 @@ void shuffle(Range&& range, Source&& randomWord) {
     const std::uint64_t offset = uniformBelow(count - i, randomWord);
     if (offset != 0) {
       using Distance = std::ranges::range_difference_t<Range>;
-      std::swap(first[static_cast<Distance>(i)], first[static_cast<Distance>(i + offset)]);
+      const auto place = static_cast<Distance>(i);
+      std::swap(first[place], first[place + static_cast<Distance>(offset)]);
     }
   }
 }

@@ -14,7 +14,6 @@ namespace mireval {
 class FakeRemoteCommand final : public RemoteCommand {
  public:
   FakeRemoteCommand(QString name, std::shared_ptr<EventLog> log);
-  virtual ~FakeRemoteCommand() = default;
 
   void setEnabled(bool enabled) override;
   void addHandler(Handler handler) override;

@@ -141,7 +141,7 @@ TEST(ShuffleTest, EveryOrderOfThreeIsEquallyLikely) {
     ++seen[list];
   }
   for (const char* const order : {"abc", "acb", "bac", "bca", "cab", "cba"}) {
-    EXPECT_NEAR(seen[order], shuffles / 6, tolerance) << order;
+    EXPECT_NEAR(seen[order], shuffles / 6.0, tolerance) << order;
   }
   EXPECT_EQ(seen.size(), 6U);
 }
@@ -155,7 +155,7 @@ TEST(ShuffleTest, BothOrdersOfTwoAreEquallyLikely) {
     shuffle(list, [] { return QRandomGenerator64::system()->generate(); });
     swapped += list == std::array<int, 2>{2, 1} ? 1 : 0;
   }
-  EXPECT_NEAR(swapped, shuffles / 2, 600);
+  EXPECT_NEAR(swapped, shuffles / 2.0, 600);
 }
 
 }  // namespace
