@@ -49,7 +49,12 @@ void MenuBarScene::close() {
   m_panel->hide();
   m_closedPanels.push_back(std::move(m_panel));
   QMetaObject::invokeMethod(
-      this, [this] { m_closedPanels.clear(); }, Qt::QueuedConnection);
+      this,
+      [this] {
+        m_closedPanels.clear();
+        Q_EMIT panelDidClose();
+      },
+      Qt::QueuedConnection);
 }
 
 void MenuBarScene::handleDismissal(PanelWindow::Dismissal how) {

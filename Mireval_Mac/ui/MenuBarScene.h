@@ -46,6 +46,9 @@ class MenuBarScene final : public QObject {
  Q_SIGNALS:
   void panelWillOpen();
 
+  /// The panel is gone, with all that it held.
+  void panelDidClose();
+
   /// The user wants the application to end.
   void quitRequested();
 

@@ -12,6 +12,7 @@
 #include "platform/linux/QtRunLoop.h"
 #include "platform/linux/StandardOutput.h"
 #include "platform/linux/SystemTrayMenuBarExtra.h"
+#include "platform/linux/UnusedMemory.h"
 #include "platform/linux/X11Compositor.h"
 #include "playback/AudioPlayerController.h"
 #include "ui/MenuBarScene.h"
@@ -48,6 +49,7 @@ int runScenes() {
   MenuBarScene scene({menuBarExtra, colorScheme, compositor, *audioPlayer, localization});
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
                    [&audioPlayerFactory] { audioPlayerFactory.warmUp(); });
+  QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, releaseUnusedMemory);
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
   scene.show(resourceBundle.folder() / "MenuBarIcon.png");
   return QCoreApplication::exec();

@@ -15,7 +15,16 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::microseconds;
 
-constexpr std::size_t bytesPerFrame = AudioDecoder::channelCount * sizeof(float);
+/// Sixteen bits: the server hands our memory back, and wakes us, once per 64 KiB.
+using Sample = std::int16_t;
+constexpr pa_sample_format_t sampleFormat = PA_SAMPLE_S16NE;
+constexpr std::size_t bytesPerFrame = AudioDecoder::channelCount * sizeof(Sample);
+
+Sample toSample(float value) {
+  constexpr float scale = 32768;
+  constexpr float highest = 32767;
+  return static_cast<Sample>(std::lrint(std::clamp(value * scale, -scale, highest)));
+}
 
 /// How much the server holds for us. It asks for more when half of it has been played.
 constexpr microseconds bufferLength = 2s;
@@ -176,7 +185,7 @@ void PulseAudioPlayer::openStream(std::uint64_t from) {
     return;
   }
   m_retryTimer.stop();
-  const pa_sample_spec format{.format = PA_SAMPLE_FLOAT32NE,
+  const pa_sample_spec format{.format = sampleFormat,
                               .rate = static_cast<std::uint32_t>(m_sampleRate),
                               .channels = AudioDecoder::channelCount};
   m_stream.reset(pa_stream_new(context, "Mireval", &format, nullptr));
@@ -345,14 +354,27 @@ std::size_t PulseAudioPlayer::write(std::uint64_t position, std::uint64_t frames
   if (pa_stream_begin_write(m_stream.get(), &data, &bytes) < 0 || data == nullptr) {
     return 0;
   }
+  auto* const output = static_cast<Sample*>(data);
   const std::size_t room = std::min(bytes / bytesPerFrame, static_cast<std::size_t>(frames));
-  const std::span<float> samples(static_cast<float*>(data), room * AudioDecoder::channelCount);
-  const std::size_t count = m_frames->read(position, samples);
+  std::array<float, 2048> block;
+  std::size_t count = 0;
+  while (count < room) {
+    const std::size_t wanted = std::min(room - count, block.size() / AudioDecoder::channelCount);
+    const std::span<float> samples = std::span(block).first(wanted * AudioDecoder::channelCount);
+    const std::size_t got = m_frames->read(position + count, samples);
+    if (got == 0) {
+      break;
+    }
+    m_gain.apply(position + count, samples.first(got * AudioDecoder::channelCount));
+    std::transform(samples.begin(),
+                   samples.begin() + static_cast<std::ptrdiff_t>(got * AudioDecoder::channelCount),
+                   output + count * AudioDecoder::channelCount, toSample);
+    count += got;
+  }
   if (count == 0) {
     pa_stream_cancel_write(m_stream.get());
     return 0;
   }
-  m_gain.apply(position, samples.first(count * AudioDecoder::channelCount));
   pa_stream_write(m_stream.get(), data, count * bytesPerFrame, nullptr, offsetBytes, seek);
   return count;
 }

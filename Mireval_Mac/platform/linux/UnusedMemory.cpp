@@ -1,0 +1,37 @@
+#include "platform/linux/UnusedMemory.h"
+
+#include <link.h>
+#include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <span>
+
+namespace mireval {
+namespace {
+
+/// The loader has touched every library whole; most of it is never needed again. Only segments that were
+/// never writable, and so are the same in the file.
+int releaseCode(dl_phdr_info* object, std::size_t, void*) {
+  const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+  for (const ElfW(Phdr) & segment : std::span(object->dlpi_phdr, object->dlpi_phnum)) {
+    if (segment.p_type != PT_LOAD || (segment.p_flags & PF_W) != 0) {
+      continue;
+    }
+    const std::uintptr_t begin = (object->dlpi_addr + segment.p_vaddr) / pageSize * pageSize;
+    const std::uintptr_t end = object->dlpi_addr + segment.p_vaddr + segment.p_memsz;
+    // A refusal only means that the pages stay.
+    madvise(reinterpret_cast<void*>(begin), end - begin, MADV_DONTNEED);
+  }
+  return 0;
+}
+
+}  // namespace
+
+void releaseUnusedMemory() {
+  malloc_trim(0);
+  dl_iterate_phdr(releaseCode, nullptr);
+}
+
+}  // namespace mireval
