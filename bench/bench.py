@@ -125,7 +125,6 @@ def main():
     print("\nCost on PulseAudio, over ten seconds")
     print(f"{'player':<9} {'state':<31} {'switches/s':>10} {'CPU %':>6} {'RSS MB':>7} {'anon MB':>8}")
     for cost in (cost_of_mireval, cost_of_mpv, cost_of_mpd):
-        # The accessibility bus, which finds the buttons, is not what a user's desktop usually runs.
         session = Session(BUILD / "bench" / "screenshots")
         try:
             for name, state, (switches, processor, resident, anonymous) in cost(session):

@@ -21,7 +21,8 @@ int releaseCode(dl_phdr_info* object, std::size_t, void*) {
     }
     const std::uintptr_t begin = (object->dlpi_addr + segment.p_vaddr) / pageSize * pageSize;
     const std::uintptr_t end = object->dlpi_addr + segment.p_vaddr + segment.p_memsz;
-    // A refusal only means that the pages stay.
+    // A refusal only means that the pages stay. The loader gives addresses as numbers.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
     madvise(reinterpret_cast<void*>(begin), end - begin, MADV_DONTNEED);
   }
   return 0;
