@@ -35,7 +35,8 @@ constexpr microseconds volumeLatency = 20ms;
 constexpr microseconds volumeRamp = 10ms;
 /// Closer to the end than this counts as the end.
 constexpr microseconds endTolerance = 1ms;
-/// A server that has not asked for frames for this long, though its buffer must be empty, has stalled.
+/// A server that has not asked for frames for this long, though its buffer must be empty, has stalled. Where
+/// a new stream does not help, the next one is tried after twice the time.
 constexpr microseconds stallTime = 5s;
 constexpr int mostStallDoublings = 4;
 
@@ -137,7 +138,7 @@ void PulseAudioPlayer::play() {
   if (streamIsReady()) {
     setCorked(false);
     m_heardAt = Clock::now();
-    m_stallTimer.start(stallTime);
+    m_stallTimer.start(stallPatience());
   } else if (!m_stream) {
     retry();
   }
@@ -250,7 +251,7 @@ void PulseAudioPlayer::streamStateChanged() {
       if (m_state == State::playing) {
         setCorked(false);
         m_heardAt = Clock::now();
-        m_stallTimer.start(stallTime);
+        m_stallTimer.start(stallPatience());
       }
       break;
     case PA_STREAM_FAILED:
@@ -297,7 +298,6 @@ void PulseAudioPlayer::retry() {
 }
 
 void PulseAudioPlayer::checkStall() {
-  const auto nextCheck = stallTime * (1 << std::min(m_failedAttempts, mostStallDoublings));
   if (streamIsReady()) {
     // What the clock says has run on without sound: go back to what the server had confirmed.
     std::uint64_t confirmed = m_heard;
@@ -309,7 +309,11 @@ void PulseAudioPlayer::checkStall() {
     ++m_failedAttempts;
     openStream(confirmed);
   }
-  m_stallTimer.start(nextCheck);
+  m_stallTimer.start(stallPatience());
+}
+
+microseconds PulseAudioPlayer::stallPatience() const {
+  return stallTime * (1 << std::min(m_failedAttempts, mostStallDoublings));
 }
 
 bool PulseAudioPlayer::streamIsReady() const {
@@ -342,7 +346,7 @@ void PulseAudioPlayer::fill() {
     m_failedAttempts = 0;
   }
   if (m_state == State::playing) {
-    m_stallTimer.start(m_allWritten ? stallTime + bufferLength : stallTime);
+    m_stallTimer.start(m_allWritten ? stallPatience() + bufferLength : stallPatience());
   }
   requestTiming();
 }

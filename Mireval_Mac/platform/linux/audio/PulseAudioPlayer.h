@@ -61,6 +61,7 @@ class PulseAudioPlayer final : public AudioPlayer, private PulseServer::Client {
   void retry();
   void scheduleRetry();
   void checkStall();
+  std::chrono::microseconds stallPatience() const;
 
   /// Feeding the stream.
   void fill();
