@@ -31,7 +31,8 @@ fs::path LazyAudioPlayerFactory::moduleOfApplication() {
 }
 
 void LazyAudioPlayerFactory::warmUp() {
-  if (!m_factory && !m_loader.joinable()) {
+  // While the thread runs, all but its handle belongs to it.
+  if (!m_loader.joinable() && !m_factory) {
     m_loader = std::thread([this] {
       load();
       if (m_factory) {

@@ -31,7 +31,9 @@ constexpr microseconds bufferLength = 2s;
 /// The buffer, and room for what the server took from it but has not made audible.
 constexpr double rememberedSeconds = 3;
 /// A volume change is heard after this time: enough for the rewritten frames to reach the server.
-constexpr microseconds volumeLatency = 20ms;
+constexpr microseconds volumeLatency = 30ms;
+/// The first of the rewritten frames are sent by themselves, so that they arrive in that time.
+constexpr microseconds firstRewrite = 100ms;
 constexpr microseconds volumeRamp = 10ms;
 /// Closer to the end than this counts as the end.
 constexpr microseconds endTolerance = 1ms;
@@ -391,7 +393,8 @@ void PulseAudioPlayer::rewriteUnheard(float volume) {
   std::int64_t offset = static_cast<std::int64_t>((from - m_streamStart) * bytesPerFrame);
   pa_seek_mode_t seek = PA_SEEK_ABSOLUTE;
   for (std::uint64_t position = from; position < m_nextFrame;) {
-    const std::size_t written = write(position, m_nextFrame - position, offset, seek);
+    const std::uint64_t most = position == from ? framesIn(firstRewrite) : m_nextFrame;
+    const std::size_t written = write(position, std::min(m_nextFrame - position, most), offset, seek);
     if (written == 0) {
       break;
     }
