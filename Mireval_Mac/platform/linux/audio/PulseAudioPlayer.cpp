@@ -32,7 +32,7 @@ constexpr microseconds bufferLength = 2s;
 constexpr double rememberedSeconds = 3;
 /// A volume change is heard after this time: enough for the rewritten frames to reach the server.
 constexpr microseconds volumeLatency = 30ms;
-/// The first of the rewritten frames are sent by themselves, so that they arrive in that time.
+/// So much is sent at once, to arrive in that time; the rest follows from libpulse's thread.
 constexpr microseconds firstRewrite = 100ms;
 constexpr microseconds volumeRamp = 10ms;
 /// Closer to the end than this counts as the end.
@@ -84,7 +84,8 @@ PulseAudioPlayer::PulseAudioPlayer(std::shared_ptr<PulseServer> server, std::fil
       m_frames(std::make_unique<FrameHistory>(std::move(decoder), rememberedSeconds)),
       m_retryTimer(*m_server, [this] { retry(); }),
       m_endTimer(*m_server, [this] { requestTiming(); }),
-      m_stallTimer(*m_server, [this] { checkStall(); }) {
+      m_stallTimer(*m_server, [this] { checkStall(); }),
+      m_rewriteTimer(*m_server, [this] { fill(); }) {
   const PulseServer::Lock lock(*m_server);
   m_server->addClient(*this);
 }
@@ -198,6 +199,7 @@ void PulseAudioPlayer::openStream(std::uint64_t from) {
   }
   m_streamStart = std::max(from, m_frames->oldestFrame());
   m_nextFrame = m_streamStart;
+  m_rewriteEnd = 0;
   m_allWritten = false;
   m_drainedAt.reset();
   m_fillsOfStream = 0;
@@ -239,6 +241,7 @@ void PulseAudioPlayer::openStream(std::uint64_t from) {
 void PulseAudioPlayer::dropStream() {
   m_endTimer.stop();
   m_stallTimer.stop();
+  m_rewriteTimer.stop();
   if (m_timingRequest != nullptr) {
     pa_operation_cancel(m_timingRequest);
     pa_operation_unref(std::exchange(m_timingRequest, nullptr));
@@ -330,7 +333,8 @@ void PulseAudioPlayer::fill() {
   if (writable == static_cast<std::size_t>(-1)) {
     return;
   }
-  std::uint64_t wanted = writable / bytesPerFrame;
+  const std::uint64_t unwritten = m_rewriteEnd > m_nextFrame ? m_rewriteEnd - m_nextFrame : 0;
+  std::uint64_t wanted = std::max<std::uint64_t>(writable / bytesPerFrame, unwritten);
   if (wanted == 0) {
     return;
   }
@@ -390,17 +394,15 @@ void PulseAudioPlayer::rewriteUnheard(float volume) {
   const std::uint64_t earliest = std::max(m_streamStart, m_frames->oldestFrame());
   const std::uint64_t from = std::min(std::max(m_heard + framesIn(volumeLatency), earliest), m_nextFrame);
   m_gain.changeTo(volume, from, framesIn(volumeRamp));
-  std::int64_t offset = static_cast<std::int64_t>((from - m_streamStart) * bytesPerFrame);
-  pa_seek_mode_t seek = PA_SEEK_ABSOLUTE;
-  for (std::uint64_t position = from; position < m_nextFrame;) {
-    const std::uint64_t most = position == from ? framesIn(firstRewrite) : m_nextFrame;
-    const std::size_t written = write(position, std::min(m_nextFrame - position, most), offset, seek);
-    if (written == 0) {
-      break;
-    }
-    position += written;
-    offset = 0;
-    seek = PA_SEEK_RELATIVE;
+  const std::uint64_t end = std::max(m_nextFrame, m_rewriteEnd);
+  const auto offset = static_cast<std::int64_t>((from - m_streamStart) * bytesPerFrame);
+  const std::size_t written =
+      write(from, std::min(end - from, framesIn(firstRewrite)), offset, PA_SEEK_ABSOLUTE);
+  if (written > 0) {
+    m_nextFrame = from + written;
+    m_rewriteEnd = end;
+    m_allWritten = false;
+    m_rewriteTimer.start(0us);
   }
 }
 

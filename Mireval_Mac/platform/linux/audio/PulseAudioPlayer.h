@@ -98,6 +98,8 @@ class PulseAudioPlayer final : public AudioPlayer, private PulseServer::Client {
   /// Frame number of the stream's first frame, and of the next one to be written to it.
   std::uint64_t m_streamStart = 0;
   std::uint64_t m_nextFrame = 0;
+  /// Up to here the stream holds frames at an earlier volume, which are written again.
+  std::uint64_t m_rewriteEnd = 0;
   /// Every frame of the file has been written to the stream.
   bool m_allWritten = false;
   /// When the server had nothing left to play, if that happened after the last frame was written.
@@ -113,6 +115,7 @@ class PulseAudioPlayer final : public AudioPlayer, private PulseServer::Client {
   PulseServer::Timer m_retryTimer;
   PulseServer::Timer m_endTimer;
   PulseServer::Timer m_stallTimer;
+  PulseServer::Timer m_rewriteTimer;
 };
 
 }  // namespace mireval
