@@ -120,7 +120,8 @@ class Session:
             ["dbus-daemon", "--session", "--nofork"], "--print-address={}")
 
     def _bus_has(self, name):
-        return self.run("busctl", "--user", "status", name).returncode == 0
+        return "true" in self.run("busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                  "org.freedesktop.DBus", "NameHasOwner", "s", name).stdout
 
     def _start_screen(self):
         display = self._start_announcing(["Xvfb", "-screen", "0", "1280x800x24", "-nolisten", "tcp"], "-displayfd")
