@@ -37,7 +37,7 @@ MirevalPlayer::MirevalPlayer(const std::filesystem::path& folder) : m_bundle(fol
   // Words of zero leave the order as it is.
   m_controller = AudioPlayerController::create(
       std::make_unique<LocalLibraryProvider>(twoTracks(), [] { return std::uint64_t{0}; }),
-      {m_bundle, m_factory, m_runLoop, m_mainThread, m_commands, m_nowPlaying, m_output});
+      {m_bundle, m_factory, m_runLoop, m_mainThread, m_commands, m_nowPlaying, m_imageDecoder, m_output});
 }
 
 void MirevalPlayer::play() {

@@ -7,6 +7,7 @@
 #include "platform/NoNowPlayingInfoCenter.h"
 #include "platform/NoRemoteCommandCenter.h"
 #include "platform/linux/FolderResourceBundle.h"
+#include "platform/linux/QtImageDecoder.h"
 #include "platform/linux/QtMainThread.h"
 #include "platform/linux/QtRunLoop.h"
 #include "platform/linux/StandardOutput.h"
@@ -48,6 +49,7 @@ class MirevalPlayer final : public Player {
   QtMainThread m_mainThread;
   NoRemoteCommandCenter m_commands;
   NoNowPlayingInfoCenter m_nowPlaying;
+  QtImageDecoder m_imageDecoder;
   StandardOutput m_output;
   std::shared_ptr<AudioPlayerController> m_controller;
 };

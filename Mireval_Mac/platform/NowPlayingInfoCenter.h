@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/MediaItemArtwork.h"
+
 #include <QString>
 
 #include <optional>
@@ -16,8 +18,7 @@ struct NowPlayingInfo {
   double elapsedPlaybackSeconds = 0;
   /// 1 while playing, 0 while paused.
   double playbackRate = 0;
-
-  friend bool operator==(const NowPlayingInfo&, const NowPlayingInfo&) = default;
+  std::optional<MediaItemArtwork> artwork;
 };
 
 /// The desktop's media controls, as the place that shows what plays. Used on the UI thread. The information

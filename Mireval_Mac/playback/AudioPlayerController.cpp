@@ -2,6 +2,7 @@
 
 #include "platform/AudioPlayerFactory.h"
 #include "platform/DebugOutput.h"
+#include "platform/ImageDecoder.h"
 #include "platform/MainThread.h"
 #include "platform/NowPlayingInfoCenter.h"
 #include "platform/RemoteCommandCenter.h"
@@ -269,7 +270,45 @@ void AudioPlayerController::updateNowPlayingInfo() {
   info.playbackDurationSeconds = m_player->duration();
   info.elapsedPlaybackSeconds = m_player->currentTime();
   info.playbackRate = m_isPlaying ? 1 : 0;
+  const std::int64_t position = std::max<std::int64_t>(m_currentVisualIndex + 1, 1);
+  if (const auto cover = coverImage(m_currentTrack->mood, position)) {
+    info.artwork = MediaItemArtwork{.boundsSize = cover->image.size(),
+                                    .requestHandler = [image = cover->image](QSize) { return image; },
+                                    .file = cover->file};
+  }
   m_services.nowPlayingInfoCenter.setNowPlayingInfo(info);
+}
+
+ImageCache& AudioPlayerController::coverImageCache() {
+  static ImageCache cache;
+  return cache;
+}
+
+std::optional<CoverImage> AudioPlayerController::coverImage(Mood mood, std::int64_t position) {
+  const QString name = coverImageName(mood, position);
+  if (auto cached = coverImageCache().image(name)) {
+    return cached;
+  }
+  const auto file =
+      m_services.resourceBundle.urlForResource(name, QStringLiteral("png"), QStringLiteral("CoverImages"));
+  if (!file) {
+    return std::nullopt;
+  }
+  constexpr double maxPixelSize = 1600;
+  QImage image = downsampledImage(*file, maxPixelSize);
+  if (image.isNull()) {
+    image = m_services.imageDecoder.image(*file);
+  }
+  if (image.isNull()) {
+    return std::nullopt;
+  }
+  const CoverImage cover{.image = std::move(image), .file = *file};
+  coverImageCache().setImage(name, cover);
+  return cover;
+}
+
+QImage AudioPlayerController::downsampledImage(const std::filesystem::path& file, double maxPixelSize) {
+  return m_services.imageDecoder.thumbnail(file, maxPixelSize);
 }
 
 }  // namespace mireval

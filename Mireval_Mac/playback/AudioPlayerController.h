@@ -5,14 +5,17 @@
 #include "library/Track.h"
 #include "platform/AudioPlayer.h"
 #include "platform/RunLoop.h"
+#include "playback/ImageCache.h"
 #include "playback/PlaybackServices.h"
 
+#include <QImage>
 #include <QList>
 #include <QObject>
 #include <QString>
 #include <QVariant>
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -94,6 +97,10 @@ class AudioPlayerController final : public QObject,
   /// zero; negative, infinite and NaN values give "0:00". Aborts when the value does not fit 64 bits.
   static QString formatTime(double seconds);
 
+  /// The covers decoded so far, by cover image name: one cache for the process, made on first use. Callable
+  /// on any thread.
+  static ImageCache& coverImageCache();
+
   /// The end of a track, on any thread: goes on with the next one.
   void audioPlayerDidFinishPlaying(AudioPlayer& player, bool successfully) override;
 
@@ -131,6 +138,8 @@ class AudioPlayerController final : public QObject,
   void advanceAfterFinish();
   void configureRemoteCommands();
   void updateNowPlayingInfo();
+  std::optional<CoverImage> coverImage(Mood mood, std::int64_t position);
+  QImage downsampledImage(const std::filesystem::path& file, double maxPixelSize);
 
   std::optional<Mood> m_currentMood;
   std::optional<Track> m_currentTrack;

@@ -4,6 +4,7 @@ namespace mireval {
 
 class AudioPlayerFactory;
 class DebugOutput;
+class ImageDecoder;
 class MainThread;
 class NowPlayingInfoCenter;
 class RemoteCommandCenter;
@@ -19,6 +20,7 @@ struct PlaybackServices {
   MainThread& mainThread;
   RemoteCommandCenter& remoteCommandCenter;
   NowPlayingInfoCenter& nowPlayingInfoCenter;
+  ImageDecoder& imageDecoder;
   DebugOutput& debugOutput;
 };
 

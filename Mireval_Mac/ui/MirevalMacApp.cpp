@@ -8,6 +8,7 @@
 #include "platform/linux/FolderResourceBundle.h"
 #include "platform/linux/LazyAudioPlayerFactory.h"
 #include "platform/linux/PaletteColorScheme.h"
+#include "platform/linux/QtImageDecoder.h"
 #include "platform/linux/QtMainThread.h"
 #include "platform/linux/QtRunLoop.h"
 #include "platform/linux/StandardOutput.h"
@@ -34,6 +35,7 @@ int runScenes() {
   QtRunLoop runLoop;
   NoRemoteCommandCenter remoteCommandCenter;
   NoNowPlayingInfoCenter nowPlayingInfoCenter;
+  QtImageDecoder imageDecoder;
   StandardOutput debugOutput;
   QtMainThread mainThread;
   PaletteColorScheme colorScheme;
@@ -42,8 +44,14 @@ int runScenes() {
 
   const std::shared_ptr<AudioPlayerController> audioPlayer =
       AudioPlayerController::create(std::make_unique<LocalLibraryProvider>(),
-                                    PlaybackServices{resourceBundle, audioPlayerFactory, runLoop, mainThread,
-                                                     remoteCommandCenter, nowPlayingInfoCenter, debugOutput});
+                                    {.resourceBundle = resourceBundle,
+                                     .audioPlayerFactory = audioPlayerFactory,
+                                     .runLoop = runLoop,
+                                     .mainThread = mainThread,
+                                     .remoteCommandCenter = remoteCommandCenter,
+                                     .nowPlayingInfoCenter = nowPlayingInfoCenter,
+                                     .imageDecoder = imageDecoder,
+                                     .debugOutput = debugOutput});
   AppLocalization localization;
 
   MenuBarScene scene({menuBarExtra, colorScheme, compositor, *audioPlayer, localization});
@@ -58,6 +66,7 @@ int runScenes() {
 }  // namespace
 
 int MirevalMacApp::main(int argc, char** argv) {
+  returnLargeBlocksAtOnce();
   // A reader of our output that goes away must not end the music.
   std::signal(SIGPIPE, SIG_IGN);
   if (!displayServerAnswers(argc, argv)) {

@@ -15,12 +15,15 @@ void FakeNowPlayingInfoCenter::setNowPlayingInfo(const std::optional<NowPlayingI
     m_log->add(QStringLiteral("nowPlaying: cleared"));
     return;
   }
-  const QStringList entries{info->title,
-                            info->albumTitle,
-                            info->artist,
-                            eventNumber(info->playbackDurationSeconds),
-                            eventNumber(info->elapsedPlaybackSeconds),
-                            eventNumber(info->playbackRate)};
+  QStringList entries{info->title,
+                      info->albumTitle,
+                      info->artist,
+                      eventNumber(info->playbackDurationSeconds),
+                      eventNumber(info->elapsedPlaybackSeconds),
+                      eventNumber(info->playbackRate)};
+  if (info->artwork) {
+    entries.append(QString::fromStdString(info->artwork->file.filename().string()));
+  }
   m_log->add(QLatin1String("nowPlaying: ") + entries.join(QLatin1String(" | ")));
 }
 

@@ -9,7 +9,8 @@
 namespace mireval {
 
 /// Keeps the last information. Events: "nowPlaying: cleared", or
-/// "nowPlaying: <title> | <album> | <artist> | <duration> | <position> | <rate>".
+/// "nowPlaying: <title> | <album> | <artist> | <duration> | <position> | <rate>", and with artwork
+/// " | <its file's name>".
 class FakeNowPlayingInfoCenter final : public NowPlayingInfoCenter {
  public:
   explicit FakeNowPlayingInfoCenter(std::shared_ptr<EventLog> log = makeEventLog());

@@ -33,7 +33,7 @@ PanelFixture::PanelFixture() {
   m_controller = AudioPlayerController::create(
       std::make_unique<LocalLibraryProvider>(),
       PlaybackServices{m_bundle, m_factory, m_runLoop, m_mainThread, m_remoteCommandCenter,
-                       m_nowPlayingInfoCenter, m_debugOutput});
+                       m_nowPlayingInfoCenter, m_imageDecoder, m_debugOutput});
 }
 
 std::unique_ptr<PanelWindow> PanelFixture::makePanel(PanelWindow::Style style) {

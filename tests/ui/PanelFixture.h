@@ -4,6 +4,7 @@
 #include "fakes/FakeAudioPlayerFactory.h"
 #include "fakes/FakeColorScheme.h"
 #include "fakes/FakeDebugOutput.h"
+#include "fakes/FakeImageDecoder.h"
 #include "fakes/FakeMainThread.h"
 #include "fakes/FakeNowPlayingInfoCenter.h"
 #include "fakes/FakeRemoteCommandCenter.h"
@@ -45,6 +46,7 @@ class PanelFixture : public testing::Test {
   FakeMainThread m_mainThread{m_log};
   FakeRemoteCommandCenter m_remoteCommandCenter{m_log};
   FakeNowPlayingInfoCenter m_nowPlayingInfoCenter{m_log};
+  FakeImageDecoder m_imageDecoder{m_log};
   FakeDebugOutput m_debugOutput{m_log};
   AppLocalization m_localization;
   FakeColorScheme m_colorScheme;

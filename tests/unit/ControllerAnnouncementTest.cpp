@@ -158,6 +158,7 @@ TEST_F(ControllerAnnouncementTest, ATickThatChangesNothingAnnouncesThreeWrites) 
   tick();
   EXPECT_EQ(m_log->events(),
             (Events{"mainThread: async", "objectWillChange", "objectWillChange", "objectWillChange",
+                    "bundle: CoverImages/focus-01.png",
                     "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 0 | 1"}));
 }
 

@@ -53,7 +53,9 @@ TEST_F(ControllerEffectOrderTest, FirstMood) {
                                  "objectWillChange",  // elapsedTimeText, still 0:00
                                  "objectWillChange",
                                  "durationText 2:00",
+                                 "bundle: CoverImages/focus-01.png",
                                  "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 0 | 1",
+                                 "bundle: CoverImages/focus-01.png",
                                  "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 0 | 1",
                              }));
 }
@@ -90,7 +92,9 @@ TEST_F(ControllerEffectOrderTest, TheSameMoodAgain) {
                                  "objectWillChange",  // playbackProgress
                                  "objectWillChange",  // elapsedTimeText
                                  "objectWillChange",  // durationText
+                                 "bundle: CoverImages/focus-01.png",
                                  "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 0 | 1",
+                                 "bundle: CoverImages/focus-01.png",
                                  "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 0 | 1",
                              }));
 }
@@ -131,7 +135,9 @@ TEST_F(ControllerEffectOrderTest, NextFromPaused) {
                                  "elapsedTimeText 0:00",
                                  "objectWillChange",
                                  "durationText 1:00",
+                                 "bundle: CoverImages/tempo-02.png",
                                  "nowPlaying: tempo title 2 | Mireval | Mireval \u2022 Tempo | 60 | 0 | 1",
+                                 "bundle: CoverImages/tempo-02.png",
                                  "nowPlaying: tempo title 2 | Mireval | Mireval \u2022 Tempo | 60 | 0 | 1",
                              }));
 }
@@ -165,6 +171,7 @@ TEST_F(ControllerEffectOrderTest, Pause) {
                 "isPlaying false",
                 "objectWillChange",
                 "statusDetail Paused",
+                "bundle: CoverImages/focus-01.png",
                 "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 12.5 | 0",
             }));
 }
@@ -185,6 +192,7 @@ TEST_F(ControllerEffectOrderTest, Resume) {
                 "isPlaying true",
                 "objectWillChange",
                 "statusDetail Playing",
+                "bundle: CoverImages/focus-01.png",
                 "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 12.5 | 1",
             }));
 }
@@ -203,6 +211,7 @@ TEST_F(ControllerEffectOrderTest, Tick) {
                                  "objectWillChange",
                                  "elapsedTimeText 0:30",
                                  "objectWillChange",  // durationText
+                                 "bundle: CoverImages/focus-01.png",
                                  "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 30 | 1",
                              }));
 }

@@ -7,6 +7,8 @@ namespace mireval {
 using namespace Qt::StringLiterals;
 
 ControllerFixture::ControllerFixture() {
+  // It serves the whole process, and so the tests before this one.
+  AudioPlayerController::coverImageCache().removeAll();
   auto provider = std::make_unique<FakeLibraryProvider>(m_log);
   m_provider = provider.get();
   m_controller = AudioPlayerController::create(std::move(provider), {.resourceBundle = m_bundle,
@@ -15,6 +17,7 @@ ControllerFixture::ControllerFixture() {
                                                                      .mainThread = m_mainThread,
                                                                      .remoteCommandCenter = m_remote,
                                                                      .nowPlayingInfoCenter = m_nowPlaying,
+                                                                     .imageDecoder = m_decoder,
                                                                      .debugOutput = m_debug});
 }
 

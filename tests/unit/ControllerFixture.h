@@ -3,6 +3,7 @@
 #include "fakes/EventLog.h"
 #include "fakes/FakeAudioPlayerFactory.h"
 #include "fakes/FakeDebugOutput.h"
+#include "fakes/FakeImageDecoder.h"
 #include "fakes/FakeLibraryProvider.h"
 #include "fakes/FakeMainThread.h"
 #include "fakes/FakeNowPlayingInfoCenter.h"
@@ -52,6 +53,7 @@ class ControllerFixture : public testing::Test {
   FakeMainThread m_mainThread{m_log};
   FakeRemoteCommandCenter m_remote{m_log};
   FakeNowPlayingInfoCenter m_nowPlaying{m_log};
+  FakeImageDecoder m_decoder{m_log};
   FakeDebugOutput m_debug{m_log};
   /// Owned by the controller.
   FakeLibraryProvider* m_provider = nullptr;

@@ -34,6 +34,7 @@ class ControllerMediaTest : public ControllerFixture {
                         "isPlaying false",
                         "objectWillChange",
                         "statusDetail Paused",
+                        "bundle: CoverImages/focus-01.png",
                         "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 42 | 0"};
   const Events m_resumed{"mainThread: async",
                          "player 1: play",
@@ -41,6 +42,7 @@ class ControllerMediaTest : public ControllerFixture {
                          "isPlaying true",
                          "objectWillChange",
                          "statusDetail Playing",
+                         "bundle: CoverImages/focus-01.png",
                          "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 42 | 1"};
   const Events m_nothing{"mainThread: async"};
 };
@@ -68,13 +70,14 @@ TEST_F(ControllerMediaTest, CommandsAreObeyedInTheOrderTheyArrive) {
   EXPECT_EQ(m_remote.playCommand().send(), std::vector{success});
   EXPECT_EQ(m_remote.playCommand().send(), std::vector{success});
   m_mainThread.runAll();
-  EXPECT_EQ(
-      m_log->events(),
-      (Events{"mainThread: async", "mainThread: async", "mainThread: async", "player 1: pause",
-              "objectWillChange", "isPlaying false", "objectWillChange", "statusDetail Paused",
-              "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 42 | 0", "player 1: play",
-              "objectWillChange", "isPlaying true", "objectWillChange", "statusDetail Playing",
-              "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 42 | 1"}));
+  EXPECT_EQ(m_log->events(),
+            (Events{"mainThread: async", "mainThread: async", "mainThread: async", "player 1: pause",
+                    "objectWillChange", "isPlaying false", "objectWillChange", "statusDetail Paused",
+                    "bundle: CoverImages/focus-01.png",
+                    "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 42 | 0",
+                    "player 1: play", "objectWillChange", "isPlaying true", "objectWillChange",
+                    "statusDetail Playing", "bundle: CoverImages/focus-01.png",
+                    "nowPlaying: focus title 1 | Mireval | Mireval \u2022 Focus | 120 | 42 | 1"}));
 }
 
 TEST_F(ControllerMediaTest, CommandsAreRegisteredOnce) {

@@ -101,6 +101,20 @@ TEST_F(ControllerThreadTest, CommandsAfterTheControllerAreAnsweredAndIgnored) {
   EXPECT_EQ(m_log->events(), (Events{"mainThread: async", "mainThread: async", "mainThread: async"}));
 }
 
+// Whoever shows it last is not told that the controller went.
+TEST_F(ControllerThreadTest, TheEndOfTheControllerLeavesInformationAndHandlers) {
+  const int publications = m_nowPlaying.publications();
+  m_controller.reset();
+  EXPECT_EQ(m_log->take(), Events{"player 1: destroyed"});
+  EXPECT_EQ(m_nowPlaying.publications(), publications);
+  ASSERT_TRUE(m_nowPlaying.nowPlayingInfo());
+  EXPECT_EQ(m_nowPlaying.nowPlayingInfo()->title, u"focus title 1"_s);
+  for (const FakeRemoteCommand* const command :
+       {&m_remote.playCommand(), &m_remote.pauseCommand(), &m_remote.togglePlayPauseCommand()}) {
+    EXPECT_EQ(command->send().size(), 1U);
+  }
+}
+
 TEST_F(ControllerThreadTest, NeitherClockNorCommandsKeepTheControllerAlive) {
   const std::weak_ptr<AudioPlayerController> weak = m_controller;
   m_runLoop.tick();

@@ -29,5 +29,23 @@ TEST(UnusedMemoryTest, GivesBackWhatIsNotUsedAndBreaksNothing) {
   EXPECT_LT(residentPages(), before - 2000);
 }
 
+TEST(UnusedMemoryTest, LargeBlocksGoBackAtOnce) {
+  constexpr std::size_t large = 10 << 20;
+  // Freeing a block of that size is what makes the allocator keep such blocks in the heap.
+  std::make_unique<char[]>(2 * large).reset();
+  returnLargeBlocksAtOnce();
+  std::vector<std::unique_ptr<char[]>> blocks;
+  std::vector<std::unique_ptr<char[]>> behind;
+  for (int i = 0; i < 4; ++i) {
+    blocks.push_back(std::make_unique<char[]>(large));
+    for (int piece = 0; piece < 200; ++piece) {
+      behind.push_back(std::make_unique<char[]>(4096));
+    }
+  }
+  const long before = residentPages();
+  blocks.clear();
+  EXPECT_LT(residentPages(), before - 9000);
+}
+
 }  // namespace
 }  // namespace mireval

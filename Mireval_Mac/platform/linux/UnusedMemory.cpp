@@ -35,4 +35,12 @@ void releaseUnusedMemory() {
   dl_iterate_phdr(releaseCode, nullptr);
 }
 
+void returnLargeBlocksAtOnce() {
+  // The size from which a block gets a map of its own. It is glibc's first value too, but unless it is set,
+  // freeing one large block raises it beyond that block's size, and the next ones come from the heap, where
+  // anything behind them keeps them.
+  constexpr int bytes = 128 * 1024;
+  mallopt(M_MMAP_THRESHOLD, bytes);
+}
+
 }  // namespace mireval

@@ -8,4 +8,8 @@ namespace mireval {
 /// thread.
 void releaseUnusedMemory();
 
+/// From now on every large block of memory, such as a decoded picture, goes back to the system as soon as it
+/// is freed. To be called once, early.
+void returnLargeBlocksAtOnce();
+
 }  // namespace mireval
