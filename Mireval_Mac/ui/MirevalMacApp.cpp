@@ -6,6 +6,7 @@
 #include "platform/NoRemoteCommandCenter.h"
 #include "platform/linux/DisplayServer.h"
 #include "platform/linux/FolderResourceBundle.h"
+#include "platform/linux/KernelMemoryPressure.h"
 #include "platform/linux/LazyAudioPlayerFactory.h"
 #include "platform/linux/PaletteColorScheme.h"
 #include "platform/linux/QtImageDecoder.h"
@@ -41,6 +42,7 @@ int runScenes() {
   PaletteColorScheme colorScheme;
   X11Compositor compositor;
   SystemTrayMenuBarExtra menuBarExtra;
+  const KernelMemoryPressure memoryPressure;
 
   const std::shared_ptr<AudioPlayerController> audioPlayer =
       AudioPlayerController::create(std::make_unique<LocalLibraryProvider>(),
@@ -58,6 +60,10 @@ int runScenes() {
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
                    [&audioPlayerFactory] { audioPlayerFactory.warmUp(); });
   QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, releaseUnusedMemory);
+  QObject::connect(&memoryPressure, &MemoryPressure::memoryIsShort, &scene, [] {
+    AudioPlayerController::coverImageCache().releaseUnused();
+    releaseUnusedMemory();
+  });
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
   scene.show(resourceBundle.folder() / "MenuBarIcon.png");
   return QCoreApplication::exec();
