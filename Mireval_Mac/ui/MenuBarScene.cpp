@@ -29,7 +29,18 @@ void MenuBarScene::toggle(QPoint where) {
   if (m_panel) {
     close();
   } else if (!m_sinceTurningAway.isValid() || m_sinceTurningAway.hasExpired(reopeningGuardMs)) {
+    m_lastPlace = where;
     open(PanelWindow::Style::dropDown, where);
+  }
+}
+
+void MenuBarScene::showPanel() {
+  if (m_panel) {
+    m_panel->bringToFront();
+  } else if (m_lastPlace && m_surroundings.menuBarExtra.isPlaced()) {
+    open(PanelWindow::Style::dropDown, *m_lastPlace);
+  } else {
+    open(PanelWindow::Style::framed, {});
   }
 }
 

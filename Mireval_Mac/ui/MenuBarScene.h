@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace mireval {
@@ -40,6 +41,10 @@ class MenuBarScene final : public QObject {
   /// Shows the image file as the icon.
   void show(const std::filesystem::path& icon);
 
+  /// Opens the panel where it was opened last, or as a framed window where there is no such place. An open
+  /// panel comes to the front.
+  void showPanel();
+
   /// The open panel, or nullptr.
   PanelWindow* panel() const { return m_panel.get(); }
 
@@ -61,6 +66,7 @@ class MenuBarScene final : public QObject {
 
   const Surroundings m_surroundings;
   std::unique_ptr<PanelWindow> m_panel;
+  std::optional<QPoint> m_lastPlace;
   // Closed from inside its own event handlers, a panel is deleted by the event loop, at the latest with us.
   std::vector<std::unique_ptr<PanelWindow>> m_closedPanels;
   QElapsedTimer m_sinceTurningAway;

@@ -2,12 +2,11 @@
 
 #include "library/LocalLibraryProvider.h"
 #include "localization/AppLocalization.h"
-#include "platform/NoNowPlayingInfoCenter.h"
-#include "platform/NoRemoteCommandCenter.h"
 #include "platform/linux/DisplayServer.h"
 #include "platform/linux/FolderResourceBundle.h"
 #include "platform/linux/KernelMemoryPressure.h"
 #include "platform/linux/LazyAudioPlayerFactory.h"
+#include "platform/linux/MprisMediaControls.h"
 #include "platform/linux/PaletteColorScheme.h"
 #include "platform/linux/QtImageDecoder.h"
 #include "platform/linux/QtMainThread.h"
@@ -34,8 +33,8 @@ int runScenes() {
   FolderResourceBundle resourceBundle = FolderResourceBundle::ofApplication();
   LazyAudioPlayerFactory audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication());
   QtRunLoop runLoop;
-  NoRemoteCommandCenter remoteCommandCenter;
-  NoNowPlayingInfoCenter nowPlayingInfoCenter;
+  MprisMediaControls mediaControls({.identity = QGuiApplication::applicationDisplayName().toUtf8(),
+                                    .desktopEntry = QGuiApplication::desktopFileName().toUtf8()});
   QtImageDecoder imageDecoder;
   StandardOutput debugOutput;
   QtMainThread mainThread;
@@ -50,11 +49,14 @@ int runScenes() {
                                      .audioPlayerFactory = audioPlayerFactory,
                                      .runLoop = runLoop,
                                      .mainThread = mainThread,
-                                     .remoteCommandCenter = remoteCommandCenter,
-                                     .nowPlayingInfoCenter = nowPlayingInfoCenter,
+                                     .remoteCommandCenter = mediaControls,
+                                     .nowPlayingInfoCenter = mediaControls,
                                      .imageDecoder = imageDecoder,
                                      .debugOutput = debugOutput});
   AppLocalization localization;
+  mediaControls.setVolume(audioPlayer->volume());
+  QObject::connect(audioPlayer.get(), &AudioPlayerController::volumeChanged, &mediaControls,
+                   [&mediaControls, player = audioPlayer.get()] { mediaControls.setVolume(player->volume()); });
 
   MenuBarScene scene({menuBarExtra, colorScheme, compositor, *audioPlayer, localization});
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
@@ -64,6 +66,8 @@ int runScenes() {
     AudioPlayerController::coverImageCache().releaseUnused();
     releaseUnusedMemory();
   });
+  QObject::connect(&mediaControls, &MprisMediaControls::raiseRequested, &scene, &MenuBarScene::showPanel,
+                   Qt::QueuedConnection);
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
   scene.show(resourceBundle.folder() / "MenuBarIcon.png");
   return QCoreApplication::exec();

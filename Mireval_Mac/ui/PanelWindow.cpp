@@ -82,6 +82,13 @@ void PanelWindow::open(QPoint click) {
   }
 }
 
+void PanelWindow::bringToFront() {
+  // A framed window may be minimised.
+  setWindowStates(windowStates() & ~Qt::WindowMinimized);
+  raise();
+  requestActivate();
+}
+
 void PanelWindow::grabPointer(int attemptsLeft) {
   // The tray that was clicked may still hold the pointer.
   if (isVisible() && !setMouseGrabEnabled(true) && attemptsLeft > 1) {

@@ -40,6 +40,9 @@ class PanelWindow final : public QQuickView {
   /// Shows the window: a drop-down beside `click`, a framed window where the desktop puts it.
   void open(QPoint click);
 
+  /// Makes sure that the open window is seen and has the keyboard.
+  void bringToFront();
+
  Q_SIGNALS:
   /// The user is done with the window. It is hidden already and may be deleted, though not in a direct
   /// connection.

@@ -81,6 +81,42 @@ TEST_F(MenuBarSceneTest, PlaybackGoesOnWhileThePanelIsClosed) {
   EXPECT_EQ(text(*m_scene.panel(), "title"), m_controller->currentTrack()->title);
 }
 
+TEST_F(MenuBarSceneTest, ShownFromElsewhereThePanelOpensWhereItWasLast) {
+  m_menuBarExtra.click(iconPlace);
+  const QPoint place = m_scene.panel()->position();
+  m_menuBarExtra.click(iconPlace);
+  m_scene.showPanel();
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_TRUE(m_scene.panel()->isVisible());
+  EXPECT_TRUE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_EQ(m_scene.panel()->position(), place);
+}
+
+TEST_F(MenuBarSceneTest, ShownTwiceThePanelStaysOpen) {
+  m_menuBarExtra.click(iconPlace);
+  const QSignalSpy willOpen(&m_scene, &MenuBarScene::panelWillOpen);
+  const PanelWindow* const panel = m_scene.panel();
+  m_scene.showPanel();
+  m_scene.showPanel();
+  EXPECT_EQ(m_scene.panel(), panel);
+  EXPECT_TRUE(panel->isVisible());
+  EXPECT_EQ(willOpen.size(), 0);
+}
+
+TEST_F(MenuBarSceneTest, ShownFromElsewhereTheWindowComesBackFromBeingMinimised) {
+  m_menuBarExtra.findNoPlace();
+  m_scene.panel()->showMinimized();
+  ASSERT_TRUE(m_scene.panel()->windowStates().testFlag(Qt::WindowMinimized));
+  m_scene.showPanel();
+  EXPECT_FALSE(m_scene.panel()->windowStates().testFlag(Qt::WindowMinimized));
+}
+
+TEST_F(MenuBarSceneTest, WithoutAPlaceThePanelIsShownAsAWindow) {
+  m_scene.showPanel();
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_FALSE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
+}
+
 TEST_F(MenuBarSceneTest, QuitIsPassedOn) {
   const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
   m_menuBarExtra.click(iconPlace);

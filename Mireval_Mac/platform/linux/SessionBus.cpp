@@ -1,0 +1,93 @@
+#include "platform/linux/SessionBus.h"
+
+#include <QMetaObject>
+
+#include <systemd/sd-bus.h>
+
+#include <poll.h>
+
+#include <cstdint>
+
+namespace mireval {
+namespace {
+
+// Between these the event loop gets its turn, however many calls a client sends.
+constexpr int messagesAtATime = 32;
+
+}  // namespace
+
+SessionBus::SessionBus() = default;
+
+SessionBus::~SessionBus() {
+  close();
+}
+
+void SessionBus::Close::operator()(sd_bus* connection) const {
+  // Not flushed: that would wait for a bus that does not read.
+  sd_bus_close_unref(connection);
+}
+
+bool SessionBus::open() {
+  close();
+  sd_bus* connection = nullptr;
+  if (sd_bus_open_user(&connection) < 0) {
+    return false;
+  }
+  m_connection.reset(connection);
+  watch();
+  return isOpen();
+}
+
+void SessionBus::process() {
+  m_processingSoon = false;
+  for (int i = 0; isOpen() && i < messagesAtATime; ++i) {
+    const int progress = sd_bus_process(m_connection.get(), nullptr);
+    if (progress < 0) {
+      close();
+      Q_EMIT lost();
+      return;
+    }
+    if (progress == 0) {
+      break;
+    }
+  }
+  watch();
+}
+
+void SessionBus::watch() {
+  if (!isOpen()) {
+    return;
+  }
+  // Another one after a bus with several addresses did not answer at the first.
+  const int descriptor = sd_bus_get_fd(m_connection.get());
+  const int events = sd_bus_get_events(m_connection.get());
+  std::uint64_t due = UINT64_MAX;
+  const int hasDue = sd_bus_get_timeout(m_connection.get(), &due);
+  if (descriptor >= 0 && descriptor != m_descriptor) {
+    m_descriptor = descriptor;
+    m_readable = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+    m_writable = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Write);
+    connect(m_readable.get(), &QSocketNotifier::activated, this, &SessionBus::process);
+    connect(m_writable.get(), &QSocketNotifier::activated, this, &SessionBus::process);
+  }
+  if (m_readable) {
+    m_readable->setEnabled((events & POLLIN) != 0);
+    m_writable->setEnabled((events & POLLOUT) != 0);
+  }
+  // Messages that were read already make no descriptor readable. Other times are left alone: an answer of the
+  // bus that is long in coming is still welcome.
+  const bool pending = hasDue >= 0 && due == 0;
+  if ((descriptor < 0 || events < 0 || pending) && !m_processingSoon) {
+    m_processingSoon = true;
+    QMetaObject::invokeMethod(this, &SessionBus::process, Qt::QueuedConnection);
+  }
+}
+
+void SessionBus::close() {
+  m_readable.reset();
+  m_writable.reset();
+  m_descriptor = -1;
+  m_connection.reset();
+}
+
+}  // namespace mireval

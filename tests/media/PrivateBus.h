@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+namespace mireval {
+
+/// A message bus of the test's own, at an address that stays the same when it is started again. While the
+/// object lives, it is the session bus of this process.
+class PrivateBus {
+ public:
+  PrivateBus();
+  PrivateBus(const PrivateBus&) = delete;
+  PrivateBus& operator=(const PrivateBus&) = delete;
+  ~PrivateBus();
+
+  QString address() const;
+
+  /// Starts the bus and waits until it takes connections.
+  void start();
+  /// Ends it at once, as a crash would.
+  void kill();
+  /// Makes it stand still, and go on.
+  void freeze() const;
+  void thaw() const;
+
+ private:
+  const QTemporaryDir m_folder;
+  QProcess m_daemon;
+};
+
+}  // namespace mireval
