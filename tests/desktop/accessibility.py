@@ -4,9 +4,13 @@ import json
 import subprocess
 from dataclasses import dataclass
 
+from bus_connection import BusConnection
+
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 COMPONENT = "org.a11y.atspi.Component"
 SCREEN_COORDINATES = "0"
+# Elements that an application tells of are numbered from one.
+LAST_TOLD_ELEMENT = 30
 
 
 @dataclass(frozen=True)
@@ -29,6 +33,11 @@ class Accessibility:
     def __init__(self, environment):
         self._environment = environment
         self._address = None
+        self._listener = None
+
+    def close(self):
+        if self._listener:
+            self._listener.close()
 
     def _busctl(self, *arguments):
         """The reply's values; None when the object is gone, as elements may be at any time."""
@@ -54,16 +63,38 @@ class Accessibility:
             return None
         return Element(title, role[0], *extents[0])
 
-    def elements(self, application):
-        """All named elements of the running application of that name, depth first."""
+    def _roots_of(self, application):
         if not self._connect():
             return []
-        found = []
         roots = self._call("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root", ACCESSIBLE, "GetChildren")
-        for name, path in (roots or [[]])[0]:
-            title = self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE, "Name")
-            if title == application:
-                self._collect(name, path, found)
+        return [(name, path) for name, path in (roots or [[]])[0]
+                if self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE,
+                                "Name") == application]
+
+    def elements(self, application):
+        """All named elements of the running application of that name, depth first."""
+        found = []
+        for name, path in self._roots_of(application):
+            self._collect(name, path, found)
+        return found
+
+    def listen(self):
+        """Lets applications tell of what they open from now on, for `opened_elements`."""
+        assert self._connect(), "no accessibility bus"
+        self._listener = BusConnection(self._address)
+        self._listener.send("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry",
+                            "RegisterEvent", "sass", "object:state-changed", [], "")
+        assert self._listener.receive_answers(1) == 1, "no events from the accessibility bus"
+
+    def opened_elements(self, application):
+        """All named elements of what has opened outside of the application's windows, as the menus of a panel's
+        plugins do."""
+        found = []
+        for name, _ in self._roots_of(application):
+            for number in range(1, LAST_TOLD_ELEMENT + 1):
+                path = f"/org/a11y/atspi/accessible/{number}"
+                if (element := self._describe(name, path)) is not None and element.role == "window":
+                    self._collect(name, path, found)
         return found
 
     def _collect(self, name, path, found):

@@ -5,67 +5,14 @@ usage: desktop_test.py [test class], with MIREVAL_PROGRAM (the player), MIREVAL_
 the build tree) and MIREVAL_SCREENSHOTS (a folder) in the environment
 """
 
-import os
-import shutil
-import subprocess
 import sys
 import time
 import unittest
-from pathlib import Path
 
+from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
 from player import Player
-from session import Session, wait_for
-from sound import Recorder, is_silent, pitch
-
-PROGRAM = os.environ["MIREVAL_PROGRAM"]
-BUNDLE = Path(os.environ["MIREVAL_BUNDLE"])
-SCREENSHOTS = Path(os.environ["MIREVAL_SCREENSHOTS"])
-TRACKS_PER_MODE = 16
-
-
-def frequency_of(track):
-    return 300 + 40 * track
-
-
-def make_tones(folder, seconds, modes=("focus",)):
-    """A resource folder in which the tracks of a mode are tones of different pitch."""
-    audio = folder / "PreviewAudio"
-    audio.mkdir(parents=True)
-    shutil.copy(BUNDLE / "MenuBarIcon.png", folder)
-    for mode in modes:
-        for track in range(1, TRACKS_PER_MODE + 1):
-            subprocess.run(
-                ["ffmpeg", "-v", "error", "-nostdin", "-f", "lavfi", "-i",
-                 f"sine=frequency={frequency_of(track)}:duration={seconds}", "-c:a", "aac", "-b:a", "96k",
-                 folder / "PreviewAudio" / f"{mode}-{track}.m4a"], check=True, timeout=60)
-    return folder
-
-
-class DesktopTest(unittest.TestCase):
-    """A private desktop of the given kind for each test."""
-
-    desktop = {}
-
-    def setUp(self):
-        self.session = Session(SCREENSHOTS, **self.desktop)
-        self.addCleanup(self.session.end)
-
-    def listen(self):
-        return Recorder(self.session, "null.monitor")
-
-    def hear_sound(self, recorder, seconds=10):
-        wait_for(lambda: not is_silent(recorder.next(0.2)), "sound", seconds)
-
-    def hear_silence(self, recorder, seconds=5):
-        wait_for(lambda: is_silent(recorder.next(0.5)), "silence", seconds)
-
-    def hear_tone(self, recorder, seconds=10):
-        """The track whose steady tone is heard now."""
-        def track():
-            heard = pitch(recorder.next(0.3))
-            return next((number for number in range(1, TRACKS_PER_MODE + 1)
-                         if abs(frequency_of(number) - heard) < 5), None)
-        return wait_for(track, "one of the tones", seconds)
+from session import wait_for
+from sound import is_silent
 
 
 class SoundtrackTest(DesktopTest):

@@ -1,16 +1,21 @@
 """The player under test, and what its user sees and does."""
 
 import subprocess
+from pathlib import Path
 
+from screen import ICON_COLOUR
 from session import wait_for
 
 
 class Player:
-    def __init__(self, session, program, resources=None):
+    def __init__(self, session, program, resources=None, *, name="player", environment=None):
+        """Players that run at the same time need different names."""
         self._session = session
-        self._stdout = session.folder / "player.out"
-        self._stderr = session.folder / "player.err"
-        environment = {"MIREVAL_RESOURCES": str(resources)} if resources else {}
+        self._stdout = session.folder / f"{name}.out"
+        self._stderr = session.folder / f"{name}.err"
+        environment = dict(environment or {})
+        if resources:
+            environment["MIREVAL_RESOURCES"] = str(resources)
         with open(self._stdout, "wb") as stdout, open(self._stderr, "wb") as stderr:
             self.process = session.start([program], environment=environment, stdout=stdout, stderr=stderr)
 
@@ -31,8 +36,12 @@ class Player:
         except subprocess.TimeoutExpired:
             raise AssertionError(f"the player still runs after {seconds} s") from None
 
-    def find_icon(self):
-        return wait_for(lambda: self._session.screenshot("icon").icon_centre(), "the icon in the tray")
+    def find_icon(self, colour=ICON_COLOUR):
+        return wait_for(lambda: self._session.screenshot("icon").icon_centre(colour), "the icon in the tray")
+
+    def resident_kilobytes(self):
+        status = Path(f"/proc/{self.process.pid}/status").read_text(encoding="utf-8")
+        return next(int(line.split()[1]) for line in status.splitlines() if line.startswith("VmRSS:"))
 
     def texts(self):
         """The names of all that the panel shows; nothing while it is closed."""
@@ -47,9 +56,13 @@ class Player:
     def wait_until_closed(self):
         wait_for(lambda: not self.texts(), "the panel to close")
 
-    def press(self, button):
+    def find_button(self, button):
+        """The centre of a button in the panel."""
         found = wait_for(
             lambda: [element for element in self._elements()
                      if element.name == button and element.role in ("push button", "button")],
             f"the button '{button}'")
-        self._session.click(found[0].centre)
+        return found[0].centre
+
+    def press(self, button):
+        self._session.click(self.find_button(button))

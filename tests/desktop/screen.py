@@ -1,8 +1,8 @@
 """Pictures of the screen."""
 
-import struct
 import subprocess
-import zlib
+
+from png import write_png
 
 # The main colour of the tray icon.
 ICON_COLOUR = (0x5A, 0x48, 0xE0)
@@ -20,15 +20,15 @@ class Screenshot:
         start = 3 * (y * self.width + x)
         return tuple(self.pixels[start:start + 3])
 
-    def icon_centre(self):
-        """The centre of the area in the icon's colour, or None."""
+    def icon_centre(self, colour=ICON_COLOUR):
+        """The centre of the area in the colour, or None."""
         points = []
         for y in range(self.height):
             row = self.pixels[3 * y * self.width:3 * (y + 1) * self.width]
             # The blue channel sorts out nearly all of a grey desktop at once.
             for x, blue in enumerate(row[2::3]):
-                if abs(blue - ICON_COLOUR[2]) < 20 and all(
-                        abs(row[3 * x + channel] - ICON_COLOUR[channel]) < 20 for channel in (0, 1)):
+                if abs(blue - colour[2]) < 20 and all(
+                        abs(row[3 * x + channel] - colour[channel]) < 20 for channel in (0, 1)):
                     points.append((x, y))
         if len(points) < 60:
             return None
@@ -36,11 +36,4 @@ class Screenshot:
         return (min(xs) + max(xs)) // 2, (min(ys) + max(ys)) // 2
 
     def save(self, path):
-        def chunk(kind, data):
-            body = kind + data
-            return struct.pack(">I", len(data)) + body + struct.pack(">I", zlib.crc32(body))
-
-        rows = b"".join(b"\0" + self.pixels[3 * y * self.width:3 * (y + 1) * self.width] for y in range(self.height))
-        header = struct.pack(">IIBBBBB", self.width, self.height, 8, 2, 0, 0, 0)
-        path.write_bytes(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(rows))
-                         + chunk(b"IEND", b""))
+        write_png(path, self.width, self.height, self.pixels)

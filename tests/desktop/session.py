@@ -44,8 +44,41 @@ def _children_of(pid):
     return children
 
 
+# A panel with a tray, and with a menu of the media players on the bus.
+PANEL_WITH_PLAYERS = """<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="size" type="uint" value="26"/>
+      <property name="plugin-ids" type="array">
+        <value type="int" value="1"/>
+        <value type="int" value="2"/>
+        <value type="int" value="3"/>
+      </property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="separator">
+      <property name="expand" type="bool" value="true"/>
+    </property>
+    <property name="plugin-2" type="string" value="systray"/>
+    <property name="plugin-3" type="string" value="pulseaudio">
+      <property name="enable-mpris" type="bool" value="true"/>
+    </property>
+  </property>
+</channel>
+"""
+# The middle of the button that opens the menu.
+PLAYERS_MENU = (1267, 13)
+
+
 class Session:
-    def __init__(self, screenshots, *, screen=True, tray=True, sound=True):
+    def __init__(self, screenshots, *, screen=True, tray=True, sound=True, players_in_panel=False):
         # Services that the bus starts are then our children in the end, and can be found and ended.
         LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1)
         self._folder = tempfile.TemporaryDirectory(prefix="mireval-desktop-", ignore_cleanup_errors=True)
@@ -53,20 +86,22 @@ class Session:
         self._screenshots = Path(screenshots)
         self._screenshots.mkdir(parents=True, exist_ok=True)
         self.environment = self._private_environment()
+        self.accessibility = Accessibility(self.environment)
         self._processes = []
         try:
-            self._start_bus()
+            self.start_bus()
             if screen:
                 self._start_screen()
             if sound:
                 self._start_sound_server()
+            if players_in_panel:
+                self._configure_panel(PANEL_WITH_PLAYERS)
             if tray:
                 self.start(["xfce4-panel", "--disable-wm-check"])
                 wait_for(lambda: self._bus_has("org.kde.StatusNotifierWatcher"), "the tray", 30)
         except BaseException:
             self.end()
             raise
-        self.accessibility = Accessibility(self.environment)
 
     def _private_environment(self):
         environment = {name: os.environ[name] for name in ("PATH", "LANG", "LD_LIBRARY_PATH", "ASAN_OPTIONS",
@@ -77,6 +112,7 @@ class Session:
             path = self.folder / folder
             path.mkdir(mode=0o700)
             environment[name] = str(path)
+        environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/bus"
         client = self.folder / "pulse-client.conf"
         client.write_text("autospawn = no\n")
         environment["PULSE_CLIENTCONFIG"] = str(client)
@@ -94,12 +130,11 @@ class Session:
     def run(self, *command):
         return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=20)
 
-    def _start_announcing(self, command, option):
-        """Starts a server that writes where it is to a descriptor, and returns that text."""
+    def _start_announcing(self, *command):
+        """Starts a server that writes where it is to the descriptor "{}"; returns the process and that text."""
         reader, writer = os.pipe()
         try:
-            self.start([*command, option.format(writer)] if "{}" in option else [*command, option, str(writer)],
-                       pass_fds=[writer])
+            process = self.start([part.format(writer) for part in command], pass_fds=[writer])
             os.close(writer)
             text = ""
             # Up to the newline: a server that cannot write all of it may end.
@@ -113,18 +148,31 @@ class Session:
             os.close(reader)
         if not text:
             raise AssertionError(f"{command[0]} did not start")
-        return text
+        return process, text
 
-    def _start_bus(self):
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_announcing(
-            ["dbus-daemon", "--session", "--nofork"], "--print-address={}")
+    def start_bus(self):
+        """Starts the message bus, always at the same address."""
+        address = self.environment["DBUS_SESSION_BUS_ADDRESS"]
+        self._bus, _ = self._start_announcing("dbus-daemon", "--session", "--nofork", f"--address={address}",
+                                              "--print-address={}")
+
+    def stop_bus(self):
+        """Ends the message bus, and with it what cannot live without one, such as the desktop's panel."""
+        self._bus.kill()
+        self._bus.wait(10)
+
+    def _configure_panel(self, configuration):
+        folder = Path(self.environment["XDG_CONFIG_HOME"], "xfce4/xfconf/xfce-perchannel-xml")
+        folder.mkdir(parents=True)
+        (folder / "xfce4-panel.xml").write_text(configuration, encoding="utf-8")
 
     def _bus_has(self, name):
         return "true" in self.run("busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus",
                                   "org.freedesktop.DBus", "NameHasOwner", "s", name).stdout
 
     def _start_screen(self):
-        display = self._start_announcing(["Xvfb", "-screen", "0", "1280x800x24", "-nolisten", "tcp"], "-displayfd")
+        _, display = self._start_announcing("Xvfb", "-screen", "0", "1280x800x24", "-nolisten", "tcp",
+                                            "-displayfd", "{}")
         self.environment["DISPLAY"] = f":{display}"
         self.start(["openbox"])
         wait_for(lambda: self.run("xdotool", "get_desktop").returncode == 0, "the window manager")
@@ -151,6 +199,7 @@ class Session:
 
     def end(self):
         """Ends every process that was started here, also by one of them."""
+        self.accessibility.close()
         for process in self._processes:
             process.kill()
             process.wait(10)

@@ -56,3 +56,13 @@ def pitch(samples):
     if len(crossings) < 2:
         return math.nan
     return (len(crossings) - 1) * RATE / (crossings[-1] - crossings[0])
+
+
+def longest_silence(samples):
+    """The seconds of the longest silence in it, in steps of a hundredth."""
+    step = RATE // 100
+    longest = current = 0
+    for start in range(0, len(samples) - step + 1, step):
+        current = current + 1 if is_silent(samples[start:start + step]) else 0
+        longest = max(longest, current)
+    return longest / 100

@@ -31,12 +31,13 @@ TEST(UnusedMemoryTest, GivesBackWhatIsNotUsedAndBreaksNothing) {
 
 TEST(UnusedMemoryTest, LargeBlocksGoBackAtOnce) {
   constexpr std::size_t large = 10 << 20;
+  constexpr int count = 12;
   // Freeing a block of that size is what makes the allocator keep such blocks in the heap.
   std::make_unique<char[]>(2 * large).reset();
   returnLargeBlocksAtOnce();
   std::vector<std::unique_ptr<char[]>> blocks;
   std::vector<std::unique_ptr<char[]>> behind;
-  for (int i = 0; i < 4; ++i) {
+  for (int i = 0; i < count; ++i) {
     blocks.push_back(std::make_unique<char[]>(large));
     for (int piece = 0; piece < 200; ++piece) {
       behind.push_back(std::make_unique<char[]>(4096));
@@ -44,7 +45,9 @@ TEST(UnusedMemoryTest, LargeBlocksGoBackAtOnce) {
   }
   const long before = residentPages();
   blocks.clear();
-  EXPECT_LT(residentPages(), before - 9000);
+  // The first blocks may have found room in the heap of the tests before this one.
+  constexpr long pages = count / 2 * (large / 4096);
+  EXPECT_LT(residentPages(), before - pages);
 }
 
 }  // namespace

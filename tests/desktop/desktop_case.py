@@ -1,0 +1,78 @@
+"""What the desktop's tests have in common. The player, its resources in the build tree and the folder for
+screenshots come from the environment.
+"""
+
+import os
+import shutil
+import subprocess
+import unittest
+from pathlib import Path
+
+from png import write_png
+from session import Session, wait_for
+from sound import Recorder, is_silent, pitch
+
+PROGRAM = os.environ["MIREVAL_PROGRAM"]
+BUNDLE = Path(os.environ["MIREVAL_BUNDLE"])
+SCREENSHOTS = Path(os.environ["MIREVAL_SCREENSHOTS"])
+TRACKS_PER_MODE = 16
+COVERS_PER_MODE = 10
+
+
+def frequency_of(track):
+    return 300 + 40 * track
+
+
+def make_tones(folder, seconds, modes=("focus",)):
+    """A resource folder in which the tracks of a mode are tones of different pitch."""
+    audio = folder / "PreviewAudio"
+    audio.mkdir(parents=True)
+    shutil.copy(BUNDLE / "MenuBarIcon.png", folder)
+    for mode in modes:
+        for track in range(1, TRACKS_PER_MODE + 1):
+            subprocess.run(
+                ["ffmpeg", "-v", "error", "-nostdin", "-f", "lavfi", "-i",
+                 f"sine=frequency={frequency_of(track)}:duration={seconds}", "-c:a", "aac", "-aac_coder", "fast",
+                 "-b:a", "96k", folder / "PreviewAudio" / f"{mode}-{track}.m4a"], check=True, timeout=60)
+    return folder
+
+
+def cover_colour(position):
+    return 40 + 10 * position, 90, 230 - 10 * position
+
+
+def make_covers(folder, mode="focus"):
+    """Adds one-coloured covers for the positions in the playlist that have one of their own."""
+    covers = folder / "CoverImages"
+    covers.mkdir()
+    for position in range(1, COVERS_PER_MODE + 1):
+        side = 200
+        write_png(covers / f"{mode}-{position:02}.png", side, side, bytes(cover_colour(position)) * side * side)
+    return folder
+
+
+class DesktopTest(unittest.TestCase):
+    """A private desktop of the given kind for each test."""
+
+    desktop = {}
+
+    def setUp(self):
+        self.session = Session(SCREENSHOTS, **self.desktop)
+        self.addCleanup(self.session.end)
+
+    def listen(self):
+        return Recorder(self.session, "null.monitor")
+
+    def hear_sound(self, recorder, seconds=10):
+        wait_for(lambda: not is_silent(recorder.next(0.2)), "sound", seconds)
+
+    def hear_silence(self, recorder, seconds=5):
+        wait_for(lambda: is_silent(recorder.next(0.5)), "silence", seconds)
+
+    def hear_tone(self, recorder, seconds=10):
+        """The track whose steady tone is heard now."""
+        def track():
+            heard = pitch(recorder.next(0.3))
+            return next((number for number in range(1, TRACKS_PER_MODE + 1)
+                         if abs(frequency_of(number) - heard) < 5), None)
+        return wait_for(track, "one of the tones", seconds)
