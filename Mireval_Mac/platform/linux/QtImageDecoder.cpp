@@ -28,7 +28,6 @@ bool open(QImageReader& reader, const std::filesystem::path& file) {
     return false;
   }
   reader.setFileName(QFile::decodeName(file.c_str()));
-  reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
   // Qt itself would refuse it too, but with a warning, and not before scaling what can be read line by line.
   return reader.canRead() && !reader.size().isEmpty() && fitsAllocationLimit(reader);
