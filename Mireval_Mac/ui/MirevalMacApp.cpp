@@ -43,20 +43,20 @@ int runScenes() {
   SystemTrayMenuBarExtra menuBarExtra;
   const KernelMemoryPressure memoryPressure;
 
-  const std::shared_ptr<AudioPlayerController> audioPlayer =
-      AudioPlayerController::create(std::make_unique<LocalLibraryProvider>(),
-                                    {.resourceBundle = resourceBundle,
-                                     .audioPlayerFactory = audioPlayerFactory,
-                                     .runLoop = runLoop,
-                                     .mainThread = mainThread,
-                                     .remoteCommandCenter = mediaControls,
-                                     .nowPlayingInfoCenter = mediaControls,
-                                     .imageDecoder = imageDecoder,
-                                     .debugOutput = debugOutput});
+  const std::shared_ptr<AudioPlayerController> audioPlayer = AudioPlayerController::create(
+      std::make_unique<LocalLibraryProvider>(), {.resourceBundle = resourceBundle,
+                                                 .audioPlayerFactory = audioPlayerFactory,
+                                                 .runLoop = runLoop,
+                                                 .mainThread = mainThread,
+                                                 .remoteCommandCenter = mediaControls,
+                                                 .nowPlayingInfoCenter = mediaControls,
+                                                 .imageDecoder = imageDecoder,
+                                                 .debugOutput = debugOutput});
   AppLocalization localization;
   mediaControls.setVolume(audioPlayer->volume());
-  QObject::connect(audioPlayer.get(), &AudioPlayerController::volumeChanged, &mediaControls,
-                   [&mediaControls, player = audioPlayer.get()] { mediaControls.setVolume(player->volume()); });
+  QObject::connect(
+      audioPlayer.get(), &AudioPlayerController::volumeChanged, &mediaControls,
+      [&mediaControls, player = audioPlayer.get()] { mediaControls.setVolume(player->volume()); });
 
   MenuBarScene scene({menuBarExtra, colorScheme, compositor, *audioPlayer, localization});
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
