@@ -50,7 +50,7 @@ class QtImageDecoderTest : public testing::Test {
         image.setPixel(x, y, x < width / 2 ? qRgb(255, 0, 0) : qRgb(0, 0, 255));
       }
     }
-    return image.convertToFormat(format);
+    return image.convertToFormat(format, Qt::ThresholdDither);
   }
 
   QByteArray bytesOf(const fs::path& file) const {
@@ -99,7 +99,10 @@ TEST_F(QtImageDecoderTest, EveryKindOfPngIsDecoded) {
       const QImage thumbnail = m_decoder.thumbnail(file, 80);
       EXPECT_EQ(thumbnail.width(), std::min(width, 80)) << format;
       const QColor left = m_decoder.image(file).pixelColor(width / 4, width / 8);
-      EXPECT_EQ(thumbnail.pixelColor(thumbnail.width() / 4, thumbnail.height() / 4), left) << format;
+      const QColor same = thumbnail.pixelColor(thumbnail.width() / 4, thumbnail.height() / 4);
+      EXPECT_NEAR(same.red(), left.red(), 2) << format;
+      EXPECT_NEAR(same.green(), left.green(), 2) << format;
+      EXPECT_NEAR(same.blue(), left.blue(), 2) << format;
     }
   }
 }
