@@ -171,7 +171,8 @@ class Session:
                                   "org.freedesktop.DBus", "NameHasOwner", "s", name).stdout
 
     def _start_screen(self):
-        _, display = self._start_announcing("Xvfb", "-screen", "0", "1280x800x24", "-nolisten", "tcp",
+        # Without a reset whenever its last client leaves: it would take a window manager that is just coming along.
+        _, display = self._start_announcing("Xvfb", "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset",
                                             "-displayfd", "{}")
         self.environment["DISPLAY"] = f":{display}"
         self.start(["openbox"])
