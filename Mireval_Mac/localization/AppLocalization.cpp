@@ -1,9 +1,24 @@
 #include "localization/AppLocalization.h"
 
+#include "localization/SymbolLabels.h"
+#include "platform/LocaleChanges.h"
+#include "platform/MainThread.h"
+#include "platform/SystemLanguages.h"
+#include "platform/UserDefaults.h"
+
+#include <QPointer>
+#include <QStringList>
+
+#include <algorithm>
 #include <array>
+#include <initializer_list>
+#include <optional>
+#include <utility>
 
 namespace mireval {
 namespace {
+
+constexpr QStringView languageOptionKey = u"app.language.option";
 
 QString fixedMoodTitle(Mood mood) {
   static constexpr std::array<QLatin1String, allMoods.size()> titles{
@@ -11,27 +26,144 @@ QString fixedMoodTitle(Mood mood) {
   return titles.at(static_cast<std::size_t>(mood));
 }
 
+/// Points to the text, which is static, instead of copying it.
+QString sharedText(QStringView text) {
+  return QString::fromRawData(text.data(), text.size());
+}
+
+template <typename Key>
+QHash<Key, QString> textsByKey(std::span<const std::pair<Key, QStringView>> table) {
+  QHash<Key, QString> texts;
+  for (const auto& [key, text] : table) {
+    texts.insert(key, sharedText(text));
+  }
+  return texts;
+}
+
+template <typename Key>
+std::optional<QString> find(const QHash<AppLanguage, QHash<Key, QString>>& texts, Key key,
+                            AppLanguage language) {
+  for (const AppLanguage candidate : {language, AppLanguage::english}) {
+    if (const auto ofLanguage = texts.constFind(candidate); ofLanguage != texts.constEnd()) {
+      if (const auto text = ofLanguage->constFind(key); text != ofLanguage->constEnd()) {
+        return *text;
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+/// The language that a tag in lower case, with hyphens, begins with. By its beginning only: a tag may go on
+/// with a script, a region or anything else.
+std::optional<AppLanguage> languageOfTag(QStringView tag) {
+  struct Prefix {
+    QLatin1String prefix;
+    AppLanguage language;
+  };
+  // The traditional ones begin with "zh", too, and so come first.
+  static constexpr auto prefixes = std::to_array<Prefix>({
+      {QLatin1String("zh-hant"), AppLanguage::chineseTraditional},
+      {QLatin1String("zh-tw"), AppLanguage::chineseTraditional},
+      {QLatin1String("zh-hk"), AppLanguage::chineseTraditional},
+      {QLatin1String("zh-mo"), AppLanguage::chineseTraditional},
+      {QLatin1String("zh"), AppLanguage::chineseSimplified},
+      {QLatin1String("ja"), AppLanguage::japanese},
+      {QLatin1String("en"), AppLanguage::english},
+  });
+  const auto* const match = std::ranges::find_if(
+      prefixes, [tag](const Prefix& candidate) { return tag.startsWith(candidate.prefix); });
+  return match == prefixes.end() ? std::nullopt : std::optional(match->language);
+}
+
 }  // namespace
 
-AppLocalization::AppLocalization() : AppLocalization(englishTexts(), englishMoodTitles()) {}
+AppLocalization::AppLocalization(Services services) : AppLocalization(services, shippedTables()) {}
 
-AppLocalization::AppLocalization(std::span<const LocalizedText> texts,
-                                 std::span<const LocalizedMoodText> moodTitles) {
-  for (const auto& [key, text] : texts) {
-    m_texts.insert(key, QString::fromUtf16(text));
+AppLocalization::AppLocalization(Services services, std::span<const LanguageTables> tables)
+    : m_services(services) {
+  for (const LanguageTables& table : tables) {
+    m_translations.insert(table.language, textsByKey(table.texts));
+    m_moodTitles.insert(table.language, textsByKey(table.moodTitles));
+    m_moodSubtitles.insert(table.language, textsByKey(table.moodSubtitles));
   }
-  for (const auto& [mood, title] : moodTitles) {
-    m_moodTitles.insert(mood, QString::fromUtf16(title));
+  const QString stored = services.userDefaults.string(languageOptionKey).value_or(QString());
+  m_languageOption = appLanguageOptionFromRawValue(stored).value_or(AppLanguageOption::system);
+  connect(&services.localeChanges, &LocaleChanges::currentLocaleDidChange, this,
+          &AppLocalization::localeDidChange);
+}
+
+void AppLocalization::setLanguageOption(AppLanguageOption option) {
+  Q_EMIT objectWillChange();
+  m_languageOption = option;
+  persistLanguageOption();
+  Q_EMIT languageChanged();
+}
+
+void AppLocalization::persistLanguageOption() {
+  m_services.userDefaults.set(languageOptionKey, rawValue(m_languageOption));
+}
+
+AppLanguage AppLocalization::effectiveLanguage() const {
+  switch (m_languageOption) {
+    case AppLanguageOption::system:
+      break;
+    case AppLanguageOption::english:
+      return AppLanguage::english;
+    case AppLanguageOption::chineseSimplified:
+      return AppLanguage::chineseSimplified;
+    case AppLanguageOption::chineseTraditional:
+      return AppLanguage::chineseTraditional;
+    case AppLanguageOption::japanese:
+      return AppLanguage::japanese;
   }
+  return detectSystemLanguage(m_services.systemLanguages);
+}
+
+AppLanguage AppLocalization::detectSystemLanguage(const SystemLanguages& systemLanguages) {
+  QStringList candidates = systemLanguages.preferredLanguages();
+  candidates += systemLanguages.preferredLocalizations();
+  candidates += systemLanguages.currentLocaleIdentifier();
+  for (const QString& candidate : std::as_const(candidates)) {
+    if (const auto language =
+            languageOfTag(candidate.toLower().replace(QLatin1Char('_'), QLatin1Char('-')))) {
+      return *language;
+    }
+  }
+  return AppLanguage::english;
 }
 
 QString AppLocalization::text(L10nKey key) const {
-  return m_texts.value(key);
+  return text(key, effectiveLanguage());
+}
+
+QString AppLocalization::text(L10nKey key, AppLanguage language) const {
+  return find(m_translations, key, language).value_or(QString());
 }
 
 QString AppLocalization::moodTitle(Mood mood) const {
-  const auto title = m_moodTitles.constFind(mood);
-  return title == m_moodTitles.constEnd() ? fixedMoodTitle(mood) : *title;
+  return moodTitle(mood, effectiveLanguage());
+}
+
+QString AppLocalization::moodTitle(Mood mood, AppLanguage language) const {
+  const auto title = find(m_moodTitles, mood, language);
+  return title ? *title : fixedMoodTitle(mood);
+}
+
+QString AppLocalization::symbolLabel(const QString& symbolName, AppLanguage language) const {
+  return sharedText(mireval::symbolLabel(symbolName, language));
+}
+
+QString AppLocalization::displayName(AppLanguage language) const {
+  return mireval::displayName(language);
+}
+
+void AppLocalization::localeDidChange() {
+  m_services.mainThread.async([self = QPointer(this)] {
+    if (self && self->m_languageOption == AppLanguageOption::system) {
+      Q_EMIT self->objectWillChange();
+      Q_EMIT self->languageChanged();
+    }
+  });
 }
 
 }  // namespace mireval

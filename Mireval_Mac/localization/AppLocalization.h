@@ -1,6 +1,8 @@
 #pragma once
 
 #include "library/Mood.h"
+#include "localization/AppLanguage.h"
+#include "localization/AppLanguageOption.h"
 #include "localization/L10nKey.h"
 #include "localization/StringTables.h"
 
@@ -12,30 +14,86 @@
 
 namespace mireval {
 
-/// The one source of the interface's texts. Used on the UI thread; look-ups cannot fail.
+class LocaleChanges;
+class MainThread;
+class SystemLanguages;
+class UserDefaults;
+
+/// Decides in which language the interface speaks and is the one source of its texts. Used on the UI thread;
+/// nothing fails: what a table lacks is said in English, or with a fixed word, or not at all.
+///
+/// While the option is `system`, each look-up asks the system for its languages.
 class AppLocalization : public QObject {
   Q_OBJECT
+  Q_PROPERTY(
+      mireval::app_language::AppLanguage effectiveLanguage READ effectiveLanguage NOTIFY languageChanged)
 
  public:
-  /// Speaks English from the shipped tables.
-  AppLocalization();
+  /// What it stands on. Not owned; must outlive it.
+  struct Services {
+    UserDefaults& userDefaults;
+    const SystemLanguages& systemLanguages;
+    LocaleChanges& localeChanges;
+    MainThread& mainThread;
+  };
 
-  /// Speaks from the given tables, which may lack entries.
-  AppLocalization(std::span<const LocalizedText> texts, std::span<const LocalizedMoodText> moodTitles);
+  /// Speaks from the shipped tables, with the stored option; without a valid one, with the option `system`.
+  explicit AppLocalization(Services services);
 
-  /// The text of the key; empty when the tables do not hold it.
+  /// Speaks from the given tables, which may lack entries or whole languages. Only their texts must stay.
+  AppLocalization(Services services, std::span<const LanguageTables> tables);
+
+  AppLanguageOption languageOption() const { return m_languageOption; }
+
+  /// Announces, takes and stores the option, also when it is the same as before.
+  void setLanguageOption(AppLanguageOption option);
+
+  /// Stores the option for the next start.
+  void persistLanguageOption();
+
+  /// The language of the texts: that of the option, or what the system's languages come down to now.
+  AppLanguage effectiveLanguage() const;
+
+  /// The first language of ours among the system's: its preferred languages, then the application's
+  /// preferred localisations, then the current locale; English when there is none.
+  static AppLanguage detectSystemLanguage(const SystemLanguages& systemLanguages);
+
+  /// The text of the key, in the effective language or a given one. In English where the language lacks it;
+  /// empty where English does, too. A view passes `effectiveLanguage`, so that its binding follows a change.
   Q_INVOKABLE QString text(mireval::l10n::L10nKey key) const;
+  Q_INVOKABLE QString text(mireval::l10n::L10nKey key, mireval::app_language::AppLanguage language) const;
 
-  /// The title on the mood's tile; a fixed English word when the tables do not hold it.
+  /// The title on the mood's tile, likewise; a fixed English word instead of an empty text.
   Q_INVOKABLE QString moodTitle(mireval::Mood mood) const;
+  Q_INVOKABLE QString moodTitle(mireval::Mood mood, mireval::app_language::AppLanguage language) const;
+
+  /// What a screen reader speaks for a transport symbol; empty for any other symbol.
+  Q_INVOKABLE QString symbolLabel(const QString& symbolName,
+                                  mireval::app_language::AppLanguage language) const;
+
+  /// The language's own name for itself.
+  Q_INVOKABLE QString displayName(mireval::app_language::AppLanguage language) const;
 
  Q_SIGNALS:
-  /// The texts are about to change: read them again.
+  /// The option or the system's languages are about to count as changed, whether or not they differ.
   void objectWillChange();
 
+  /// Follows each `objectWillChange`: read the texts again.
+  void languageChanged();
+
  private:
-  QHash<L10nKey, QString> m_texts;
-  QHash<Mood, QString> m_moodTitles;
+  template <typename Key>
+  using Texts = QHash<AppLanguage, QHash<Key, QString>>;
+
+  void localeDidChange();
+
+  Services m_services;
+  AppLanguageOption m_languageOption = AppLanguageOption::system;
+
+  // Constant after construction.
+  Texts<L10nKey> m_translations;
+  Texts<Mood> m_moodTitles;
+  Texts<Mood> m_moodSubtitles;
 };
 
 }  // namespace mireval

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 #include <cstdint>
+#include <optional>
 
 namespace mireval {
 namespace l10n {
@@ -28,5 +30,11 @@ Q_ENUM_NS(L10nKey)
 }  // namespace l10n
 
 using l10n::L10nKey;
+
+/// The key's name as declared, for example "nowPlaying".
+QString rawValue(L10nKey key);
+
+/// The key with exactly this raw value (case-sensitive), or nothing.
+std::optional<L10nKey> l10nKeyFromRawValue(QStringView rawValue);
 
 }  // namespace mireval

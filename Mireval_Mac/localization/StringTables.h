@@ -1,23 +1,34 @@
 #pragma once
 
 #include "library/Mood.h"
+#include "localization/AppLanguage.h"
 #include "localization/L10nKey.h"
+
+#include <QStringView>
 
 #include <span>
 #include <utility>
 
 namespace mireval {
 
-/// One entry of a string table. The text is UTF-16 and lives as long as the program.
-using LocalizedText = std::pair<L10nKey, const char16_t*>;
+/// One entry of a string table. The text lives as long as the program.
+using LocalizedText = std::pair<L10nKey, QStringView>;
 
-/// One entry of a table of mode titles.
-using LocalizedMoodText = std::pair<Mood, const char16_t*>;
+/// One entry of a table of mode titles or subtitles. The text lives as long as the program.
+using LocalizedMoodText = std::pair<Mood, QStringView>;
 
-/// Every text of the interface in English, in the order of `L10nKey`.
-std::span<const LocalizedText> englishTexts();
+/// What one language says.
+struct LanguageTables {
+  AppLanguage language;
+  /// In the order of `L10nKey`.
+  std::span<const LocalizedText> texts;
+  /// Both in the order of `Mood`.
+  std::span<const LocalizedMoodText> moodTitles;
+  std::span<const LocalizedMoodText> moodSubtitles;
+};
 
-/// The English titles of the modes, in the order of `Mood`.
-std::span<const LocalizedMoodText> englishMoodTitles();
+/// The tables that ship with the application: every language in the order of `AppLanguage`, each of them
+/// complete.
+std::span<const LanguageTables> shippedTables();
 
 }  // namespace mireval

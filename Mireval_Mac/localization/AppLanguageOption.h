@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+namespace mireval {
+namespace app_language_option {
+Q_NAMESPACE
+
+/// The user's choice of a language: one of the interface's, or whichever the system speaks.
+enum class AppLanguageOption : std::uint8_t {
+  system,
+  english,
+  chineseSimplified,
+  chineseTraditional,
+  japanese,
+};
+Q_ENUM_NS(AppLanguageOption)
+
+}  // namespace app_language_option
+
+using app_language_option::AppLanguageOption;
+
+/// Every option, in declaration order.
+inline constexpr std::array allAppLanguageOptions{
+    AppLanguageOption::system, AppLanguageOption::english, AppLanguageOption::chineseSimplified,
+    AppLanguageOption::chineseTraditional, AppLanguageOption::japanese};
+
+/// The option's name as declared, for example "chineseSimplified". It is what is stored.
+QString rawValue(AppLanguageOption option);
+
+/// The option with exactly this raw value (case-sensitive), or nothing.
+std::optional<AppLanguageOption> appLanguageOptionFromRawValue(QStringView rawValue);
+
+/// What identifies the option in a list: its raw value.
+QString id(AppLanguageOption option);
+
+}  // namespace mireval
