@@ -173,7 +173,7 @@ const sd_bus_vtable MprisMediaControls::Bus::player[] = {
 };
 
 MprisMediaControls::MprisMediaControls(Application application) : m_application(std::move(application)) {
-  connect(&m_bus, &SessionBus::lost, this, [this] { m_hasName = false; });
+  connect(&m_bus, &MessageBus::lost, this, [this] { m_hasName = false; });
 }
 
 MprisMediaControls::~MprisMediaControls() = default;

@@ -2,9 +2,9 @@
 
 #include "platform/NowPlayingInfoCenter.h"
 #include "platform/RemoteCommandCenter.h"
+#include "platform/linux/MessageBus.h"
 #include "platform/linux/MprisMetadata.h"
 #include "platform/linux/MprisPosition.h"
-#include "platform/linux/SessionBus.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -88,7 +88,7 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
   MprisPosition m_position;
   double m_volume = 1;
 
-  SessionBus m_bus;
+  MessageBus m_bus{MessageBus::Kind::session};
   bool m_wanted = false;
   QByteArray m_requestedName;
   bool m_hasName = false;

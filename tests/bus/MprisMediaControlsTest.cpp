@@ -1,7 +1,8 @@
 #include "platform/linux/MprisMediaControls.h"
 
-#include "media/MediaClient.h"
-#include "media/PrivateBus.h"
+#include "bus/MediaClient.h"
+#include "bus/PrivateBus.h"
+#include "bus/WaitFor.h"
 
 #include <gtest/gtest.h>
 
@@ -9,10 +10,8 @@
 #include <QDBusObjectPath>
 #include <QElapsedTimer>
 #include <QSignalSpy>
-#include <QThread>
 
 #include <chrono>
-#include <functional>
 #include <memory>
 
 namespace mireval {
@@ -35,19 +34,6 @@ NowPlayingInfo makeInfo(const QString& title = u"Rain Veil"_s) {
 
 class MprisMediaControlsTest : public testing::Test {
  protected:
-  static bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds limit = 10s) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-      if (timer.hasExpired(limit.count())) {
-        return false;
-      }
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-      QThread::msleep(1);
-    }
-    return true;
-  }
-
   static std::unique_ptr<MprisMediaControls> makeControls() {
     return std::make_unique<MprisMediaControls>(
         MprisMediaControls::Application{.identity = "Mireval", .desktopEntry = "mireval"});
@@ -339,7 +325,8 @@ TEST_F(MprisMediaControlsTest, ComesBackWithTheBus) {
   EXPECT_EQ(m_client->command(playerName, u"Pause"_s).type(), QDBusMessage::ReplyMessage);
   EXPECT_EQ(m_commands, (QList{0, 1, 0}));
   m_controls->setNowPlayingInfo(makeInfo(u"Told"_s));
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata"_s});
+  // Clients may have played on for more than a second meanwhile, and are told of the jump then, too.
+  EXPECT_EQ(m_client->takeSignals(playerName).value(0), u"PropertiesChanged Metadata"_s);
 }
 
 // A limit against hanging, not a measurement.

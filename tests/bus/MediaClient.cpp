@@ -1,4 +1,4 @@
-#include "media/MediaClient.h"
+#include "bus/MediaClient.h"
 
 #include <QDBusArgument>
 #include <QDBusPendingCall>

@@ -1,4 +1,4 @@
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/MessageBus.h"
 
 #include <QMetaObject>
 
@@ -16,29 +16,30 @@ constexpr int messagesAtATime = 32;
 
 }  // namespace
 
-SessionBus::SessionBus() = default;
+MessageBus::MessageBus(Kind kind) : m_kind(kind) {}
 
-SessionBus::~SessionBus() {
+MessageBus::~MessageBus() {
   close();
 }
 
-void SessionBus::Close::operator()(sd_bus* connection) const {
+void MessageBus::Close::operator()(sd_bus* connection) const {
   // Not flushed: that would wait for a bus that does not read.
   sd_bus_close_unref(connection);
 }
 
-bool SessionBus::open() {
+bool MessageBus::open() {
   close();
   sd_bus* connection = nullptr;
-  if (sd_bus_open_user(&connection) < 0) {
+  if ((m_kind == Kind::system ? sd_bus_open_system(&connection) : sd_bus_open_user(&connection)) < 0) {
     return false;
   }
   m_connection.reset(connection);
+  sd_bus_set_method_call_timeout(connection, UINT64_MAX);
   watch();
   return isOpen();
 }
 
-void SessionBus::process() {
+void MessageBus::process() {
   m_processingSoon = false;
   for (int i = 0; isOpen() && i < messagesAtATime; ++i) {
     const int progress = sd_bus_process(m_connection.get(), nullptr);
@@ -54,7 +55,7 @@ void SessionBus::process() {
   watch();
 }
 
-void SessionBus::watch() {
+void MessageBus::watch() {
   if (!isOpen()) {
     return;
   }
@@ -67,8 +68,8 @@ void SessionBus::watch() {
     m_descriptor = descriptor;
     m_readable = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
     m_writable = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Write);
-    connect(m_readable.get(), &QSocketNotifier::activated, this, &SessionBus::process);
-    connect(m_writable.get(), &QSocketNotifier::activated, this, &SessionBus::process);
+    connect(m_readable.get(), &QSocketNotifier::activated, this, &MessageBus::process);
+    connect(m_writable.get(), &QSocketNotifier::activated, this, &MessageBus::process);
   }
   if (m_readable) {
     m_readable->setEnabled((events & POLLIN) != 0);
@@ -79,11 +80,11 @@ void SessionBus::watch() {
   const bool pending = hasDue >= 0 && due == 0;
   if ((descriptor < 0 || events < 0 || pending) && !m_processingSoon) {
     m_processingSoon = true;
-    QMetaObject::invokeMethod(this, &SessionBus::process, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &MessageBus::process, Qt::QueuedConnection);
   }
 }
 
-void SessionBus::close() {
+void MessageBus::close() {
   m_readable.reset();
   m_writable.reset();
   m_descriptor = -1;

@@ -9,17 +9,19 @@ struct sd_bus;
 
 namespace mireval {
 
-/// A connection to the session's message bus, served by the event loop of the thread that made it. No call
-/// waits for the bus, which may be absent, slow, frozen or gone at any time.
-class SessionBus final : public QObject {
+/// A connection to a message bus, served by the event loop of the thread that made it. No call waits for the
+/// bus, which may be absent, slow, frozen or gone at any time.
+class MessageBus final : public QObject {
   Q_OBJECT
 
  public:
-  SessionBus();
-  ~SessionBus() override;
+  enum class Kind { session, system };
 
-  /// Begins to connect. What is sent from now on is delivered once the bus has answered. False when there
-  /// is no bus to connect to.
+  explicit MessageBus(Kind kind);
+  ~MessageBus() override;
+
+  /// Begins to connect. What is sent from now on is delivered once the bus has answered; its answers may
+  /// take as long as they like. False when there is no bus to connect to.
   bool open();
 
   bool isOpen() const { return m_connection != nullptr; }
@@ -43,6 +45,7 @@ class SessionBus final : public QObject {
   void watch();
   void close();
 
+  const Kind m_kind;
   std::unique_ptr<sd_bus, Close> m_connection;
   int m_descriptor = -1;
   std::unique_ptr<QSocketNotifier> m_readable;
