@@ -15,6 +15,8 @@ from screen import Screenshot
 PR_SET_PDEATHSIG = 1
 PR_SET_CHILD_SUBREAPER = 36
 LIBC = ctypes.CDLL(None, use_errno=True)
+# The one that Debian's Python packages are installed for.
+DEBIAN_PYTHON = "/usr/bin/python3"
 
 
 def wait_for(condition, what, seconds=15):
@@ -44,6 +46,20 @@ def _children_of(pid):
     return children
 
 
+# Whoever connects may do everything; nothing is started on demand.
+SYSTEM_BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>system</type>
+  <listen>{address}</listen>
+  <policy context="default">
+    <allow user="*"/>
+    <allow own="*"/>
+    <allow send_destination="*"/>
+    <allow receive_sender="*"/>
+  </policy>
+</busconfig>
+"""
 # A panel with a tray, and with a menu of the media players on the bus.
 PANEL_WITH_PLAYERS = """<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
@@ -78,7 +94,7 @@ PLAYERS_MENU = (1267, 13)
 
 
 class Session:
-    def __init__(self, screenshots, *, screen=True, tray=True, sound=True, players_in_panel=False):
+    def __init__(self, screenshots, *, screen=True, tray=True, sound=True, players_in_panel=False, system_bus=False):
         # Services that the bus starts are then our children in the end, and can be found and ended.
         LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1)
         self._folder = tempfile.TemporaryDirectory(prefix="mireval-desktop-", ignore_cleanup_errors=True)
@@ -90,6 +106,8 @@ class Session:
         self._processes = []
         try:
             self.start_bus()
+            if system_bus:
+                self.start_system_bus()
             if screen:
                 self._start_screen()
             if sound:
@@ -113,6 +131,8 @@ class Session:
             path.mkdir(mode=0o700)
             environment[name] = str(path)
         environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/bus"
+        # Also where there is none: the machine's own is not ours.
+        environment["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={self.folder}/system-bus"
         client = self.folder / "pulse-client.conf"
         client.write_text("autospawn = no\n")
         environment["PULSE_CLIENTCONFIG"] = str(client)
@@ -160,6 +180,22 @@ class Session:
         """Ends the message bus, and with it what cannot live without one, such as the desktop's panel."""
         self._bus.kill()
         self._bus.wait(10)
+
+    def start_system_bus(self):
+        """Starts the system's message bus, always at the same address."""
+        configuration = self.folder / "system-bus.conf"
+        configuration.write_text(
+            SYSTEM_BUS_CONFIGURATION.format(address=self.environment["DBUS_SYSTEM_BUS_ADDRESS"]), encoding="utf-8")
+        self._system_bus, _ = self._start_announcing("dbus-daemon", f"--config-file={configuration}", "--nofork",
+                                                     "--print-address={}")
+
+    def stop_system_bus(self):
+        self._system_bus.kill()
+        self._system_bus.wait(10)
+
+    def start_mock(self, *arguments):
+        """A service on a message bus that python3-dbusmock plays; the arguments are its."""
+        return self.start([DEBIAN_PYTHON, "-B", "-m", "dbusmock", *arguments])
 
     def _configure_panel(self, configuration):
         folder = Path(self.environment["XDG_CONFIG_HOME"], "xfce4/xfconf/xfce-perchannel-xml")

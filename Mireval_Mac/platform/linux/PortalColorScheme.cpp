@@ -1,0 +1,145 @@
+#include "platform/linux/PortalColorScheme.h"
+
+#include <systemd/sd-bus.h>
+
+#include <cstdint>
+#include <utility>
+
+namespace mireval {
+namespace {
+
+constexpr const char* portal = "org.freedesktop.portal.Desktop";
+constexpr const char* objectPath = "/org/freedesktop/portal/desktop";
+constexpr const char* settingsInterface = "org.freedesktop.portal.Settings";
+constexpr const char* settingsNamespace = "org.freedesktop.appearance";
+constexpr const char* settingsKey = "color-scheme";
+constexpr const char* ownerRule =
+    "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
+    "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'";
+// Other settings do not wake this process up.
+constexpr const char* settingRule =
+    "type='signal',sender='org.freedesktop.portal.Desktop',path='/org/freedesktop/portal/desktop',"
+    "interface='org.freedesktop.portal.Settings',member='SettingChanged',arg0='org.freedesktop.appearance',"
+    "arg1='color-scheme'";
+
+/// Whether the user prefers dark windows; nothing without a preference.
+std::optional<bool> readPreference(sd_bus_message* message) {
+  // Read answers with a variant in a variant, SettingChanged with a single one.
+  const char* contents = nullptr;
+  char type = 0;
+  while (sd_bus_message_peek_type(message, &type, &contents) > 0 && type == 'v') {
+    if (sd_bus_message_enter_container(message, 'v', contents) <= 0) {
+      return std::nullopt;
+    }
+  }
+  std::uint32_t preference = 0;
+  if (sd_bus_message_read_basic(message, 'u', &preference) <= 0) {
+    return std::nullopt;
+  }
+  switch (preference) {
+    case 1:
+      return true;
+    case 2:
+      return false;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+struct PortalColorScheme::Bus {
+  using Self = PortalColorScheme;
+
+  static int handleRuleReply(sd_bus_message* reply, void* userdata, sd_bus_error*) {
+    static_cast<Self*>(userdata)->m_isListening = sd_bus_message_is_method_error(reply, nullptr) == 0;
+    return 0;
+  }
+
+  static int handleOwner(sd_bus_message* message, void* userdata, sd_bus_error*) {
+    Self& self = *static_cast<Self*>(userdata);
+    const char* newOwner = nullptr;
+    if (sd_bus_message_read(message, "sss", nullptr, nullptr, &newOwner) < 0) {
+      return 0;
+    }
+    if (*newOwner != '\0') {
+      self.ask(Start::no);
+    } else {
+      self.m_question.reset();
+      self.setPreference(std::nullopt);
+    }
+    return 0;
+  }
+
+  static int handleSetting(sd_bus_message* message, void* userdata, sd_bus_error*) {
+    if (sd_bus_message_read(message, "ss", nullptr, nullptr) >= 0) {
+      static_cast<Self*>(userdata)->setPreference(readPreference(message));
+    }
+    return 0;
+  }
+
+  static int handleAnswer(sd_bus_message* reply, void* userdata, sd_bus_error*) {
+    // An error holds no preference either.
+    static_cast<Self*>(userdata)->setPreference(readPreference(reply));
+    return 0;
+  }
+};
+
+PortalColorScheme::PortalColorScheme() {
+  connect(&m_palette, &ColorScheme::darkChanged, this, &PortalColorScheme::update);
+  connect(&m_bus, &MessageBus::lost, this, [this] {
+    m_question.reset();
+    setPreference(std::nullopt);
+    // A bus that never let us listen would only do the same again.
+    if (std::exchange(m_isListening, false)) {
+      connectToPortal();
+    }
+  });
+  connectToPortal();
+}
+
+PortalColorScheme::~PortalColorScheme() = default;
+
+void PortalColorScheme::DropCall::operator()(sd_bus_slot* call) const {
+  sd_bus_slot_unref(call);
+}
+
+void PortalColorScheme::connectToPortal() {
+  if (!m_bus.open()) {
+    return;
+  }
+  // The rules first: nothing is missed between the answer and the first change.
+  sd_bus* const bus = m_bus.connection();
+  sd_bus_add_match_async(bus, nullptr, ownerRule, Bus::handleOwner, Bus::handleRuleReply, this);
+  sd_bus_add_match_async(bus, nullptr, settingRule, Bus::handleSetting, Bus::handleRuleReply, this);
+  ask(Start::yes);
+}
+
+void PortalColorScheme::ask(Start start) {
+  sd_bus_message* call = nullptr;
+  sd_bus_slot* question = nullptr;
+  if (sd_bus_message_new_method_call(m_bus.connection(), &call, portal, objectPath, settingsInterface,
+                                     "Read") >= 0 &&
+      sd_bus_message_append(call, "ss", settingsNamespace, settingsKey) >= 0 &&
+      sd_bus_message_set_auto_start(call, start == Start::yes) >= 0) {
+    sd_bus_call_async(m_bus.connection(), &question, call, Bus::handleAnswer, this, 0);
+  }
+  sd_bus_message_unref(call);
+  // An answer to the question before is not waited for any more.
+  m_question.reset(question);
+  m_bus.flush();
+}
+
+void PortalColorScheme::setPreference(std::optional<bool> dark) {
+  m_prefersDark = dark;
+  update();
+}
+
+void PortalColorScheme::update() {
+  const bool dark = m_prefersDark.value_or(m_palette.isDark());
+  if (std::exchange(m_dark, dark) != dark) {
+    Q_EMIT darkChanged();
+  }
+}
+
+}  // namespace mireval
