@@ -1,16 +1,15 @@
 #include "platform/linux/DisplayServer.h"
 
+#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/UnixSocketAddress.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 
 #include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 #include <xcb/xcb.h>
 
 #include <algorithm>
-#include <cstring>
-#include <string_view>
 
 namespace mireval {
 namespace {
@@ -33,36 +32,16 @@ bool waylandAnswers() {
   if (!path.startsWith('/')) {
     path = qgetenv("XDG_RUNTIME_DIR") + '/' + path;
   }
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (static_cast<std::size_t>(path.size()) >= sizeof address.sun_path) {
-    return false;
-  }
-  std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
-  const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (descriptor < 0) {
-    return false;
-  }
-  const bool answers = connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-  close(descriptor);
-  return answers;
-}
-
-QByteArray chosenPlatforms(int argc, char** argv) {
-  QByteArray chosen = qgetenv("QT_QPA_PLATFORM");
-  for (int index = 1; index + 1 < argc; ++index) {
-    const std::string_view argument = argv[index];
-    if (argument == "-platform" || argument == "--platform") {
-      chosen = argv[index + 1];
-    }
-  }
-  return chosen;
+  const auto address = unixSocketAddress(path.toStdString());
+  const FileDescriptor connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  return address && connection.isOpen() &&
+         connect(connection.get(), reinterpret_cast<const sockaddr*>(&*address), sizeof *address) == 0;
 }
 
 }  // namespace
 
-bool displayServerAnswers(int argc, char** argv) {
-  QByteArray chosen = chosenPlatforms(argc, argv);
+bool displayServerAnswers() {
+  QByteArray chosen = qgetenv("QT_QPA_PLATFORM");
   if (chosen.isEmpty()) {
     chosen = "xcb;wayland";
   }
