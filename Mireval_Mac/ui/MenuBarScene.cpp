@@ -50,6 +50,7 @@ void MenuBarScene::open(PanelWindow::Style style, QPoint where) {
                                           m_surroundings.audioPlayer, m_surroundings.localization,
                                           m_surroundings.colorScheme);
   connect(m_panel.get(), &PanelWindow::dismissed, this, &MenuBarScene::handleDismissal);
+  connect(m_panel.get(), &PanelWindow::settingsRequested, this, &MenuBarScene::settingsRequested);
   connect(m_panel.get(), &PanelWindow::quitRequested, this, &MenuBarScene::quitRequested);
   m_panel->open(where);
 }

@@ -54,6 +54,9 @@ class MenuBarScene final : public QObject {
   /// The panel is gone, with all that it held.
   void panelDidClose();
 
+  /// The user wants to see the settings.
+  void settingsRequested();
+
   /// The user wants the application to end.
   void quitRequested();
 

@@ -4,32 +4,88 @@
 #include "localization/AppLocalization.h"
 #include "platform/linux/DisplayServer.h"
 #include "platform/linux/FolderResourceBundle.h"
+#include "platform/linux/IniUserDefaults.h"
 #include "platform/linux/KernelMemoryPressure.h"
 #include "platform/linux/LazyAudioPlayerFactory.h"
 #include "platform/linux/MprisMediaControls.h"
-#include "platform/linux/PaletteColorScheme.h"
+#include "platform/linux/PortalColorScheme.h"
 #include "platform/linux/QtImageDecoder.h"
 #include "platform/linux/QtMainThread.h"
 #include "platform/linux/QtRunLoop.h"
+#include "platform/linux/SingleInstance.h"
+#include "platform/linux/SingleInstanceServer.h"
 #include "platform/linux/StandardOutput.h"
+#include "platform/linux/SystemLocale.h"
 #include "platform/linux/SystemTrayMenuBarExtra.h"
 #include "platform/linux/UnusedMemory.h"
 #include "platform/linux/X11Compositor.h"
 #include "playback/AudioPlayerController.h"
+#include "ui/CommandLine.h"
 #include "ui/MenuBarScene.h"
+#include "ui/SettingsScene.h"
 
 #include <QApplication>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
+#include <QSessionManager>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
 
 namespace mireval {
 namespace {
 
-int runScenes() {
+int print(std::string_view text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    std::fputs("mireval: standard output cannot be written\n", stderr);
+    return 1;
+  }
+  return 0;
+}
+
+/// Says what there is to say about the command line; nothing when the application is to run.
+std::optional<int> answer(const CommandLine& commandLine) {
+  switch (commandLine.action) {
+    case CommandLine::Action::run:
+    case CommandLine::Action::showSettings:
+      return std::nullopt;
+    case CommandLine::Action::showHelp:
+      return print(CommandLine::helpText());
+    case CommandLine::Action::showVersion:
+      return print(CommandLine::versionText());
+    case CommandLine::Action::reject:
+      break;
+  }
+  std::fprintf(stderr, "mireval: %s\nmireval --help lists the options\n", commandLine.error.c_str());
+  return 2;
+}
+
+/// Lets a copy that runs already do the work; nothing when this one is to run.
+std::optional<int> handOver(SingleInstance& instance, bool withSettings) {
+  using Request = SingleInstance::Request;
+  switch (instance.elect(withSettings ? Request::showSettings : Request::showPanel)) {
+    case SingleInstance::Outcome::elected:
+      break;
+    case SingleInstance::Outcome::independent:
+      if (!instance.problem().empty()) {
+        std::fprintf(stderr, "mireval: other copies cannot be found: %s\n", instance.problem().c_str());
+      }
+      break;
+    case SingleInstance::Outcome::handedOver:
+      return 0;
+    case SingleInstance::Outcome::unanswered:
+      std::fputs("mireval: a copy runs already, but does not answer\n", stderr);
+      return 1;
+  }
+  return std::nullopt;
+}
+
+int runScenes(const SingleInstance& instance, bool withSettings) {
   FolderResourceBundle resourceBundle = FolderResourceBundle::ofApplication();
   LazyAudioPlayerFactory audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication());
   QtRunLoop runLoop;
@@ -38,7 +94,9 @@ int runScenes() {
   QtImageDecoder imageDecoder;
   StandardOutput debugOutput;
   QtMainThread mainThread;
-  PaletteColorScheme colorScheme;
+  IniUserDefaults userDefaults = IniUserDefaults::ofUser();
+  SystemLocale systemLocale;
+  PortalColorScheme colorScheme;
   X11Compositor compositor;
   SystemTrayMenuBarExtra menuBarExtra;
   const KernelMemoryPressure memoryPressure;
@@ -52,16 +110,22 @@ int runScenes() {
                                                  .nowPlayingInfoCenter = mediaControls,
                                                  .imageDecoder = imageDecoder,
                                                  .debugOutput = debugOutput});
-  AppLocalization localization;
+  AppLocalization localization({.userDefaults = userDefaults,
+                                .systemLanguages = systemLocale,
+                                .localeChanges = systemLocale,
+                                .mainThread = mainThread});
   mediaControls.setVolume(audioPlayer->volume());
   QObject::connect(
       audioPlayer.get(), &AudioPlayerController::volumeChanged, &mediaControls,
       [&mediaControls, player = audioPlayer.get()] { mediaControls.setVolume(player->volume()); });
 
   MenuBarScene scene({menuBarExtra, colorScheme, compositor, *audioPlayer, localization});
+  SettingsScene settings(localization, colorScheme);
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
                    [&audioPlayerFactory] { audioPlayerFactory.warmUp(); });
   QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, releaseUnusedMemory);
+  QObject::connect(&scene, &MenuBarScene::settingsRequested, &settings, &SettingsScene::show);
+  QObject::connect(&settings, &SettingsScene::windowDidClose, &settings, releaseUnusedMemory);
   QObject::connect(&memoryPressure, &MemoryPressure::memoryIsShort, &scene, [] {
     AudioPlayerController::coverImageCache().releaseUnused();
     releaseUnusedMemory();
@@ -69,17 +133,42 @@ int runScenes() {
   QObject::connect(&mediaControls, &MprisMediaControls::raiseRequested, &scene, &MenuBarScene::showPanel,
                    Qt::QueuedConnection);
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
+  const SingleInstanceServer laterCopies(instance);
+  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &scene,
+                   [&scene, &settings](SingleInstance::Request request) {
+                     switch (request) {
+                       case SingleInstance::Request::showPanel:
+                         scene.showPanel();
+                         break;
+                       case SingleInstance::Request::showSettings:
+                         settings.show();
+                         break;
+                     }
+                   });
   scene.show(resourceBundle.folder() / "MenuBarIcon.png");
+  if (withSettings) {
+    settings.show();
+  }
   return QCoreApplication::exec();
 }
 
 }  // namespace
 
 int MirevalMacApp::main(int argc, char** argv) {
-  returnLargeBlocksAtOnce();
   // A reader of our output that goes away must not end the music.
   std::signal(SIGPIPE, SIG_IGN);
-  if (!displayServerAnswers(argc, argv)) {
+  const auto commandLine =
+      CommandLine::parse(std::vector<std::string_view>(argv + std::min(argc, 1), argv + argc));
+  if (const auto exitStatus = answer(commandLine)) {
+    return *exitStatus;
+  }
+  const bool withSettings = commandLine.action == CommandLine::Action::showSettings;
+  SingleInstance instance = SingleInstance::ofUser();
+  if (const auto exitStatus = handOver(instance, withSettings)) {
+    return *exitStatus;
+  }
+  returnLargeBlocksAtOnce();
+  if (!displayServerAnswers()) {
     std::fputs("mireval: no display answers; set DISPLAY or WAYLAND_DISPLAY\n", stderr);
     return 1;
   }
@@ -93,7 +182,11 @@ int MirevalMacApp::main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Mireval"));
   QApplication::setDesktopFileName(QStringLiteral("mireval"));
   QApplication::setQuitOnLastWindowClosed(false);
-  return runScenes();
+  // For a session that is restored, Qt proposes arguments of its own.
+  QObject::connect(&application, &QApplication::saveStateRequest, &application, [](QSessionManager& session) {
+    session.setRestartCommand({QCoreApplication::applicationFilePath()});
+  });
+  return runScenes(instance, withSettings);
 }
 
 }  // namespace mireval

@@ -6,8 +6,10 @@ namespace mireval {
 /// scenes, and chooses what the desktop supplies. The only place that names concrete services.
 class MirevalMacApp final {
  public:
-  /// Runs the application until the user quits; returns the process's exit status. Without a display it
-  /// says so on standard error and returns 1.
+  /// Does what the command line asks for and returns the process's exit status. Runs the application until
+  /// the user quits, unless another copy runs already: that one is asked to show itself. Without a display,
+  /// or when the other copy does not answer, it says so on standard error and returns 1; 2 for a mistaken
+  /// command line.
   static int main(int argc, char** argv);
 };
 

@@ -3,10 +3,12 @@
 #include "localization/AppLocalization.h"
 #include "platform/ColorScheme.h"
 #include "playback/AudioPlayerController.h"
+#include "ui/ContinuousRectangle.h"
 #include "ui/PanelPlacement.h"
 
 #include <QGuiApplication>
-#include <QPainterPath>
+#include <QKeySequence>
+#include <QMarginsF>
 #include <QQmlEngine>
 #include <QRegion>
 #include <QScreen>
@@ -14,66 +16,51 @@
 
 #include <chrono>
 
-// Made by the build. Naming it keeps the registration of the QML types, which nothing else refers to, in the
-// program.
-void qml_register_types_Mireval();
-
 namespace mireval {
 namespace {
 
 using namespace std::chrono_literals;
 
+// Of the panel, and the room around it.
 constexpr qreal cornerRadius = 28;
+constexpr qreal margin = 1;
 constexpr auto grabRetryInterval = 30ms;
 constexpr int grabAttempts = 40;
 
-Qt::WindowFlags flagsFor(PanelWindow::Style style) {
-  if (style == PanelWindow::Style::framed) {
-    return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-           Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
-  }
-  // No window manager in between: it would move the window, and some give such a window no keyboard.
-  return Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint;
+bool isSettingsCommand(const QKeyEvent& event) {
+  // Some desktops have a key of their own for it.
+  return event.matches(QKeySequence::Preferences) ||
+         (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Comma);
 }
 
 }  // namespace
 
 PanelWindow::PanelWindow(Style style, bool blended, AudioPlayerController& audioPlayer,
                          AppLocalization& localization, ColorScheme& colorScheme)
-    : m_style(style), m_blended(blended), m_colorScheme(colorScheme) {
-  [[maybe_unused]] static const volatile auto keepTypes = &qml_register_types_Mireval;
-  setFlags(flagsFor(style));
-  setTitle(QGuiApplication::applicationDisplayName());
+    : ViewWindow(QStringLiteral("PanelSurface.qml"), {{QStringLiteral("audioPlayer"), &audioPlayer},
+                                                      {QStringLiteral("localization"), &localization},
+                                                      {QStringLiteral("colorScheme"), &colorScheme}}),
+      m_style(style),
+      m_blended(blended),
+      m_colorScheme(colorScheme) {
+  if (m_style == Style::framed) {
+    setFramed();
+  } else {
+    // No window manager in between: it would move the window, and some give such a window no keyboard.
+    setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint);
+  }
   fillBackground();
   connect(&colorScheme, &ColorScheme::darkChanged, this, &PanelWindow::fillBackground);
   connect(engine(), &QQmlEngine::quit, this, &PanelWindow::quitRequested);
-
-  // The objects belong to the application: QML must not collect them.
-  for (QObject* object : {static_cast<QObject*>(&audioPlayer), static_cast<QObject*>(&localization),
-                          static_cast<QObject*>(&colorScheme)}) {
-    QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
-  }
-  engine()->addImportPath(QStringLiteral("qrc:/"));
-  setInitialProperties({{QStringLiteral("audioPlayer"), QVariant::fromValue(&audioPlayer)},
-                        {QStringLiteral("localization"), QVariant::fromValue(&localization)},
-                        {QStringLiteral("colorScheme"), QVariant::fromValue(&colorScheme)}});
-  setResizeMode(QQuickView::SizeViewToRootObject);
-  setSource(QUrl(QStringLiteral("qrc:/Mireval/MacMenuBarPanelView.qml")));
 }
 
 void PanelWindow::open(QPoint click) {
   if (m_style == Style::framed) {
-    setMinimumSize(size());
-    setMaximumSize(size());
     show();
     return;
   }
-  const QScreen* screen = QGuiApplication::screenAt(click);
-  if (screen == nullptr) {
-    screen = QGuiApplication::primaryScreen();
-  }
-  setPosition(panelPosition(click, size(), screen->geometry(), screen->availableGeometry()));
-  cutCornersOff();
+  m_click = click;
+  place();
   show();
   requestActivate();
   // Elsewhere no pointer can be grabbed; losing the focus must do.
@@ -82,11 +69,13 @@ void PanelWindow::open(QPoint click) {
   }
 }
 
-void PanelWindow::bringToFront() {
-  // A framed window may be minimised.
-  setWindowStates(windowStates() & ~Qt::WindowMinimized);
-  raise();
-  requestActivate();
+void PanelWindow::place() {
+  const QScreen* screen = QGuiApplication::screenAt(m_click);
+  if (screen == nullptr) {
+    screen = QGuiApplication::primaryScreen();
+  }
+  setPosition(panelPosition(m_click, size(), screen->geometry(), screen->availableGeometry()));
+  cutCornersOff();
 }
 
 void PanelWindow::grabPointer(int attemptsLeft) {
@@ -110,15 +99,15 @@ void PanelWindow::fillBackground() {
 
 bool PanelWindow::event(QEvent* event) {
   if (event->type() == QEvent::Close) {
-    const bool closed = QQuickView::event(event);
+    const bool closed = ViewWindow::event(event);
     Q_EMIT dismissed(Dismissal::deliberate);
     return closed;
   }
-  return QQuickView::event(event);
+  return ViewWindow::event(event);
 }
 
 void PanelWindow::focusOutEvent(QFocusEvent* event) {
-  QQuickView::focusOutEvent(event);
+  ViewWindow::focusOutEvent(event);
   if (m_style == Style::dropDown) {
     dismiss(Dismissal::turnedAway);
   }
@@ -129,7 +118,11 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
     dismiss(Dismissal::deliberate);
     return;
   }
-  QQuickView::keyPressEvent(event);
+  if (isSettingsCommand(*event)) {
+    Q_EMIT settingsRequested();
+    return;
+  }
+  ViewWindow::keyPressEvent(event);
 }
 
 void PanelWindow::mousePressEvent(QMouseEvent* event) {
@@ -137,7 +130,7 @@ void PanelWindow::mousePressEvent(QMouseEvent* event) {
     m_pressedOutside = true;
     return;
   }
-  QQuickView::mousePressEvent(event);
+  ViewWindow::mousePressEvent(event);
 }
 
 void PanelWindow::mouseReleaseEvent(QMouseEvent* event) {
@@ -147,19 +140,21 @@ void PanelWindow::mouseReleaseEvent(QMouseEvent* event) {
     dismiss(Dismissal::turnedAway);
     return;
   }
-  QQuickView::mouseReleaseEvent(event);
+  ViewWindow::mouseReleaseEvent(event);
 }
 
 void PanelWindow::resizeEvent(QResizeEvent* event) {
-  QQuickView::resizeEvent(event);
-  cutCornersOff();
+  ViewWindow::resizeEvent(event);
+  // The texts of another language may be higher.
+  if (m_style == Style::dropDown && isVisible()) {
+    place();
+  }
 }
 
 void PanelWindow::cutCornersOff() {
-  if (m_style == Style::dropDown && !m_blended) {
-    QPainterPath shape;
-    shape.addRoundedRect(QRectF(QPointF(), QSizeF(size())), cornerRadius, cornerRadius);
-    setMask(QRegion(shape.toFillPolygon().toPolygon()));
+  if (!m_blended) {
+    const QRectF panel = QRectF(QPointF(), QSizeF(size())) - QMarginsF(margin, margin, margin, margin);
+    setMask(QRegion(continuousRectangle(panel, cornerRadius).toFillPolygon().toPolygon()));
   }
 }
 

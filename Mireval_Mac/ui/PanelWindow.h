@@ -1,7 +1,8 @@
 #pragma once
 
+#include "ui/ViewWindow.h"
+
 #include <QPoint>
-#include <QQuickView>
 
 #include <functional>
 
@@ -11,9 +12,8 @@ class AppLocalization;
 class AudioPlayerController;
 class ColorScheme;
 
-/// The window that shows the panel, together with everything that QML needs for it: destroying the window
-/// frees it all. Lives on the UI thread.
-class PanelWindow final : public QQuickView {
+/// The window that shows the panel.
+class PanelWindow final : public ViewWindow {
   Q_OBJECT
 
  public:
@@ -40,13 +40,13 @@ class PanelWindow final : public QQuickView {
   /// Shows the window: a drop-down beside `click`, a framed window where the desktop puts it.
   void open(QPoint click);
 
-  /// Makes sure that the open window is seen and has the keyboard.
-  void bringToFront();
-
  Q_SIGNALS:
   /// The user is done with the window. It is hidden already and may be deleted, though not in a direct
   /// connection.
   void dismissed(mireval::PanelWindow::Dismissal how);
+
+  /// The user pressed the desktop's usual key for an application's settings.
+  void settingsRequested();
 
   /// The user pressed Quit. The window must not be deleted in a direct connection.
   void quitRequested();
@@ -64,10 +64,12 @@ class PanelWindow final : public QQuickView {
   void dismiss(Dismissal how);
   void fillBackground();
   void grabPointer(int attemptsLeft);
+  void place();
 
   const Style m_style;
   const bool m_blended;
   const ColorScheme& m_colorScheme;
+  QPoint m_click;
   bool m_pressedOutside = false;
 };
 

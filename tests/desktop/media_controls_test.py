@@ -308,7 +308,12 @@ class SecondCopyTest(MediaControlsCase):
 
         resources = make_tones(self.session.folder / "others", 60, modes=("creative",))
         write_png(resources / "MenuBarIcon.png", 36, 36, bytes(self.ICON_COLOUR) * 36 * 36)
-        second = Player(self.session, PROGRAM, resources, name="second")
+        # In a session of its own, or it would only open the first one's panel.
+        runtime = self.session.folder / "second-run"
+        runtime.mkdir(mode=0o700)
+        sound = f"unix:{self.session.environment['XDG_RUNTIME_DIR']}/pulse/native"
+        second = Player(self.session, PROGRAM, resources, name="second",
+                        environment={"XDG_RUNTIME_DIR": str(runtime), "PULSE_SERVER": sound})
         self.session.click(second.find_icon(self.ICON_COLOUR))
         second.press("Create")
         wait_for(lambda: len(player_names(self.session)) == 2, "the second copy on the bus")
@@ -353,7 +358,7 @@ class WithoutBusTest(MediaControlsCase):
         """Where buttons are in the window. Without a bus nobody can be asked, so a player with a bus is."""
         player = Player(self.session, PROGRAM, BUNDLE, name="other")
         corner = wait_for(self.window_corner, "the window")
-        places = [player.find_button(name) for name in names]
+        places = [player.find_button(name).centre for name in names]
         player.press("Quit")
         self.assertEqual(player.exit_status(), 0)
         return [(x - corner[0], y - corner[1]) for x, y in places]

@@ -117,6 +117,18 @@ TEST_F(MenuBarSceneTest, WithoutAPlaceThePanelIsShownAsAWindow) {
   EXPECT_FALSE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
 }
 
+TEST_F(MenuBarSceneTest, TheKeyForSettingsIsPassedOn) {
+  const QSignalSpy settings(&m_scene, &MenuBarScene::settingsRequested);
+  m_menuBarExtra.click(iconPlace);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(m_scene.panel()));
+  QTest::keyClick(m_scene.panel(), Qt::Key_Comma);
+  EXPECT_EQ(settings.size(), 0);
+  QTest::keyClick(m_scene.panel(), Qt::Key_Comma, Qt::ControlModifier);
+  EXPECT_EQ(settings.size(), 1);
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_TRUE(m_scene.panel()->isVisible());
+}
+
 TEST_F(MenuBarSceneTest, QuitIsPassedOn) {
   const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
   m_menuBarExtra.click(iconPlace);

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "ui/SettingsWindow.h"
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+namespace mireval {
+
+class AppLocalization;
+class ColorScheme;
+
+/// The settings. Their window exists only while it is open, and there is one at most.
+class SettingsScene final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// The objects are not owned and must outlive the scene.
+  SettingsScene(AppLocalization& localization, ColorScheme& colorScheme);
+  ~SettingsScene() override;
+
+  /// Opens the window. An open one comes to the front.
+  void show();
+
+  /// The open window, or nullptr.
+  SettingsWindow* window() const { return m_window.get(); }
+
+ Q_SIGNALS:
+  /// The window is gone, with all that it held.
+  void windowDidClose();
+
+ private:
+  void letGo();
+
+  AppLocalization& m_localization;
+  ColorScheme& m_colorScheme;
+  std::unique_ptr<SettingsWindow> m_window;
+  // Closed from inside its own event handlers, a window is deleted by the event loop, at the latest with us.
+  std::vector<std::unique_ptr<SettingsWindow>> m_closedWindows;
+};
+
+}  // namespace mireval

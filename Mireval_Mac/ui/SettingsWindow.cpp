@@ -1,0 +1,45 @@
+#include "ui/SettingsWindow.h"
+
+#include "localization/AppLocalization.h"
+#include "platform/ColorScheme.h"
+
+#include <QKeyEvent>
+#include <QKeySequence>
+
+namespace mireval {
+
+SettingsWindow::SettingsWindow(AppLocalization& localization, ColorScheme& colorScheme)
+    : ViewWindow(QStringLiteral("MacSettingsView.qml"), {{QStringLiteral("localization"), &localization},
+                                                         {QStringLiteral("colorScheme"), &colorScheme}}),
+      m_colorScheme(colorScheme) {
+  setFramed();
+  fillBackground();
+  connect(&colorScheme, &ColorScheme::darkChanged, this, &SettingsWindow::fillBackground);
+}
+
+void SettingsWindow::open() {
+  show();
+  requestActivate();
+}
+
+bool SettingsWindow::event(QEvent* event) {
+  const bool handled = ViewWindow::event(event);
+  if (event->type() == QEvent::Close) {
+    Q_EMIT closed();
+  }
+  return handled;
+}
+
+void SettingsWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Cancel) || event->matches(QKeySequence::Close)) {
+    close();
+    return;
+  }
+  ViewWindow::keyPressEvent(event);
+}
+
+void SettingsWindow::fillBackground() {
+  setColor(m_colorScheme.isDark() ? Qt::black : Qt::white);
+}
+
+}  // namespace mireval

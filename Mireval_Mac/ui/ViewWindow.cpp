@@ -1,0 +1,51 @@
+#include "ui/ViewWindow.h"
+
+#include <QGuiApplication>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QUrl>
+#include <QVariantMap>
+
+// Made by the build. Naming it keeps the registration of the QML types, which nothing else refers to, in the
+// program.
+void qml_register_types_Mireval();
+
+namespace mireval {
+
+ViewWindow::ViewWindow(const QString& view, Objects objects) {
+  [[maybe_unused]] static const volatile auto keepTypes = &qml_register_types_Mireval;
+  setTitle(QGuiApplication::applicationDisplayName());
+  QVariantMap properties;
+  for (const auto& [name, object] : objects) {
+    // The objects belong to the application: QML must not collect them.
+    QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+    properties.insert(name, QVariant::fromValue(object));
+  }
+  engine()->addImportPath(QStringLiteral("qrc:/"));
+  setInitialProperties(properties);
+  setResizeMode(QQuickView::SizeViewToRootObject);
+  setSource(QUrl(QStringLiteral("qrc:/Mireval/") + view));
+}
+
+void ViewWindow::bringToFront() {
+  setWindowStates(windowStates() & ~Qt::WindowMinimized);
+  raise();
+  requestActivate();
+}
+
+void ViewWindow::setFramed() {
+  setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+           Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+  fixSize();
+  // Window managers hold a window to its limits, also when the texts of another language need more room.
+  connect(rootObject(), &QQuickItem::widthChanged, this, &ViewWindow::fixSize);
+  connect(rootObject(), &QQuickItem::heightChanged, this, &ViewWindow::fixSize);
+}
+
+void ViewWindow::fixSize() {
+  const QSize size = rootObject()->size().toSize();
+  setMinimumSize(size);
+  setMaximumSize(size);
+}
+
+}  // namespace mireval

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QQuickView>
+#include <QString>
+
+#include <initializer_list>
+#include <utility>
+
+namespace mireval {
+
+/// A window that shows one of our QML views, together with everything that QML needs for it: destroying the
+/// window frees it all. It is always as large as its view. Lives on the UI thread.
+class ViewWindow : public QQuickView {
+  Q_OBJECT
+
+ public:
+  /// Makes sure that the open window is seen and has the keyboard.
+  void bringToFront();
+
+ protected:
+  /// The view's properties, by their names. The objects are not owned and must outlive the window.
+  using Objects = std::initializer_list<std::pair<QString, QObject*>>;
+
+  /// `view` is the view's file name. The window's title is the application's name.
+  ViewWindow(const QString& view, Objects objects);
+
+  /// Gives the window the desktop's frame. The user cannot change its size. To be called before it is shown.
+  void setFramed();
+
+ private:
+  void fixSize();
+};
+
+}  // namespace mireval

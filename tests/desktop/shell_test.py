@@ -1,0 +1,254 @@
+#!/usr/bin/env python3
+"""Starts the player as shells, launchers and impatient users do: with options, twice, and all at once.
+
+usage: shell_test.py [test class], with the environment of desktop_test.py
+"""
+
+import configparser
+import shlex
+import signal
+import sys
+import time
+import unittest
+from pathlib import Path
+
+from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
+from player import Player
+from session import wait_for
+from sound import longest_silence
+
+DESKTOP_FILE = Path(__file__).parents[2] / "packaging/mireval.desktop"
+# Asking another copy needs none.
+NO_DISPLAY = {"DISPLAY": "", "WAYLAND_DISPLAY": ""}
+
+
+def read_desktop_file():
+    content = configparser.ConfigParser(interpolation=None, strict=True)
+    content.optionxform = str
+    content.read(DESKTOP_FILE, encoding="utf-8")
+    return content
+
+
+def arguments_in(group):
+    """The arguments that a launcher passes for a group of the desktop file."""
+    program, *arguments = shlex.split(read_desktop_file()[group]["Exec"])
+    assert program == "mireval", program
+    return arguments
+
+
+class ShellCase(DesktopTest):
+    copies = 0
+
+    def start_copy(self, *arguments, **options):
+        """Starts the player under a name of its own."""
+        ShellCase.copies += 1
+        return Player(self.session, PROGRAM, self.resources, arguments=arguments, name=f"copy-{ShellCase.copies}",
+                      **options)
+
+    def ask(self, *arguments):
+        """Starts a copy that has to leave the work to the one that runs."""
+        copy = self.start_copy(*arguments, environment=NO_DISPLAY)
+        self.assertEqual(copy.exit_status(), 0, copy.errors)
+        self.assertEqual((copy.output, copy.errors), ("", ""))
+
+    def windows(self):
+        return self.session.run("xdotool", "search", "--onlyvisible", "--name", "^Mireval$").stdout.split()
+
+    def focus(self, window):
+        self.session.run("xdotool", "windowfocus", "--sync", window)
+
+
+class SettingsTest(ShellCase):
+    def setUp(self):
+        super().setUp()
+        self.resources = make_tones(self.session.folder / "resources", 60)
+
+    def start_playing(self):
+        player = self.start_copy()
+        self.session.click(player.find_icon())
+        player.press("Focus")
+        recorder = self.listen()
+        self.hear_sound(recorder)
+        self.session.press_key("Escape")
+        player.wait_until_closed()
+        return player, recorder
+
+    def test_panel_and_settings_on_demand(self):
+        player, recorder = self.start_playing()
+
+        # Another copy opens the panel, its key the settings.
+        self.ask()
+        player.wait_for_text("1 / 16")
+        self.session.press_key("ctrl+comma")
+        player.wait_for_text("Language")
+        player.wait_until_gone("1 / 16")
+        self.session.screenshot("settings")
+        settings, = self.windows()
+
+        # Neither window minds the other.
+        self.ask()
+        player.wait_for_text("1 / 16")
+        self.session.screenshot("both")
+        self.session.press_key("Escape")
+        player.wait_until_gone("1 / 16")
+        self.assertEqual(self.windows(), [settings])
+
+        # There is one settings window at most. It comes back from being minimised, to the front.
+        self.ask(*arguments_in("Desktop Action Settings"))
+        self.assertEqual(self.windows(), [settings])
+        self.session.run("xdotool", "windowminimize", "--sync", settings)
+        self.assertEqual(self.windows(), [])
+        self.ask("--settings")
+        wait_for(lambda: self.windows() == [settings], "the settings to come back")
+        wait_for(lambda: self.session.run("xdotool", "getactivewindow").stdout.strip() == settings,
+                 "the settings to be active")
+
+        self.session.press_key("Escape")
+        player.wait_until_closed()
+        self.ask("--settings")
+        player.wait_for_text("Language")
+        window, = self.windows()
+        self.focus(window)
+        self.session.press_key("alt+F4")
+        player.wait_until_closed()
+
+        self.assertEqual(longest_silence(recorder.next(1)), 0)
+        self.session.click(player.find_icon())
+        player.press("Quit")
+        self.assertEqual(player.exit_status(), 0)
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+    def test_a_start_with_settings(self):
+        player = self.start_copy("--settings")
+        player.wait_for_text("Language")
+        self.session.click(player.find_icon())
+        player.wait_for_text("Select a mode")
+        self.assertIn("Language", player.texts())
+        self.session.press_key("Escape")
+        player.wait_until_gone("Select a mode")
+
+        # By the button of its frame.
+        frame, = (element for element in self.session.accessibility.elements("Mireval") if element.role == "frame")
+        self.session.screenshot("frame")
+        self.session.click((frame.x + frame.width - 10, frame.y - 10))
+        player.wait_until_closed()
+        player.find_icon()
+        self.assertTrue(player.is_running())
+
+
+class CopiesTest(ShellCase):
+    desktop = {"sound": False}
+    resources = BUNDLE
+
+    def test_a_copy_that_hangs_and_one_that_is_killed(self):
+        first = self.start_copy()
+        first.find_icon()
+        first.process.send_signal(signal.SIGSTOP)
+        second = self.start_copy()
+        self.assertEqual(second.exit_status(), 1)
+        self.assertIn("does not answer", second.errors)
+        self.assertEqual(len(second.errors.splitlines()), 1, second.errors)
+
+        first.process.kill()
+        first.process.wait(10)
+        third = self.start_copy()
+        third.find_icon()
+        self.ask()
+        third.wait_for_text("Select a mode")
+        self.assertEqual(third.errors, "")
+
+    def test_ten_at_once(self):
+        copies = [self.start_copy() for _ in range(10)]
+        wait_for(lambda: sum(copy.is_running() for copy in copies) == 1, "all but one to leave", 30)
+        player, = (copy for copy in copies if copy.is_running())
+        self.assertEqual({copy.exit_status() for copy in copies if copy is not player}, {0})
+        self.assertEqual({copy.errors for copy in copies}, {""})
+        player.wait_for_text("Select a mode")
+        time.sleep(1)
+        self.assertTrue(player.is_running())
+        self.assertEqual(len(self.windows()), 1)
+        self.session.screenshot("one-of-ten")
+        player.press("Quit")
+        self.assertEqual(player.exit_status(), 0)
+
+
+class SettingsWithoutTrayTest(ShellCase):
+    desktop = {"tray": False, "sound": False}
+    resources = BUNDLE
+
+    def test_both_windows_are_shown(self):
+        player = self.start_copy("--settings")
+        player.wait_for_text("Language")
+        settings, = self.windows()
+        player.wait_for_text("Select a mode")
+        panel, = set(self.windows()) - {settings}
+        self.session.screenshot("both")
+        self.focus(settings)
+        self.session.press_key("ctrl+w")
+        player.wait_until_gone("Language")
+        self.assertTrue(player.is_running())
+        self.assertEqual(self.windows(), [panel])
+
+        self.focus(panel)
+        self.session.press_key("ctrl+comma")
+        player.wait_for_text("Language")
+        self.assertIn("Select a mode", player.texts())
+        self.focus(panel)
+        self.session.press_key("alt+F4")
+        self.assertEqual(player.exit_status(), 0)
+
+
+class OptionsTest(ShellCase):
+    """Nothing of this needs a desktop."""
+
+    desktop = {"screen": False, "tray": False, "sound": False}
+    resources = None
+
+    def answer(self, *arguments):
+        """Exit status, standard output and standard error."""
+        copy = self.start_copy(*arguments)
+        return copy.exit_status(), copy.output, copy.errors
+
+    def test_help_and_version(self):
+        status, output, errors = self.answer("--help")
+        self.assertEqual((status, errors), (0, ""))
+        for option in ("--settings", "--help", "--version"):
+            self.assertIn(option, output)
+        self.assertEqual(self.answer("--settings", "-h"), (0, output, ""))
+        status, version, errors = self.answer("--version")
+        self.assertRegex(version, r"^Mireval \d+\.\d+\.\d+\n$")
+        self.assertEqual((status, errors), (0, ""))
+        self.assertEqual(self.answer("-v"), (0, version, ""))
+        self.assertFalse((self.session.folder / "run/mireval").exists())
+
+    def test_output_that_cannot_be_written(self):
+        for option in ("--help", "--version"):
+            for redirection in (">/dev/full", ">&-"):
+                result = self.session.run("sh", "-c", f'"$0" {option} {redirection}', PROGRAM)
+                self.assertEqual(result.returncode, 1)
+                self.assertEqual(result.stderr, "mireval: standard output cannot be written\n")
+
+    def test_mistakes(self):
+        for arguments, message in ((["--foo"], "mireval: unknown option '--foo'\n"),
+                                   (["-platform", "offscreen"], "mireval: unknown option '-p'\n"),
+                                   (["focus"], "mireval: unexpected argument 'focus'\n"),
+                                   (["--settings", ""], "mireval: unexpected argument ''\n")):
+            status, output, errors = self.answer(*arguments)
+            self.assertEqual((status, output), (2, ""))
+            self.assertTrue(errors.startswith(message), errors)
+            self.assertIn("mireval --help", errors)
+
+    def test_the_desktop_file(self):
+        entry = read_desktop_file()["Desktop Entry"]
+        self.assertEqual((entry["Name"], entry["Icon"], entry["Type"]), ("Mireval", "mireval", "Application"))
+        self.assertEqual(arguments_in("Desktop Entry"), [])
+        self.assertEqual(entry["Actions"], "Settings;")
+        action = read_desktop_file()["Desktop Action Settings"]
+        self.assertEqual([action["Name" + language] for language in ("", "[zh_CN]", "[zh_TW]", "[ja]")],
+                         ["Settings", "设置", "設定", "設定"])
+        for key in ("GenericName", "Comment"):
+            self.assertEqual(len({entry[key + language] for language in ("", "[zh_CN]", "[zh_TW]", "[ja]")}), 4, key)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

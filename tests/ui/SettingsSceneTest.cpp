@@ -1,0 +1,128 @@
+#include "ui/SettingsScene.h"
+
+#include "fakes/EventLog.h"
+#include "fakes/FakeColorScheme.h"
+#include "fakes/FakeCompositor.h"
+#include "fakes/FakeMenuBarExtra.h"
+#include "ui/MenuBarScene.h"
+#include "ui/PanelFixture.h"
+
+#include <QPointer>
+#include <QSignalSpy>
+#include <QtTest/QTest>
+
+namespace mireval {
+namespace {
+
+class SettingsSceneTest : public PanelFixture {
+ protected:
+  SettingsWindow& open() {
+    m_scene.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(m_scene.window()));
+    return *m_scene.window();
+  }
+
+  static void runEventLoopOnce() { QCoreApplication::processEvents(); }
+
+  SettingsScene m_scene{m_localization, m_colorScheme};
+};
+
+TEST_F(SettingsSceneTest, NothingAtFirst) {
+  EXPECT_EQ(m_scene.window(), nullptr);
+}
+
+TEST_F(SettingsSceneTest, AFramedWindowOfTheViewsSizeForGood) {
+  QGuiApplication::setApplicationDisplayName(QStringLiteral("Mireval"));
+  const SettingsWindow& window = open();
+  EXPECT_EQ(window.title(), QStringLiteral("Mireval"));
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(window.flags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_TRUE(window.flags().testFlag(Qt::WindowCloseButtonHint));
+  EXPECT_FALSE(window.flags().testFlag(Qt::WindowMaximizeButtonHint));
+  EXPECT_EQ(window.status(), QQuickView::Ready);
+  EXPECT_EQ(window.width(), 340);
+  EXPECT_GT(window.height(), 60);
+  EXPECT_EQ(window.minimumSize(), window.size());
+  EXPECT_EQ(window.maximumSize(), window.size());
+}
+
+TEST_F(SettingsSceneTest, ThereIsOneAtMost) {
+  const SettingsWindow* const window = &open();
+  m_scene.show();
+  EXPECT_EQ(m_scene.window(), window);
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(SettingsSceneTest, ShownAgainItComesBackFromBeingMinimised) {
+  SettingsWindow& window = open();
+  window.showMinimized();
+  ASSERT_TRUE(window.windowStates().testFlag(Qt::WindowMinimized));
+  m_scene.show();
+  EXPECT_FALSE(window.windowStates().testFlag(Qt::WindowMinimized));
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(SettingsSceneTest, KeysThatCloseIt) {
+  const auto closesIt = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    SettingsWindow& window = open();
+    QTest::keyClick(&window, key, modifiers);
+    const bool closed = m_scene.window() == nullptr;
+    runEventLoopOnce();
+    return closed;
+  };
+  EXPECT_TRUE(closesIt(Qt::Key_Escape, {}));
+  EXPECT_TRUE(closesIt(Qt::Key_W, Qt::ControlModifier));
+  EXPECT_FALSE(closesIt(Qt::Key_W, {}));
+  EXPECT_FALSE(closesIt(Qt::Key_Return, {}));
+}
+
+TEST_F(SettingsSceneTest, ClosedByItsFrameItIsFreed) {
+  const QSignalSpy didClose(&m_scene, &SettingsScene::windowDidClose);
+  const QPointer<SettingsWindow> window = &open();
+  window->close();
+  EXPECT_EQ(m_scene.window(), nullptr);
+  EXPECT_FALSE(window.isNull());
+  EXPECT_EQ(didClose.size(), 0);
+  runEventLoopOnce();
+  EXPECT_TRUE(window.isNull());
+  EXPECT_EQ(didClose.size(), 1);
+}
+
+TEST_F(SettingsSceneTest, ItOpensAgainAlsoBeforeTheOldOneIsFreed) {
+  const QPointer<SettingsWindow> first = &open();
+  first->close();
+  SettingsWindow& second = open();
+  runEventLoopOnce();
+  EXPECT_TRUE(first.isNull());
+  EXPECT_EQ(m_scene.window(), &second);
+  EXPECT_TRUE(second.isVisible());
+}
+
+TEST_F(SettingsSceneTest, TheGroundFollowsTheColourScheme) {
+  const SettingsWindow& window = open();
+  EXPECT_EQ(window.color(), QColor(Qt::white));
+  m_colorScheme.setDark(true);
+  EXPECT_EQ(window.color(), QColor(Qt::black));
+}
+
+TEST_F(SettingsSceneTest, PanelAndMusicAreLeftAlone) {
+  FakeMenuBarExtra menuBarExtra;
+  FakeCompositor compositor;
+  MenuBarScene menuBar({menuBarExtra, m_colorScheme, compositor, *m_controller, m_localization});
+  const QSignalSpy quit(&menuBar, &MenuBarScene::quitRequested);
+  menuBar.show("MenuBarIcon.png");
+  open();
+  menuBarExtra.findNoPlace();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(menuBar.panel()));
+  EXPECT_TRUE(m_scene.window()->isVisible());
+  press(*menuBar.panel(), "mode-wind");
+  QTest::keyClick(m_scene.window(), Qt::Key_Escape);
+  runEventLoopOnce();
+  EXPECT_EQ(m_scene.window(), nullptr);
+  EXPECT_TRUE(menuBar.panel()->isVisible());
+  EXPECT_TRUE(m_factory.newest().playing);
+  EXPECT_EQ(quit.size(), 0);
+}
+
+}  // namespace
+}  // namespace mireval
