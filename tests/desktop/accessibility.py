@@ -7,6 +7,7 @@ from dataclasses import dataclass
 from bus_connection import BusConnection
 
 ACCESSIBLE = "org.a11y.atspi.Accessible"
+ACTION = "org.a11y.atspi.Action"
 COMPONENT = "org.a11y.atspi.Component"
 SCREEN_COORDINATES = "0"
 # Elements that an application tells of are numbered from one.
@@ -23,6 +24,8 @@ class Element:
     y: int
     width: int
     height: int
+    # On the accessibility bus: the application's name there, and the path.
+    place: tuple
 
     @property
     def centre(self):
@@ -61,7 +64,7 @@ class Accessibility:
         extents = self._call(name, path, COMPONENT, "GetExtents", "u", SCREEN_COORDINATES)
         if title is None or role is None or extents is None:
             return None
-        return Element(title, role[0], *extents[0])
+        return Element(title, role[0], *extents[0], (name, path))
 
     def _roots_of(self, application):
         if not self._connect():
@@ -77,6 +80,12 @@ class Accessibility:
         for name, path in self._roots_of(application):
             self._collect(name, path, found)
         return found
+
+    def press(self, element):
+        """Does what a click would, as a screen reader or a voice does; returns whether the element could."""
+        names = self._call(*element.place, ACTION, "GetActions")
+        number = next((number for number, action in enumerate((names or [[]])[0]) if action[0] == "Press"), None)
+        return number is not None and self._call(*element.place, ACTION, "DoAction", "i", str(number)) == [True]
 
     def listen(self):
         """Lets applications tell of what they open from now on, for `opened_elements`."""

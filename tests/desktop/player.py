@@ -8,7 +8,7 @@ from session import wait_for
 
 
 class Player:
-    def __init__(self, session, program, resources=None, *, name="player", environment=None):
+    def __init__(self, session, program, resources=None, *, arguments=(), name="player", environment=None):
         """Players that run at the same time need different names."""
         self._session = session
         self._stdout = session.folder / f"{name}.out"
@@ -17,7 +17,7 @@ class Player:
         if resources:
             environment["MIREVAL_RESOURCES"] = str(resources)
         with open(self._stdout, "wb") as stdout, open(self._stderr, "wb") as stderr:
-            self.process = session.start([program], environment=environment, stdout=stdout, stderr=stderr)
+            self.process = session.start([program, *arguments], environment=environment, stdout=stdout, stderr=stderr)
 
     @property
     def output(self):
@@ -53,16 +53,24 @@ class Player:
     def wait_for_text(self, text, seconds=15):
         return wait_for(lambda: text in self.texts(), f"the text '{text}', showing {self.texts()}", seconds)
 
+    def wait_until_gone(self, text):
+        wait_for(lambda: text not in self.texts(), f"the text '{text}' to go, showing {self.texts()}")
+
     def wait_until_closed(self):
         wait_for(lambda: not self.texts(), "the panel to close")
 
+    def buttons(self):
+        return [element for element in self._elements() if element.role in ("push button", "button")]
+
     def find_button(self, button):
-        """The centre of a button in the panel."""
-        found = wait_for(
-            lambda: [element for element in self._elements()
-                     if element.name == button and element.role in ("push button", "button")],
-            f"the button '{button}'")
-        return found[0].centre
+        found = wait_for(lambda: [element for element in self.buttons() if element.name == button],
+                         f"the button '{button}'")
+        return found[0]
 
     def press(self, button):
-        self._session.click(self.find_button(button))
+        self._session.click(self.find_button(button).centre)
+
+    def find_text(self, text):
+        found = wait_for(lambda: [element for element in self._elements()
+                                  if element.name == text and element.role != "frame"], f"the text '{text}'")
+        return found[0]

@@ -4,6 +4,8 @@
 
 #include <QtTest/QTest>
 
+#include <utility>
+
 namespace mireval {
 namespace {
 
@@ -23,7 +25,9 @@ QQuickItem* findItem(QQuickItem* root, const QString& name) {
 
 }  // namespace
 
-PanelFixture::PanelFixture() {
+PanelFixture::PanelFixture() : PanelFixture(std::make_unique<LocalLibraryProvider>()) {}
+
+PanelFixture::PanelFixture(std::unique_ptr<AudioLibraryProviding> provider) {
   constexpr int tracksPerMood = 16;
   for (const Mood mood : allMoods) {
     for (int number = 1; number <= tracksPerMood; ++number) {
@@ -31,7 +35,7 @@ PanelFixture::PanelFixture() {
     }
   }
   m_controller = AudioPlayerController::create(
-      std::make_unique<LocalLibraryProvider>(),
+      std::move(provider),
       PlaybackServices{m_bundle, m_factory, m_runLoop, m_mainThread, m_remoteCommandCenter,
                        m_nowPlayingInfoCenter, m_imageDecoder, m_debugOutput});
 }
@@ -62,6 +66,12 @@ void PanelFixture::press(PanelWindow& panel, const char* button) const {
   const QQuickItem* const pressed = item(panel, button);
   const QPointF centre = pressed->mapToScene(QPointF(pressed->width() / 2, pressed->height() / 2));
   QTest::mouseClick(&panel, Qt::LeftButton, {}, centre.toPoint());
+}
+
+void PanelFixture::speak(const char* languageTag) {
+  m_systemLanguages.setPreferredLanguages({QString::fromUtf8(languageTag)});
+  Q_EMIT m_localeChanges.currentLocaleDidChange();
+  m_mainThread.runAll();
 }
 
 }  // namespace mireval

@@ -5,11 +5,15 @@
 #include "fakes/FakeColorScheme.h"
 #include "fakes/FakeDebugOutput.h"
 #include "fakes/FakeImageDecoder.h"
+#include "fakes/FakeLocaleChanges.h"
 #include "fakes/FakeMainThread.h"
 #include "fakes/FakeNowPlayingInfoCenter.h"
 #include "fakes/FakeRemoteCommandCenter.h"
 #include "fakes/FakeResourceBundle.h"
 #include "fakes/FakeRunLoop.h"
+#include "fakes/FakeSystemLanguages.h"
+#include "fakes/FakeUserDefaults.h"
+#include "library/AudioLibraryProviding.h"
 #include "localization/AppLocalization.h"
 #include "playback/AudioPlayerController.h"
 #include "ui/PanelWindow.h"
@@ -23,11 +27,12 @@
 
 namespace mireval {
 
-/// A controller with silent players and the shipped catalogue, all of whose files exist, and ways to look at
+/// A controller with silent players and the shipped catalogue or another one, all of whose files exist, and ways to look at
 /// and to press what a panel shows.
 class PanelFixture : public testing::Test {
  protected:
   PanelFixture();
+  explicit PanelFixture(std::unique_ptr<AudioLibraryProviding> provider);
 
   std::unique_ptr<PanelWindow> makePanel(PanelWindow::Style style = PanelWindow::Style::dropDown);
 
@@ -39,6 +44,9 @@ class PanelFixture : public testing::Test {
   QString symbol(const PanelWindow& panel, const char* button) const;
   void press(PanelWindow& panel, const char* button) const;
 
+  /// The system's language becomes that of the tag.
+  void speak(const char* languageTag);
+
   std::shared_ptr<EventLog> m_log = makeEventLog();
   FakeResourceBundle m_bundle{m_log};
   FakeAudioPlayerFactory m_factory{m_log};
@@ -48,7 +56,10 @@ class PanelFixture : public testing::Test {
   FakeNowPlayingInfoCenter m_nowPlayingInfoCenter{m_log};
   FakeImageDecoder m_imageDecoder{m_log};
   FakeDebugOutput m_debugOutput{m_log};
-  AppLocalization m_localization;
+  FakeUserDefaults m_userDefaults{m_log};
+  FakeSystemLanguages m_systemLanguages{m_log};
+  FakeLocaleChanges m_localeChanges;
+  AppLocalization m_localization{{m_userDefaults, m_systemLanguages, m_localeChanges, m_mainThread}};
   FakeColorScheme m_colorScheme;
   std::shared_ptr<AudioPlayerController> m_controller;
 

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QImage>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QtTest/QTest>
 
@@ -30,7 +31,7 @@ TEST_F(PanelWindowTest, BeforeAnythingHasPlayed) {
   const auto panel = makePanel();
   EXPECT_EQ(text(*panel, "title"), QStringLiteral("Select a mode"));
   EXPECT_EQ(text(*panel, "position"), QStringLiteral("1 / 3"));
-  EXPECT_EQ(symbol(*panel, "transport-PlayPause"), QStringLiteral("play.fill"));
+  EXPECT_EQ(symbol(*panel, "transport-playPause"), QStringLiteral("play.fill"));
   EXPECT_EQ(item(*panel, "fill")->width(), 0);
   for (const ModeButton& button : modeButtons) {
     EXPECT_EQ(symbol(*panel, button.name), QString::fromUtf8(button.symbol));
@@ -41,15 +42,19 @@ TEST_F(PanelWindowTest, BeforeAnythingHasPlayed) {
 
 TEST_F(PanelWindowTest, Sizes) {
   const auto panel = makePanel();
-  EXPECT_EQ(panel->width(), 338);
+  EXPECT_EQ(item(*panel, "panel")->width(), 338);
+  // Around it is room for the outer half of its outline.
+  EXPECT_EQ(item(*panel, "panel")->mapToScene(QPointF()), QPointF(1, 1));
+  EXPECT_EQ(panel->width(), 1 + 338 + 1);
+  EXPECT_EQ(panel->height(), 1 + item(*panel, "panel")->height() + 1);
   EXPECT_EQ(item(*panel, "progress")->height(), 4);
   EXPECT_EQ(item(*panel, "progress")->width(), 338 - 2 * 16 - 2 * 14);
-  EXPECT_EQ(item(*panel, "transport-PlayPause")->width(), 34);
-  double x = 16;
+  EXPECT_EQ(item(*panel, "transport-playPause")->width(), 34);
+  double x = 1 + 16;
   for (const ModeButton& button : modeButtons) {
     const QQuickItem* const cell = item(*panel, button.name);
     EXPECT_DOUBLE_EQ(cell->mapToScene(QPointF()).x(), x);
-    EXPECT_EQ(cell->mapToScene(QPointF()).y(), 16);
+    EXPECT_EQ(cell->mapToScene(QPointF()).y(), 1 + 16);
     EXPECT_DOUBLE_EQ(cell->width(), 67.5);
     EXPECT_EQ(cell->height(), 84);
     EXPECT_DOUBLE_EQ(item(*panel, button.name, "circle")->width(), 67.5);
@@ -84,7 +89,7 @@ TEST_F(PanelWindowTest, CornerOfModeCellIsPartOfTheButton) {
 TEST_F(PanelWindowTest, SelectedModePausesAndResumesItsTrack) {
   const auto panel = makePanel();
   press(*panel, "mode-wind");
-  press(*panel, "transport-Next");
+  press(*panel, "transport-next");
   press(*panel, "mode-wind");
   EXPECT_FALSE(m_controller->isPlaying());
   EXPECT_EQ(symbol(*panel, "mode-wind"), QStringLiteral("play.fill"));
@@ -98,20 +103,20 @@ TEST_F(PanelWindowTest, SelectedModePausesAndResumesItsTrack) {
 
 TEST_F(PanelWindowTest, PlayWithoutModeStartsFocus) {
   const auto panel = makePanel();
-  press(*panel, "transport-PlayPause");
+  press(*panel, "transport-playPause");
   EXPECT_EQ(m_controller->currentMood(), Mood::focus);
   EXPECT_TRUE(m_controller->isPlaying());
-  EXPECT_EQ(symbol(*panel, "transport-PlayPause"), QStringLiteral("pause.fill"));
+  EXPECT_EQ(symbol(*panel, "transport-playPause"), QStringLiteral("pause.fill"));
 }
 
 TEST_F(PanelWindowTest, PlayOnPausedModeRestartsIt) {
   const auto panel = makePanel();
   press(*panel, "mode-sparkles");
-  press(*panel, "transport-Next");
-  press(*panel, "transport-PlayPause");
+  press(*panel, "transport-next");
+  press(*panel, "transport-playPause");
   EXPECT_FALSE(m_controller->isPlaying());
   EXPECT_EQ(m_factory.players().size(), 2U);
-  press(*panel, "transport-PlayPause");
+  press(*panel, "transport-playPause");
   EXPECT_TRUE(m_controller->isPlaying());
   EXPECT_EQ(m_controller->currentMood(), Mood::creative);
   EXPECT_EQ(text(*panel, "position"), QStringLiteral("1 / 16"));
@@ -120,13 +125,13 @@ TEST_F(PanelWindowTest, PlayOnPausedModeRestartsIt) {
 
 TEST_F(PanelWindowTest, NextAndPreviousJoinTheEnds) {
   const auto panel = makePanel();
-  press(*panel, "transport-Next");
-  press(*panel, "transport-Previous");
+  press(*panel, "transport-next");
+  press(*panel, "transport-previous");
   EXPECT_TRUE(m_factory.players().empty());
   press(*panel, "mode-scope");
-  press(*panel, "transport-Previous");
+  press(*panel, "transport-previous");
   EXPECT_EQ(text(*panel, "position"), QStringLiteral("16 / 16"));
-  press(*panel, "transport-Next");
+  press(*panel, "transport-next");
   EXPECT_EQ(text(*panel, "position"), QStringLiteral("1 / 16"));
 }
 
@@ -216,6 +221,147 @@ TEST_F(PanelWindowTest, ButtonsTellTheirNames) {
     accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(m_controller->currentMood(), button.mood);
   }
+}
+
+TEST_F(PanelWindowTest, ButtonsTellTheirNamesInEveryLanguage) {
+  m_systemLanguages.setPreferredLanguages({QStringLiteral("ja")});
+  const auto panel = makePanel();
+  const auto name = [&](const char* button) {
+    QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(item(*panel, button));
+    return accessible == nullptr ? QString() : accessible->text(QAccessible::Name);
+  };
+  EXPECT_EQ(name("mode-wind"), QStringLiteral("リラックス"));
+  EXPECT_EQ(name("transport-previous"), QStringLiteral("前の曲"));
+  EXPECT_EQ(name("transport-playPause"), QStringLiteral("再生"));
+  EXPECT_EQ(name("transport-next"), QStringLiteral("次の曲"));
+  EXPECT_EQ(name("quit"), QStringLiteral("終了"));
+  EXPECT_EQ(name("position"), QStringLiteral("1 / 3"));
+  press(*panel, "mode-wind");
+  EXPECT_EQ(name("transport-playPause"), QStringLiteral("一時停止"));
+  speak("zh_TW");
+  EXPECT_EQ(name("mode-wind"), QStringLiteral("放鬆"));
+  EXPECT_EQ(name("transport-playPause"), QStringLiteral("暫停"));
+}
+
+TEST_F(PanelWindowTest, LanguageChangesInTheOpenPanel) {
+  const auto panel = makePanel();
+  const auto modeTitle = [&](const char* button) {
+    return item(*panel, button, "modeTitle")->property("text").toString();
+  };
+  struct Language {
+    const char* tag;
+    QString caption;
+    QString placeholder;
+    QString focus;
+    QString tempo;
+    QString creative;
+    QString relaxation;
+    QString quit;
+  };
+  const std::array languages{
+      Language{"zh-Hans", QStringLiteral("正在播放"), QStringLiteral("选择一个分类"), QStringLiteral("聚焦"),
+               QStringLiteral("节奏"), QStringLiteral("创意"), QStringLiteral("放松"),
+               QStringLiteral("退出")},
+      Language{"zh-Hant", QStringLiteral("正在播放"), QStringLiteral("選擇一個分類"), QStringLiteral("聚焦"),
+               QStringLiteral("節奏"), QStringLiteral("創意"), QStringLiteral("放鬆"),
+               QStringLiteral("退出")},
+      Language{"ja", QStringLiteral("再生中"), QStringLiteral("カテゴリを選択"), QStringLiteral("集中"),
+               QStringLiteral("テンポ"), QStringLiteral("創造"), QStringLiteral("リラックス"),
+               QStringLiteral("終了")},
+      Language{"en", QStringLiteral("Now Playing"), QStringLiteral("Select a mode"), QStringLiteral("Focus"),
+               QStringLiteral("Tempo"), QStringLiteral("Create"), QStringLiteral("Relax"),
+               QStringLiteral("Quit")}};
+  for (const Language& language : languages) {
+    speak(language.tag);
+    EXPECT_EQ(text(*panel, "caption"), language.caption);
+    EXPECT_EQ(text(*panel, "title"), language.placeholder);
+    EXPECT_EQ(modeTitle("mode-scope"), language.focus);
+    EXPECT_EQ(modeTitle("mode-metronome"), language.tempo);
+    EXPECT_EQ(modeTitle("mode-sparkles"), language.creative);
+    EXPECT_EQ(modeTitle("mode-wind"), language.relaxation);
+    EXPECT_EQ(item(*panel, "quit")->property("label").toString(), language.quit);
+  }
+  m_localization.setLanguageOption(AppLanguageOption::japanese);
+  EXPECT_EQ(text(*panel, "caption"), QStringLiteral("再生中"));
+}
+
+TEST_F(PanelWindowTest, WindowFollowsTheHeightOfTheTexts) {
+  const auto panel = makePanel();
+  for (const char* const language : {"ja", "en", "zh-Hans"}) {
+    speak(language);
+    EXPECT_EQ(panel->height(), item(*panel, "panel")->height() + 2) << language;
+    const QQuickItem* const quit = item(*panel, "quit");
+    EXPECT_LT(quit->mapToScene(QPointF(0, quit->height())).y(), panel->height() - 16) << language;
+  }
+}
+
+TEST_F(PanelWindowTest, DropDownAboveTheIconStaysAboveItWhenItGrows) {
+  auto panel = std::make_unique<PanelWindow>(PanelWindow::Style::dropDown, true, *m_controller,
+                                             m_localization, m_colorScheme);
+  const QRect screen = panel->screen()->geometry();
+  panel->open(screen.bottomLeft() + QPoint(400, -10));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(panel.get()));
+  const int bottom = panel->geometry().bottom();
+  QQuickItem* const surface = panel->rootObject();
+  surface->setHeight(surface->height() + 12);
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] { return panel->height() == surface->height() && panel->geometry().bottom() == bottom; }, 2000));
+}
+
+TEST_F(PanelWindowTest, LongTitleIsCutToOneLine) {
+  const auto panel = makePanel();
+  press(*panel, "mode-scope");
+  QQuickItem* const title = item(*panel, "title");
+  const qreal height = title->height();
+  title->setProperty("text", QStringLiteral("wide ").repeated(100));
+  EXPECT_TRUE(title->property("truncated").toBool());
+  EXPECT_EQ(title->width(), 278);
+  EXPECT_EQ(title->height(), height);
+}
+
+TEST_F(PanelWindowTest, RingShowsWhereTheKeyboardIs) {
+  const auto panel = makePanel();
+  const auto ringedButtons = [&] {
+    QStringList names;
+    for (const char* const name : {"mode-scope", "mode-metronome", "mode-sparkles", "mode-wind",
+                                   "transport-previous", "transport-playPause", "transport-next", "quit"}) {
+      if (item(*panel, name, "focusRing")->isVisible()) {
+        names << QString::fromUtf8(name);
+      }
+    }
+    return names.join(QLatin1Char(' '));
+  };
+  EXPECT_EQ(ringedButtons(), QString());
+  for (const char* const name : {"mode-scope", "mode-metronome", "mode-sparkles", "mode-wind",
+                                 "transport-previous", "transport-playPause", "transport-next", "quit"}) {
+    QTest::keyClick(panel.get(), Qt::Key_Tab);
+    EXPECT_EQ(ringedButtons(), QString::fromUtf8(name));
+  }
+  QTest::keyClick(panel.get(), Qt::Key_Backtab);
+  EXPECT_EQ(ringedButtons(), QStringLiteral("transport-next"));
+  press(*panel, "mode-wind");
+  EXPECT_EQ(ringedButtons(), QStringLiteral("transport-next"));
+}
+
+TEST_F(PanelWindowTest, SettingsCommandIsPassedOn) {
+  const auto panel = makePanel();
+  const QSignalSpy settings(panel.get(), &PanelWindow::settingsRequested);
+  QTest::keyClick(panel.get(), Qt::Key_Comma);
+  EXPECT_EQ(settings.size(), 0);
+  QTest::keyClick(panel.get(), Qt::Key_Comma, Qt::ControlModifier);
+  EXPECT_EQ(settings.size(), 1);
+}
+
+TEST_F(PanelWindowTest, MediaKeysAreLeftToTheDesktop) {
+  const auto panel = makePanel();
+  QTest::keyClick(panel.get(), Qt::Key_Tab);
+  for (const Qt::Key key : {Qt::Key_MediaPlay, Qt::Key_MediaTogglePlayPause, Qt::Key_MediaNext}) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    press.ignore();
+    QCoreApplication::sendEvent(panel.get(), &press);
+    EXPECT_FALSE(press.isAccepted());
+  }
+  EXPECT_FALSE(m_controller->isPlaying());
 }
 
 TEST_F(PanelWindowTest, EscapeDismissesADropDown) {

@@ -1,11 +1,13 @@
 import QtQuick
+import Mireval
 
 Card {
     id: card
 
-    required property string quitLabel
+    required property AppLocalization localization
 
     Rectangle {
+        objectName: "divider"
         width: parent.width
         height: 1
         color: card.colors.stroke
@@ -16,20 +18,28 @@ Card {
         implicitHeight: quitText.implicitHeight
 
         PlainButton {
+            id: quitButton
+
             objectName: "quit"
             anchors.right: parent.right
             width: quitText.implicitWidth
             height: quitText.implicitHeight
-            label: card.quitLabel
+            label: card.localization.text(L10nKeys.quit, card.localization.effectiveLanguage)
             onClicked: Qt.quit()
 
             Text {
                 id: quitText
 
-                text: card.quitLabel
+                text: quitButton.label
                 color: card.colors.quietText
-                font.pixelSize: 12
-                font.weight: Font.DemiBold
+                font: Fonts.system(12, Font.DemiBold, card.localization.effectiveLanguage)
+
+                FocusRing {
+                    anchors.leftMargin: -7
+                    anchors.rightMargin: -7
+                    button: quitButton
+                    color: card.colors.ink
+                }
             }
         }
     }

@@ -43,24 +43,23 @@ Item {
         ModeGrid {
             width: parent.width
             audioPlayer: panel.audioPlayer
+            localization: panel.localization
             colors: panel.colors
             modes: panel.modes
-            titles: panel.modes.map(mood => panel.localization.moodTitle(mood))
             spacing: panel.modeSpacing
         }
 
         NowPlayingCard {
             width: parent.width
             audioPlayer: panel.audioPlayer
+            localization: panel.localization
             colors: panel.colors
-            caption: panel.localization.text(L10nKeys.nowPlaying)
-            placeholder: panel.localization.text(L10nKeys.selectMode)
         }
 
         FooterCard {
             width: parent.width
+            localization: panel.localization
             colors: panel.colors
-            quitLabel: panel.localization.text(L10nKeys.quit)
         }
     }
 }

@@ -7,17 +7,18 @@ Item {
     required property var fraction
     required property color tint
 
-    Rectangle {
+    ContinuousRectangle {
         anchors.fill: parent
         radius: height / 2
-        color: Qt.alpha(bar.tint, 0.14)
+        fillColor: Qt.alpha(bar.tint, 0.14)
     }
 
-    Rectangle {
+    ContinuousRectangle {
         objectName: "fill"
         width: Math.max(bar.width * (bar.fraction ?? 0), 0)
         height: bar.height
-        radius: Math.min(width, height) / 2
-        color: bar.tint
+        visible: width > 0
+        radius: height / 2
+        fillColor: bar.tint
     }
 }

@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Shapes
+import Mireval
 
 PlainButton {
     id: button
@@ -7,6 +7,7 @@ PlainButton {
     required property string symbol
     required property bool selected
     required property bool playing
+    required property font font
     required property PanelColors colors
 
     readonly property real diameter: Math.min(width, 72)
@@ -14,26 +15,19 @@ PlainButton {
 
     opacity: selected && playing ? 1.0 : 0.98
 
-    Shape {
-        id: circle
-
+    Circle {
         objectName: "circle"
+        // An anchor to the centre would round to whole pixels.
+        x: (button.width - width) / 2
+        y: (button.height - height) / 2
         width: button.diameter
         height: button.diameter
-        anchors.centerIn: parent
+        fillColor: button.selected ? button.colors.ink : button.colors.modeFill
+        strokeColor: button.colors.stroke
 
-        ShapePath {
-            fillColor: button.selected ? button.colors.ink : button.colors.modeFill
-            strokeColor: button.colors.stroke
-            strokeWidth: 1
-
-            PathAngleArc {
-                centerX: button.diameter / 2
-                centerY: button.diameter / 2
-                radiusX: button.diameter / 2
-                radiusY: button.diameter / 2
-                sweepAngle: 360
-            }
+        FocusRing {
+            button: button
+            color: button.colors.ink
         }
     }
 
@@ -50,11 +44,11 @@ PlainButton {
         }
 
         Text {
+            objectName: "modeTitle"
             anchors.horizontalCenter: parent.horizontalCenter
             text: button.label
             color: button.foreground
-            font.pixelSize: 12
-            font.weight: Font.DemiBold
+            font: button.font
         }
     }
 }

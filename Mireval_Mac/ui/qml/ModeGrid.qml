@@ -5,9 +5,9 @@ Item {
     id: grid
 
     required property AudioPlayerController audioPlayer
+    required property AppLocalization localization
     required property PanelColors colors
     required property var modes
-    required property var titles
     required property real spacing
 
     readonly property real cellWidth: (width - spacing * (modes.length - 1)) / modes.length
@@ -25,15 +25,15 @@ Item {
             // qmllint disable unqualified
             ModeButton {
                 required property var modelData
-                required property int index
 
                 objectName: "mode-" + symbol
                 width: grid.cellWidth
                 height: grid.height
-                label: grid.titles[index]
+                label: grid.localization.moodTitle(modelData, grid.localization.effectiveLanguage)
                 symbol: Moods.symbolName(modelData)
                 selected: grid.audioPlayer.currentMood === modelData
                 playing: grid.audioPlayer.isPlaying
+                font: Fonts.system(12, Font.DemiBold, grid.localization.effectiveLanguage)
                 colors: grid.colors
                 onClicked: {
                     if (selected && grid.audioPlayer.currentTrack !== undefined)

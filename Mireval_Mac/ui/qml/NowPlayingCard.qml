@@ -5,14 +5,13 @@ Card {
     id: card
 
     required property AudioPlayerController audioPlayer
-    required property string caption
-    required property string placeholder
+    required property AppLocalization localization
 
     Text {
-        text: card.caption
+        objectName: "caption"
+        text: card.localization.text(L10nKeys.nowPlaying, card.localization.effectiveLanguage)
         color: card.colors.captionText
-        font.pixelSize: 11
-        font.weight: Font.Medium
+        font: Fonts.system(11, Font.Medium, card.localization.effectiveLanguage)
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }
@@ -26,15 +25,30 @@ Card {
     }
 
     Text {
+        id: titleRoom
+
+        // As high as any title in this language: the panel must not jump when Chinese gives way to English.
+        visible: false
+        text: title.placeholder + "Ag"
+        font: title.font
+    }
+
+    Text {
+        id: title
+
+        readonly property string placeholder: card.localization.text(L10nKeys.selectMode,
+                                                                     card.localization.effectiveLanguage)
+
         objectName: "title"
         width: parent.width
-        text: card.audioPlayer.currentTrack?.title ?? card.placeholder
+        height: titleRoom.implicitHeight
+        text: card.audioPlayer.currentTrack?.title ?? placeholder
+        verticalAlignment: Text.AlignVCenter
         textFormat: Text.PlainText
         color: card.colors.ink
         elide: Text.ElideRight
         maximumLineCount: 1
-        font.pixelSize: 20
-        font.weight: Font.DemiBold
+        font: Fonts.system(20, Font.DemiBold, card.localization.effectiveLanguage)
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }
@@ -49,16 +63,17 @@ Card {
             spacing: 10
 
             TransportButton {
-                label: "Previous"
+                objectName: "transport-previous"
                 symbol: "chevron.left"
+                localization: card.localization
                 colors: card.colors
                 onClicked: card.audioPlayer.playPreviousTrack()
             }
 
             TransportButton {
-                label: card.audioPlayer.isPlaying ? "Pause" : "Play"
-                objectName: "transport-PlayPause"
+                objectName: "transport-playPause"
                 symbol: card.audioPlayer.isPlaying ? "pause.fill" : "play.fill"
+                localization: card.localization
                 colors: card.colors
                 onClicked: {
                     if (card.audioPlayer.isPlaying)
@@ -69,23 +84,21 @@ Card {
             }
 
             TransportButton {
-                label: "Next"
+                objectName: "transport-next"
                 symbol: "chevron.right"
+                localization: card.localization
                 colors: card.colors
                 onClicked: card.audioPlayer.playNextTrack()
             }
         }
 
-        Text {
+        MonospacedDigitsText {
             objectName: "position"
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: card.audioPlayer.playlistPositionText
             color: card.colors.quietText
-            font.pixelSize: 11
-            font.weight: Font.DemiBold
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
+            font: Fonts.system(11, Font.DemiBold, card.localization.effectiveLanguage)
         }
     }
 }

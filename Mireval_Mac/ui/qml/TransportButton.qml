@@ -1,19 +1,26 @@
 import QtQuick
+import Mireval
 
 PlainButton {
     id: button
 
     required property string symbol
+    required property AppLocalization localization
     required property PanelColors colors
 
-    objectName: "transport-" + label
     implicitWidth: 34
     implicitHeight: 34
+    label: localization.symbolLabel(symbol, localization.effectiveLanguage)
 
-    Rectangle {
-        anchors.fill: parent
-        radius: width / 2
-        color: button.colors.transportFill
+    Circle {
+        width: button.width
+        height: button.height
+        fillColor: button.colors.transportFill
+
+        FocusRing {
+            button: button
+            color: button.colors.ink
+        }
     }
 
     Glyph {

@@ -1,0 +1,140 @@
+#!/usr/bin/env python3
+"""Changes the system's language and colours under the open windows of the player.
+
+usage: language_test.py [test class], with the environment of desktop_test.py
+"""
+
+import sys
+import unittest
+from pathlib import Path
+
+from desktop_case import PROGRAM, DesktopTest, make_tones
+from locale_service import LocaleService
+from player import Player
+from portal import DARK, LIGHT, SettingsPortal
+from session import wait_for
+
+ENGLISH = ["Focus", "Tempo", "Create", "Relax", "Previous", "Play", "Next", "Quit"]
+JAPANESE = ["集中", "テンポ", "創造", "リラックス", "前の曲", "再生", "次の曲", "終了"]
+TRADITIONAL = ["聚焦", "節奏", "創意", "放鬆", "上一首", "播放", "下一首", "退出"]
+SIMPLIFIED = ["聚焦", "节奏", "创意", "放松", "上一首", "播放", "下一首", "退出"]
+WHITE, BLACK = (255, 255, 255), (0, 0, 0)
+LIGHT_CARD, DARK_CARD = (246, 243, 237), (13, 16, 21)
+
+
+class LanguageCase(DesktopTest):
+    desktop = {"system_bus": True}
+
+    def start_player(self, **environment):
+        return Player(self.session, PROGRAM, self.resources, environment={"LANG": "en_GB.UTF-8", **environment})
+
+    def ask(self, *arguments):
+        copy = Player(self.session, PROGRAM, arguments=arguments, name="copy")
+        self.assertEqual(copy.exit_status(), 0, copy.errors)
+
+    def setUp(self):
+        super().setUp()
+        self.resources = make_tones(self.session.folder / "resources", 60)
+
+    def expect_language(self, player, buttons, *texts):
+        wait_for(lambda: [button.name for button in player.buttons()] == buttons, f"the buttons {buttons}")
+        shown = player.texts()
+        for text in texts:
+            self.assertIn(text, shown)
+
+
+class OpenWindowsTest(LanguageCase):
+    def test_both_windows_follow_the_system(self):
+        locale, portal = LocaleService(self.session), SettingsPortal(self.session, LIGHT)
+        player = self.start_player()
+        player.find_icon()
+        self.ask("--settings")
+        player.wait_for_text("Language")
+        self.ask()
+        self.expect_language(player, ENGLISH, "Now Playing", "Select a mode", "1 / 3", "Language", "English")
+        self.session.screenshot("english")
+
+        locale.set_locale(["LANG=ja_JP.UTF-8"])
+        self.expect_language(player, JAPANESE, "再生中", "カテゴリを選択", "言語", "日本語")
+        self.assert_colours(player, WHITE, LIGHT_CARD)
+        portal.set_color_scheme(DARK)
+        self.assert_colours(player, BLACK, DARK_CARD)
+        self.session.screenshot("japanese-dark")
+
+        locale.set_locale(["LANG=de_DE.UTF-8", "LC_MESSAGES=zh_TW.UTF-8"])
+        self.expect_language(player, TRADITIONAL, "正在播放", "選擇一個分類", "語言", "繁體中文")
+        portal.set_color_scheme(LIGHT)
+        self.assert_colours(player, WHITE, LIGHT_CARD)
+        self.session.screenshot("traditional-light")
+
+        # Every button does its work for those who do not use a pointer.
+        recorder = self.listen()
+        self.assertTrue(self.session.accessibility.press(player.find_button("創意")))
+        player.wait_for_text("暫停")
+        self.assertTrue(self.session.accessibility.press(player.find_button("聚焦")))
+        player.wait_for_text("1 / 16")
+        self.hear_tone(recorder)
+        self.assertTrue(self.session.accessibility.press(player.find_button("下一首")))
+        player.wait_for_text("2 / 16")
+        self.assertTrue(self.session.accessibility.press(player.find_button("上一首")))
+        player.wait_for_text("1 / 16")
+        self.assertTrue(self.session.accessibility.press(player.find_button("暫停")))
+        player.wait_for_text("播放")
+        self.hear_silence(recorder)
+
+        locale.set_locale(["LANG=fr_FR.UTF-8"])
+        self.expect_language(player, ENGLISH, "Now Playing", "Language", "English")
+        self.session.accessibility.press(player.find_button("Quit"))
+        self.assertEqual(player.exit_status(), 0)
+        self.assertIn("creative", player.output)
+        self.assertEqual(player.errors, "")
+
+    def assert_colours(self, player, paper, card):
+        mode = player.buttons()[0]
+        product = player.find_text("Mireval")
+
+        def seen():
+            shot = self.session.screenshot("colours")
+            return (shot.pixel(mode.x + mode.width // 2, mode.y - 8),
+                    shot.pixel(product.x + product.width + 30, product.y + product.height // 2))
+        wait_for(lambda: seen() == (paper, card), f"the colours {paper} and {card}")
+
+
+class PreferenceTest(LanguageCase):
+    def test_a_stored_language_stays(self):
+        preference = Path(self.session.environment["XDG_CONFIG_HOME"], "mireval/mireval.conf")
+        preference.parent.mkdir()
+        content = "# mine\n[General]\napp.language.option=chineseSimplified\n"
+        preference.write_text(content, encoding="utf-8")
+        locale = LocaleService(self.session)
+        player = self.start_player()
+        self.session.click(player.find_icon())
+        self.expect_language(player, SIMPLIFIED, "正在播放", "选择一个分类")
+        locale.set_locale(["LANG=ja_JP.UTF-8"])
+        player.press("退出")
+        self.assertEqual(player.exit_status(), 0)
+        self.assertEqual(preference.read_text(encoding="utf-8"), content)
+        self.assertEqual([entry.name for entry in preference.parent.iterdir()], [preference.name])
+
+    def test_the_keyboard_is_enough(self):
+        player = self.start_player(LANGUAGE="zh_HK:en")
+        self.session.click(player.find_icon())
+        self.expect_language(player, TRADITIONAL)
+        recorder = self.listen()
+        self.session.press_key("Tab")
+        self.session.screenshot("focused")
+        self.session.press_key("space")
+        player.wait_for_text("1 / 16")
+        self.hear_tone(recorder)
+        for _ in range(6):
+            self.session.press_key("Tab")
+        self.session.press_key("Return")
+        player.wait_for_text("2 / 16")
+        self.session.press_key("Tab")
+        self.session.screenshot("focused-quit")
+        self.session.press_key("Return")
+        self.assertEqual(player.exit_status(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])
