@@ -5,8 +5,8 @@
 
 namespace mireval {
 
-/// What the system knows of the user's languages. Every call asks afresh. Used on the UI thread. Language tags
-/// are written as the system writes them: "zh-Hant-TW", "zh_TW", "ja".
+/// What the system knows of the user's languages. Every call asks afresh. Used on the UI thread. Language
+/// tags are written as the system writes them: "zh-Hant-TW", "zh_TW", "ja".
 class SystemLanguages {
  public:
   virtual ~SystemLanguages() = default;

@@ -27,8 +27,8 @@
 
 namespace mireval {
 
-/// A controller with silent players and the shipped catalogue or another one, all of whose files exist, and ways to look at
-/// and to press what a panel shows.
+/// A controller with silent players and the shipped catalogue or another one, all of whose files exist, and
+/// ways to look at and to press what a panel shows.
 class PanelFixture : public testing::Test {
  protected:
   PanelFixture();
