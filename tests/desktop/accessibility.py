@@ -2,7 +2,7 @@
 
 import json
 import subprocess
-from dataclasses import dataclass
+from functools import cached_property
 
 from bus_connection import BusConnection
 
@@ -14,22 +14,33 @@ SCREEN_COORDINATES = "0"
 LAST_TOLD_ELEMENT = 30
 
 
-@dataclass(frozen=True)
 class Element:
-    """One element on the screen; the extents are pixels of the screen."""
+    """One element on the screen. What it is asked for later than its name may be that of a later moment."""
 
-    name: str
-    role: str
-    x: int
-    y: int
-    width: int
-    height: int
-    # On the accessibility bus: the application's name there, and the path.
-    place: tuple
+    def __init__(self, accessibility, name, place):
+        self._accessibility = accessibility
+        self.name = name
+        # On the accessibility bus: the application's name there, and the path.
+        self.place = place
+
+    @cached_property
+    def role(self):
+        """Empty when the element is gone."""
+        role = self._accessibility.call(*self.place, ACCESSIBLE, "GetRoleName")
+        return role[0] if role else ""
+
+    @cached_property
+    def extents(self):
+        """Left, top, width and height in pixels of the screen."""
+        extents = self._accessibility.call(*self.place, COMPONENT, "GetExtents", "u", SCREEN_COORDINATES)
+        if extents is None:
+            raise AssertionError(f"the element '{self.name}' is gone")
+        return extents[0]
 
     @property
     def centre(self):
-        return self.x + self.width // 2, self.y + self.height // 2
+        x, y, width, height = self.extents
+        return x + width // 2, y + height // 2
 
 
 class Accessibility:
@@ -49,7 +60,7 @@ class Accessibility:
             env=self._environment, capture_output=True, text=True, timeout=10)
         return json.loads(result.stdout)["data"] if result.returncode == 0 else None
 
-    def _call(self, name, path, interface, method, *arguments):
+    def call(self, name, path, interface, method, *arguments):
         return self._busctl(f"--address={self._address}", "call", name, path, interface, method, *arguments)
 
     def _connect(self):
@@ -60,16 +71,12 @@ class Accessibility:
 
     def _describe(self, name, path):
         title = self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE, "Name")
-        role = self._call(name, path, ACCESSIBLE, "GetRoleName")
-        extents = self._call(name, path, COMPONENT, "GetExtents", "u", SCREEN_COORDINATES)
-        if title is None or role is None or extents is None:
-            return None
-        return Element(title, role[0], *extents[0], (name, path))
+        return None if title is None else Element(self, title, (name, path))
 
     def _roots_of(self, application):
         if not self._connect():
             return []
-        roots = self._call("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root", ACCESSIBLE, "GetChildren")
+        roots = self.call("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root", ACCESSIBLE, "GetChildren")
         return [(name, path) for name, path in (roots or [[]])[0]
                 if self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE,
                                 "Name") == application]
@@ -83,9 +90,9 @@ class Accessibility:
 
     def press(self, element):
         """Does what a click would, as a screen reader or a voice does; returns whether the element could."""
-        names = self._call(*element.place, ACTION, "GetActions")
+        names = self.call(*element.place, ACTION, "GetActions")
         number = next((number for number, action in enumerate((names or [[]])[0]) if action[0] == "Press"), None)
-        return number is not None and self._call(*element.place, ACTION, "DoAction", "i", str(number)) == [True]
+        return number is not None and self.call(*element.place, ACTION, "DoAction", "i", str(number)) == [True]
 
     def listen(self):
         """Lets applications tell of what they open from now on, for `opened_elements`."""
@@ -107,7 +114,7 @@ class Accessibility:
         return found
 
     def _collect(self, name, path, found):
-        children = self._call(name, path, ACCESSIBLE, "GetChildren")
+        children = self.call(name, path, ACCESSIBLE, "GetChildren")
         for child_name, child_path in (children or [[]])[0]:
             element = self._describe(child_name, child_path)
             if element is not None and element.name:

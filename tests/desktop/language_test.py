@@ -37,7 +37,7 @@ class LanguageCase(DesktopTest):
         self.resources = make_tones(self.session.folder / "resources", 60)
 
     def expect_language(self, player, buttons, *texts):
-        wait_for(lambda: [button.name for button in player.buttons()] == buttons, f"the buttons {buttons}")
+        wait_for(lambda: [text for text in player.texts() if text in buttons] == buttons, f"the buttons {buttons}")
         shown = player.texts()
         for text in texts:
             self.assertIn(text, shown)
@@ -69,8 +69,6 @@ class OpenWindowsTest(LanguageCase):
 
         # Every button does its work for those who do not use a pointer.
         recorder = self.listen()
-        self.assertTrue(self.session.accessibility.press(player.find_button("創意")))
-        player.wait_for_text("暫停")
         self.assertTrue(self.session.accessibility.press(player.find_button("聚焦")))
         player.wait_for_text("1 / 16")
         self.hear_tone(recorder)
@@ -86,17 +84,17 @@ class OpenWindowsTest(LanguageCase):
         self.expect_language(player, ENGLISH, "Now Playing", "Language", "English")
         self.session.accessibility.press(player.find_button("Quit"))
         self.assertEqual(player.exit_status(), 0)
-        self.assertIn("creative", player.output)
-        self.assertEqual(player.errors, "")
+        self.assertEqual((player.output, player.errors), ("", ""))
 
     def assert_colours(self, player, paper, card):
-        mode = player.buttons()[0]
+        first_mode = player.buttons()[0]
+        middle, top = first_mode.centre[0], first_mode.extents[1]
         product = player.find_text("Mireval")
+        right = product.extents[0] + product.extents[2]
 
         def seen():
             shot = self.session.screenshot("colours")
-            return (shot.pixel(mode.x + mode.width // 2, mode.y - 8),
-                    shot.pixel(product.x + product.width + 30, product.y + product.height // 2))
+            return shot.pixel(middle, top - 8), shot.pixel(right + 30, product.centre[1])
         wait_for(lambda: seen() == (paper, card), f"the colours {paper} and {card}")
 
 

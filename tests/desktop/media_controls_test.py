@@ -511,7 +511,7 @@ class PlayersInPanelTest(MediaControlsCase):
         self.session.accessibility.listen()
         entry = self.open_menu(controls.title)
         self.session.screenshot("playing")
-        button = entry.x + entry.width - self.PAUSE_BUTTON, entry.centre[1]
+        button = entry.extents[0] + entry.extents[2] - self.PAUSE_BUTTON, entry.centre[1]
         self.session.click(button)
         controls.wait_for_status("Paused")
         self.hear_silence(recorder)
@@ -521,7 +521,7 @@ class PlayersInPanelTest(MediaControlsCase):
         self.hear_sound(recorder)
 
         # The entry itself raises the player.
-        self.session.click((entry.x + 60, entry.centre[1]))
+        self.session.click((entry.extents[0] + 60, entry.centre[1]))
         player.wait_for_text("2 / 16")
         self.session.screenshot("raised")
         self.end(player)

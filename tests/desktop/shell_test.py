@@ -130,7 +130,8 @@ class SettingsTest(ShellCase):
         # By the button of its frame.
         frame, = (element for element in self.session.accessibility.elements("Mireval") if element.role == "frame")
         self.session.screenshot("frame")
-        self.session.click((frame.x + frame.width - 10, frame.y - 10))
+        left, top, width, _ = frame.extents
+        self.session.click((left + width - 10, top - 10))
         player.wait_until_closed()
         player.find_icon()
         self.assertTrue(player.is_running())
