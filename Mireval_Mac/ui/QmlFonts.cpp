@@ -1,6 +1,5 @@
 #include "ui/QmlFonts.h"
 
-#include <QFontInfo>
 #include <QGuiApplication>
 
 namespace mireval {
@@ -22,13 +21,19 @@ QString eastAsianFamily(AppLanguage language) {
 
 }  // namespace
 
-QFont QmlFonts::system(int pixelSize, int weight, AppLanguage language) {
+QFont QmlFonts::system(int pixelSize, int weight) {
   QFont font = QGuiApplication::font();
   font.setPixelSize(pixelSize);
   font.setWeight(static_cast<QFont::Weight>(weight));
+  return font;
+}
+
+QFont QmlFonts::systemFor(int pixelSize, int weight, AppLanguage language) {
+  QFont font = system(pixelSize, weight);
   if (const QString family = eastAsianFamily(language); !family.isEmpty()) {
-    // By its real name: in a list, a generic one would be passed over, as what is missing is.
-    font.setFamilies({QFontInfo(font).family(), family});
+    // Not the other way round: what stands behind a family's first use is what Qt then always takes for the
+    // characters that it lacks. A family that is missing is passed over.
+    font.setFamilies(QStringList(family) + font.families());
   }
   return font;
 }

@@ -8,16 +8,19 @@
 
 namespace mireval {
 
-/// The fonts of the interface for QML.
+/// The fonts of the interface for QML. A weight is one of QFont::Weight.
 class QmlFonts final : public QObject {
   Q_OBJECT
   QML_NAMED_ELEMENT(Fonts)
   QML_SINGLETON
 
  public:
-  /// The desktop's own font. Characters that Chinese and Japanese share come in the shapes of the language.
-  /// `weight` is one of QFont::Weight.
-  Q_INVOKABLE static QFont system(int pixelSize, int weight, mireval::AppLanguage language);
+  /// The desktop's own font.
+  Q_INVOKABLE static QFont system(int pixelSize, int weight);
+
+  /// For a text in the language. Characters that Chinese and Japanese share come in the shapes of that
+  /// language, if there is a font for it; the desktop's own font does the rest.
+  Q_INVOKABLE static QFont systemFor(int pixelSize, int weight, mireval::app_language::AppLanguage language);
 };
 
 }  // namespace mireval

@@ -32,7 +32,7 @@ Card {
 
                 text: quitButton.label
                 color: card.colors.quietText
-                font: Fonts.system(12, Font.DemiBold, card.localization.effectiveLanguage)
+                font: Fonts.systemFor(12, Font.DemiBold, card.localization.effectiveLanguage)
 
                 FocusRing {
                     anchors.leftMargin: -7

@@ -32,7 +32,7 @@ Item {
             objectName: "productName"
             text: "Mireval"
             color: settings.appearance.primaryText
-            font: Fonts.system(24, Font.DemiBold, settings.language)
+            font: Fonts.system(24, Font.DemiBold)
             Accessible.role: Accessible.StaticText
             Accessible.name: text
         }
@@ -51,7 +51,7 @@ Item {
                 objectName: "heading"
                 text: settings.localization.text(L10nKeys.languageTitle, settings.language)
                 color: settings.colorScheme.dark ? "#d9ffffff" : "#d9000000"
-                font: Fonts.system(13, Font.DemiBold, settings.language)
+                font: Fonts.systemFor(13, Font.DemiBold, settings.language)
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
             }
@@ -60,7 +60,7 @@ Item {
                 objectName: "language"
                 text: settings.localization.displayName(settings.language)
                 color: settings.appearance.secondaryText
-                font: Fonts.system(12, Font.Medium, settings.language)
+                font: Fonts.systemFor(12, Font.Medium, settings.language)
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
             }

@@ -33,7 +33,7 @@ Item {
                 symbol: Moods.symbolName(modelData)
                 selected: grid.audioPlayer.currentMood === modelData
                 playing: grid.audioPlayer.isPlaying
-                font: Fonts.system(12, Font.DemiBold, grid.localization.effectiveLanguage)
+                font: Fonts.systemFor(12, Font.DemiBold, grid.localization.effectiveLanguage)
                 colors: grid.colors
                 onClicked: {
                     if (selected && grid.audioPlayer.currentTrack !== undefined)

@@ -11,7 +11,7 @@ Card {
         objectName: "caption"
         text: card.localization.text(L10nKeys.nowPlaying, card.localization.effectiveLanguage)
         color: card.colors.captionText
-        font: Fonts.system(11, Font.Medium, card.localization.effectiveLanguage)
+        font: Fonts.systemFor(11, Font.Medium, card.localization.effectiveLanguage)
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }
@@ -25,30 +25,25 @@ Card {
     }
 
     Text {
-        id: titleRoom
+        id: placeholder
 
-        // As high as any title in this language: the panel must not jump when Chinese gives way to English.
         visible: false
-        text: title.placeholder + "Ag"
-        font: title.font
+        text: card.localization.text(L10nKeys.selectMode, card.localization.effectiveLanguage)
+        font: Fonts.systemFor(20, Font.DemiBold, card.localization.effectiveLanguage)
     }
 
     Text {
-        id: title
-
-        readonly property string placeholder: card.localization.text(L10nKeys.selectMode,
-                                                                     card.localization.effectiveLanguage)
-
         objectName: "title"
         width: parent.width
-        height: titleRoom.implicitHeight
-        text: card.audioPlayer.currentTrack?.title ?? placeholder
-        verticalAlignment: Text.AlignVCenter
+        // The panel must not jump when an English title takes the place of a Chinese text.
+        height: Math.max(implicitHeight, placeholder.implicitHeight)
+        text: card.audioPlayer.currentTrack?.title ?? placeholder.text
         textFormat: Text.PlainText
         color: card.colors.ink
         elide: Text.ElideRight
         maximumLineCount: 1
-        font: Fonts.system(20, Font.DemiBold, card.localization.effectiveLanguage)
+        verticalAlignment: Text.AlignVCenter
+        font: card.audioPlayer.currentTrack === undefined ? placeholder.font : Fonts.system(20, Font.DemiBold)
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }
@@ -98,7 +93,7 @@ Card {
             anchors.verticalCenter: parent.verticalCenter
             text: card.audioPlayer.playlistPositionText
             color: card.colors.quietText
-            font: Fonts.system(11, Font.DemiBold, card.localization.effectiveLanguage)
+            font: Fonts.system(11, Font.DemiBold)
         }
     }
 }
