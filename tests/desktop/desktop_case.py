@@ -15,12 +15,27 @@ from sound import Recorder, is_silent, pitch
 PROGRAM = os.environ["MIREVAL_PROGRAM"]
 BUNDLE = Path(os.environ["MIREVAL_BUNDLE"])
 SCREENSHOTS = Path(os.environ["MIREVAL_SCREENSHOTS"])
+TONES = SCREENSHOTS.parent / "tones"
 TRACKS_PER_MODE = 16
 COVERS_PER_MODE = 10
 
 
 def frequency_of(track):
     return 300 + 40 * track
+
+
+def _tone(track, seconds):
+    """The file of a tone, which is made once for all tests."""
+    tone = TONES / f"{frequency_of(track)}-{seconds}.m4a"
+    if not tone.exists():
+        TONES.mkdir(parents=True, exist_ok=True)
+        unfinished = tone.with_suffix(f".{os.getpid()}.m4a")
+        subprocess.run(
+            ["ffmpeg", "-v", "error", "-nostdin", "-f", "lavfi", "-i",
+             f"sine=frequency={frequency_of(track)}:duration={seconds}", "-c:a", "aac", "-aac_coder", "fast",
+             "-b:a", "96k", unfinished], check=True, timeout=60)
+        unfinished.rename(tone)
+    return tone
 
 
 def make_tones(folder, seconds, modes=("focus",)):
@@ -30,10 +45,7 @@ def make_tones(folder, seconds, modes=("focus",)):
     shutil.copy(BUNDLE / "MenuBarIcon.png", folder)
     for mode in modes:
         for track in range(1, TRACKS_PER_MODE + 1):
-            subprocess.run(
-                ["ffmpeg", "-v", "error", "-nostdin", "-f", "lavfi", "-i",
-                 f"sine=frequency={frequency_of(track)}:duration={seconds}", "-c:a", "aac", "-aac_coder", "fast",
-                 "-b:a", "96k", folder / "PreviewAudio" / f"{mode}-{track}.m4a"], check=True, timeout=60)
+            shutil.copy(_tone(track, seconds), audio / f"{mode}-{track}.m4a")
     return folder
 
 
