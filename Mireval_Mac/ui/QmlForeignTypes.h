@@ -24,6 +24,12 @@ struct QmlAppLocalization {
   QML_UNCREATABLE("Made by the application")
 };
 
+namespace qml_app_language {
+Q_NAMESPACE
+QML_FOREIGN_NAMESPACE(mireval::app_language)
+QML_NAMED_ELEMENT(AppLanguages)
+}  // namespace qml_app_language
+
 struct QmlColorScheme {
   Q_GADGET
   QML_FOREIGN(mireval::ColorScheme)
