@@ -45,7 +45,7 @@ class Application {
 class KernelMemoryPressureTest : public testing::TestWithParam<bool> {
  protected:
   void watch(int descriptor, Sign sign) {
-    m_pressure.emplace(MemoryPressureFile(descriptor, sign));
+    m_pressure.emplace(MemoryPressureFile(FileDescriptor(descriptor), sign));
     QObject::connect(&*m_pressure, &MemoryPressure::memoryIsShort, &*m_pressure, [this] {
       ++m_signals;
       m_onSignal();

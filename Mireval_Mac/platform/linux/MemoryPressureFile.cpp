@@ -1,17 +1,17 @@
 #include "platform/linux/MemoryPressureFile.h"
 
+#include "platform/linux/UnixSocketAddress.h"
+
 #include <QByteArray>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <string>
 #include <string_view>
@@ -37,27 +37,18 @@ std::optional<MemoryPressureFile> asked(MemoryPressureFile file, const QByteArra
 
 std::optional<MemoryPressureFile> openFile(const fs::path& path, Sign sign, const QByteArray& request) {
   // Also for a pipe: as long as we could write ourselves, it does not end with the last writer.
-  const int descriptor = ::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-  return descriptor >= 0 ? asked(MemoryPressureFile(descriptor, sign), request) : std::nullopt;
+  FileDescriptor file(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+  return file.isOpen() ? asked(MemoryPressureFile(std::move(file), sign), request) : std::nullopt;
 }
 
 std::optional<MemoryPressureFile> connectTo(const fs::path& path, const QByteArray& request) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  const std::string& name = path.native();
-  const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-  if (descriptor < 0) {
+  const auto address = unixSocketAddress(path.native());
+  FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+  if (!address || !socket.isOpen() ||
+      connect(socket.get(), reinterpret_cast<const sockaddr*>(&*address), sizeof *address) != 0) {
     return std::nullopt;
   }
-  MemoryPressureFile file(descriptor, Sign::readable);
-  if (name.size() >= sizeof address.sun_path) {
-    return std::nullopt;
-  }
-  std::memcpy(address.sun_path, name.data(), name.size());
-  if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
-    return std::nullopt;
-  }
-  return asked(std::move(file), request);
+  return asked(MemoryPressureFile(std::move(socket), Sign::readable), request);
 }
 
 std::optional<MemoryPressureFile> openNamed(const QByteArray& name) {
@@ -107,24 +98,15 @@ std::optional<MemoryPressureFile> MemoryPressureFile::open(const Places& places)
   return openFile(places.system, Sign::exceptional, defaultRequest);
 }
 
-MemoryPressureFile::MemoryPressureFile(MemoryPressureFile&& other) noexcept
-    : m_descriptor(std::exchange(other.m_descriptor, -1)), m_sign(other.m_sign) {}
-
-MemoryPressureFile::~MemoryPressureFile() {
-  if (m_descriptor >= 0) {
-    close(m_descriptor);
-  }
-}
-
 MemoryPressureFile::Report MemoryPressureFile::takeReport() const {
   if (m_sign == Sign::exceptional) {
     // Errors are told unasked: the control group is gone.
-    pollfd state{.fd = m_descriptor, .events = 0, .revents = 0};
+    pollfd state{.fd = m_file.get(), .events = 0, .revents = 0};
     return poll(&state, 1, 0) > 0 ? Report::gone : Report::memoryIsShort;
   }
   // As much as a pipe holds, so that a storm of signs becomes one report.
   std::array<char, 1 << 16> bytes;  // NOLINT(cppcoreguidelines-pro-type-member-init)
-  const ssize_t count = read(m_descriptor, bytes.data(), bytes.size());
+  const ssize_t count = read(m_file.get(), bytes.data(), bytes.size());
   if (count > 0) {
     return Report::memoryIsShort;
   }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "platform/linux/FileDescriptor.h"
+
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 namespace mireval {
 
@@ -32,21 +35,16 @@ class MemoryPressureFile final {
   static std::optional<MemoryPressureFile> open(const Places& places);
   static std::optional<MemoryPressureFile> open() { return open(Places()); }
 
-  /// Takes an open descriptor.
-  MemoryPressureFile(int descriptor, Sign sign) : m_descriptor(descriptor), m_sign(sign) {}
-  MemoryPressureFile(MemoryPressureFile&& other) noexcept;
-  MemoryPressureFile& operator=(MemoryPressureFile&&) = delete;
-  ~MemoryPressureFile();
+  MemoryPressureFile(FileDescriptor file, Sign sign) : m_file(std::move(file)), m_sign(sign) {}
 
-  int descriptor() const { return m_descriptor; }
+  int descriptor() const { return m_file.get(); }
   Sign sign() const { return m_sign; }
 
   /// What the sign means, once poll(2) has shown it. After `gone` it would show for ever: close the file.
   Report takeReport() const;
 
  private:
-  /// -1 after a move.
-  int m_descriptor;
+  FileDescriptor m_file;
   Sign m_sign;
 };
 
