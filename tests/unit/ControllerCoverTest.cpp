@@ -264,15 +264,7 @@ TEST_F(ControllerCoverTest, ASecondControllerFindsTheCoversOfTheFirst) {
   m_controller.reset();
   auto provider = std::make_unique<FakeLibraryProvider>();
   provider->setPlayableTracks(Mood::focus, {makeTrack(Mood::focus, 1)});
-  const auto second =
-      AudioPlayerController::create(std::move(provider), {.resourceBundle = m_bundle,
-                                                          .audioPlayerFactory = m_factory,
-                                                          .runLoop = m_runLoop,
-                                                          .mainThread = m_mainThread,
-                                                          .remoteCommandCenter = m_remote,
-                                                          .nowPlayingInfoCenter = m_nowPlaying,
-                                                          .imageDecoder = m_decoder,
-                                                          .debugOutput = m_debug});
+  const auto second = AudioPlayerController::create(std::move(provider), services());
   second->selectMood(Mood::focus);
   EXPECT_EQ(coverName(), "focus-01.png");
   EXPECT_EQ(coverEvents(), Events{});

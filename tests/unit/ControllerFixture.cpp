@@ -11,14 +11,18 @@ ControllerFixture::ControllerFixture() {
   AudioPlayerController::coverImageCache().removeAll();
   auto provider = std::make_unique<FakeLibraryProvider>(m_log);
   m_provider = provider.get();
-  m_controller = AudioPlayerController::create(std::move(provider), {.resourceBundle = m_bundle,
-                                                                     .audioPlayerFactory = m_factory,
-                                                                     .runLoop = m_runLoop,
-                                                                     .mainThread = m_mainThread,
-                                                                     .remoteCommandCenter = m_remote,
-                                                                     .nowPlayingInfoCenter = m_nowPlaying,
-                                                                     .imageDecoder = m_decoder,
-                                                                     .debugOutput = m_debug});
+  m_controller = AudioPlayerController::create(std::move(provider), services());
+}
+
+PlaybackServices ControllerFixture::services() {
+  return {.resourceBundle = m_bundle,
+          .audioPlayerFactory = m_factory,
+          .runLoop = m_runLoop,
+          .mainThread = m_mainThread,
+          .remoteCommandCenter = m_remote,
+          .nowPlayingInfoCenter = m_nowPlaying,
+          .imageDecoder = m_decoder,
+          .debugOutput = m_debug};
 }
 
 Track ControllerFixture::makeTrack(Mood mood, int number) {

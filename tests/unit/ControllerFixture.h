@@ -28,6 +28,9 @@ class ControllerFixture : public testing::Test {
  protected:
   ControllerFixture();
 
+  /// The fakes, for another controller beside `m_controller`.
+  PlaybackServices services();
+
   /// The `number`-th track of a mood: title "<mood> title <number>", file "<mood>-<number>.m4a".
   static Track makeTrack(Mood mood, int number);
 
