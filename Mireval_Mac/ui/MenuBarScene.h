@@ -7,7 +7,6 @@
 #include <QPoint>
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>

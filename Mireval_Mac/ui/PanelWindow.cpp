@@ -41,16 +41,18 @@ PanelWindow::PanelWindow(Style style, bool blended, AudioPlayerController& audio
                                                       {QStringLiteral("localization"), &localization},
                                                       {QStringLiteral("colorScheme"), &colorScheme}}),
       m_style(style),
-      m_blended(blended),
-      m_colorScheme(colorScheme) {
+      m_blended(blended) {
   if (m_style == Style::framed) {
     setFramed();
   } else {
     // No window manager in between: it would move the window, and some give such a window no keyboard.
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint);
   }
-  fillBackground();
-  connect(&colorScheme, &ColorScheme::darkChanged, this, &PanelWindow::fillBackground);
+  if (m_style == Style::framed || !m_blended) {
+    setOpaque(colorScheme);
+  } else {
+    setColor(Qt::transparent);
+  }
   connect(engine(), &QQmlEngine::quit, this, &PanelWindow::quitRequested);
 }
 
@@ -90,11 +92,6 @@ void PanelWindow::dismiss(Dismissal how) {
     hide();
     Q_EMIT dismissed(how);
   }
-}
-
-void PanelWindow::fillBackground() {
-  const bool opaque = m_style == Style::framed || !m_blended;
-  setColor(!opaque ? Qt::transparent : m_colorScheme.isDark() ? Qt::black : Qt::white);
 }
 
 bool PanelWindow::event(QEvent* event) {

@@ -4,8 +4,6 @@
 
 #include <QPoint>
 
-#include <functional>
-
 namespace mireval {
 
 class AppLocalization;
@@ -62,13 +60,11 @@ class PanelWindow final : public ViewWindow {
  private:
   void cutCornersOff();
   void dismiss(Dismissal how);
-  void fillBackground();
   void grabPointer(int attemptsLeft);
   void place();
 
   const Style m_style;
   const bool m_blended;
-  const ColorScheme& m_colorScheme;
   QPoint m_click;
   bool m_pressedOutside = false;
 };

@@ -10,11 +10,9 @@ namespace mireval {
 
 SettingsWindow::SettingsWindow(AppLocalization& localization, ColorScheme& colorScheme)
     : ViewWindow(QStringLiteral("MacSettingsView.qml"), {{QStringLiteral("localization"), &localization},
-                                                         {QStringLiteral("colorScheme"), &colorScheme}}),
-      m_colorScheme(colorScheme) {
+                                                         {QStringLiteral("colorScheme"), &colorScheme}}) {
   setFramed();
-  fillBackground();
-  connect(&colorScheme, &ColorScheme::darkChanged, this, &SettingsWindow::fillBackground);
+  setOpaque(colorScheme);
 }
 
 void SettingsWindow::open() {
@@ -36,10 +34,6 @@ void SettingsWindow::keyPressEvent(QKeyEvent* event) {
     return;
   }
   ViewWindow::keyPressEvent(event);
-}
-
-void SettingsWindow::fillBackground() {
-  setColor(m_colorScheme.isDark() ? Qt::black : Qt::white);
 }
 
 }  // namespace mireval

@@ -26,11 +26,6 @@ class SettingsWindow final : public ViewWindow {
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-
- private:
-  void fillBackground();
-
-  const ColorScheme& m_colorScheme;
 };
 
 }  // namespace mireval

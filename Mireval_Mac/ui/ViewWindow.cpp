@@ -1,5 +1,7 @@
 #include "ui/ViewWindow.h"
 
+#include "platform/ColorScheme.h"
+
 #include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -40,6 +42,12 @@ void ViewWindow::setFramed() {
   // Window managers hold a window to its limits, also when the texts of another language need more room.
   connect(rootObject(), &QQuickItem::widthChanged, this, &ViewWindow::fixSize);
   connect(rootObject(), &QQuickItem::heightChanged, this, &ViewWindow::fixSize);
+}
+
+void ViewWindow::setOpaque(const ColorScheme& colorScheme) {
+  const auto fill = [this, &colorScheme] { setColor(colorScheme.isDark() ? Qt::black : Qt::white); };
+  fill();
+  connect(&colorScheme, &ColorScheme::darkChanged, this, fill);
 }
 
 void ViewWindow::fixSize() {

@@ -8,6 +8,8 @@
 
 namespace mireval {
 
+class ColorScheme;
+
 /// A window that shows one of our QML views, together with everything that QML needs for it: destroying the
 /// window frees it all. It is always as large as its view. Lives on the UI thread.
 class ViewWindow : public QQuickView {
@@ -26,6 +28,10 @@ class ViewWindow : public QQuickView {
 
   /// Gives the window the desktop's frame. The user cannot change its size. To be called before it is shown.
   void setFramed();
+
+  /// Puts white or black behind the view, whichever suits the scheme, now and at each change. The scheme must
+  /// outlive the window.
+  void setOpaque(const ColorScheme& colorScheme);
 
  private:
   void fixSize();
