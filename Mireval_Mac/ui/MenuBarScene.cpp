@@ -16,7 +16,9 @@ constexpr qint64 reopeningGuardMs = 300;
 
 }  // namespace
 
-MenuBarScene::MenuBarScene(Surroundings surroundings) : m_surroundings(surroundings) {}
+MenuBarScene::MenuBarScene(Surroundings surroundings) : m_surroundings(surroundings) {
+  connect(&m_closedPanels, &ClosedWindows::deleted, this, &MenuBarScene::panelDidClose);
+}
 
 MenuBarScene::~MenuBarScene() = default;
 
@@ -59,14 +61,7 @@ void MenuBarScene::close() {
   // Its hiding must not count as the user's doing.
   m_panel->disconnect(this);
   m_panel->hide();
-  m_closedPanels.push_back(std::move(m_panel));
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        m_closedPanels.clear();
-        Q_EMIT panelDidClose();
-      },
-      Qt::QueuedConnection);
+  m_closedPanels.add(std::move(m_panel));
 }
 
 void MenuBarScene::handleDismissal(PanelWindow::Dismissal how) {

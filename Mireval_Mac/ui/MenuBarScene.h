@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/ClosedWindows.h"
 #include "ui/PanelWindow.h"
 
 #include <QElapsedTimer>
@@ -9,7 +10,6 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace mireval {
 
@@ -69,8 +69,7 @@ class MenuBarScene final : public QObject {
   const Surroundings m_surroundings;
   std::unique_ptr<PanelWindow> m_panel;
   std::optional<QPoint> m_lastPlace;
-  // Closed from inside its own event handlers, a panel is deleted by the event loop, at the latest with us.
-  std::vector<std::unique_ptr<PanelWindow>> m_closedPanels;
+  ClosedWindows m_closedPanels;
   QElapsedTimer m_sinceTurningAway;
 };
 

@@ -5,7 +5,9 @@
 namespace mireval {
 
 SettingsScene::SettingsScene(AppLocalization& localization, ColorScheme& colorScheme)
-    : m_localization(localization), m_colorScheme(colorScheme) {}
+    : m_localization(localization), m_colorScheme(colorScheme) {
+  connect(&m_closedWindows, &ClosedWindows::deleted, this, &SettingsScene::windowDidClose);
+}
 
 SettingsScene::~SettingsScene() = default;
 
@@ -21,14 +23,7 @@ void SettingsScene::show() {
 
 void SettingsScene::letGo() {
   m_window->disconnect(this);
-  m_closedWindows.push_back(std::move(m_window));
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        m_closedWindows.clear();
-        Q_EMIT windowDidClose();
-      },
-      Qt::QueuedConnection);
+  m_closedWindows.add(std::move(m_window));
 }
 
 }  // namespace mireval

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "ui/ClosedWindows.h"
 #include "ui/SettingsWindow.h"
 
 #include <QObject>
 
 #include <memory>
-#include <vector>
 
 namespace mireval {
 
@@ -37,8 +37,7 @@ class SettingsScene final : public QObject {
   AppLocalization& m_localization;
   ColorScheme& m_colorScheme;
   std::unique_ptr<SettingsWindow> m_window;
-  // Closed from inside its own event handlers, a window is deleted by the event loop, at the latest with us.
-  std::vector<std::unique_ptr<SettingsWindow>> m_closedWindows;
+  ClosedWindows m_closedWindows;
 };
 
 }  // namespace mireval
