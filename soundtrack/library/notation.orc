@@ -25,8 +25,10 @@ gipan[] init 64
 gihall[] init 64
 giecho[] init 64
 gidrum[] init 64
-giroom, giair, gidelay, girepeat init .88, 7000, .75, .4
-giwow, gigrit, giduck init .3, .5, 0
+gSrooms = " hall=0 plate=1 chamber=2 "
+giroom, gisize, giair init 0, .88, 7000
+gidelay, girepeat init .75, .4
+giwow, gigrit, giduck, gistray init .3, .5, 0, .1
 
 opcode fault, 0, SS             ; stop the build: what is wrong, and the words that are
   Swhat, Stext xin
@@ -191,7 +193,7 @@ opcode form, 0, So              ; letters, seconds of ring after the last bar
   giat[gichords] = ibeat
   giend = ceil((ibeat * 60 / gibpm + (iring == 0 ? 3 : iring)) * sr / 1024) * 1024 / sr - 1 / kr  ; whole AAC frames
   schedule "echo", 0, giend
-  schedule "hall", 0, giend
+  schedule "reverberation", 0, giend
   schedule "master", 0, giend
 endop
 
@@ -312,6 +314,11 @@ opcode step, i, ii             ; a melody figure (1..9, a..g one octave below) a
   xout near(gitonic, icentre) + hexa(gSdegrees, istep - 7 * ioctave) + 12 * ioctave
 endop
 
+opcode arch, i, i               ; a phrase of four bars leans into its third and lets go of its fourth
+  ibeats xin
+  xout 1 + .06 * sin((ibeats / gimetre % 4 - 1) * $M_PI / 2.5)
+endop
+
 opcode note, 0, Siiiiii          ; player, time, duration, pitch, velocity, lane, position
   Splayer, iwhen, idur, inote, ivel, ilane, ipos xin
   schedule Splayer, iwhen, idur, inote, ivel, ilane, ipos
@@ -364,7 +371,7 @@ opcode perform, 0, iSiSSi       ; way of playing, player, centre, pattern, level
         ilevel level Slevels, isec, (it - gisec[isec]) / (gisec[isec + 1] - gisec[isec])
         ibar = it % gimetre
         iaccent = (ibar < .01 ? 1 : (it % 1 < .01 ? .94 : .88)) + .05 * sin(it * $M_PI / gimetre / 2)
-        ivel = (.3 + .7 * ilevel) * iaccent * random:i(.94, 1.04)
+        ivel = (.3 + .7 * ilevel) * iaccent * arch(it - gisec[isec]) * random:i(.94, 1.04)
         ilate = (ith % 2 == 1 ? giswing * istep : 0) * ibeat
         iwhen = it * ibeat + ilate + .012 + random:i(-.006, .006)
         idur = ikeep * istep * ibeat
@@ -372,6 +379,7 @@ opcode perform, 0, iSiSSi       ; way of playing, player, centre, pattern, level
           inotes[] voicing ichord, icentre
           inum lenarray inotes
           irung = (inext - it) * ibeat * .98
+          istrays = random:i(0, 1) < gistray && ith >= ilength && ith % isteps != 0 ? 1 : 0
           if ic == 42 then              ; * the whole chord, rolled
             ik = 0
             while ik < inum do
@@ -380,6 +388,8 @@ opcode perform, 0, iSiSSi       ; way of playing, player, centre, pattern, level
             od
           elseif ic != 63 || random:i(0, 1) < .45 then
             ik = ic == 63 ? int(random:i(0, inum * 2 - .01)) : ic - 48
+            ik = istrays == 1 ? max(0, ik + (random:i(0, 1) < .5 ? 1 : -1)) : ik
+            ivel *= istrays == 1 ? .8 : 1
             inote = inotes[ik % inum] + 12 * int(ik / inum)
             note Splayer, iwhen, irung, inote, ivel, ilane, (inote - 64) / 60
           endif
@@ -465,8 +475,10 @@ opcode veil, 0, SSooj           ; a texture over the whole track: player, levels
   schedule Sp, 0, giend, ishape, 0, ilane, 0
 endop
 
-opcode hallway, 0, ii           ; size 0..1, air in Hz
-  giroom, giair xin
+opcode space, 0, Sii            ; hall, plate or chamber; size 0..1, brightness in Hz
+  Sroom, gisize, giair xin
+  Snumber entry gSrooms, Sroom, "no such room", Sroom
+  giroom strtod Snumber
 endop
 opcode repeats, 0, ii           ; echo time in beats, feedback
   gidelay, girepeat xin
@@ -476,6 +488,9 @@ opcode tape, 0, ii              ; wow 0..1, grit 0..1
 endop
 opcode pump, 0, i               ; how much the kick pushes the music down, 0..1
   giduck xin
+endop
+opcode stray, 0, i              ; how often a repeat of keys leaves the written page, 0..1
+  gistray xin
 endop
 
 instr checked                   ; runs once the whole track is read: without a form it would play forever

@@ -1,6 +1,6 @@
 ; weather.orc - textures that lie over a whole track: p4 is the table of levels by section.
 
-gSweather = " rain wind surf hiss room brown thunder leaves stream crickets air "
+gSweather = " rain drops wind surf sea thunder leaves stream crickets night fire air hiss room brown "
 
 opcode tide, k, i               ; the level of a texture now
   ishape xin
@@ -41,13 +41,24 @@ instr rain                      ; a bed, a patter, drops on the sill, and the ro
   send aL * klevel * 6, aR * klevel * 6, p6, p7
 endin
 
-instr wind
+opcode gust, a, kkk             ; a band of wind: pitch, width and force
+  kpitch, kwidth, kforce xin
+  aout butterbp pinker(), kpitch, kwidth
+  xout aout * kforce
+endop
+
+instr wind                      ; one gust heard low, then in the middle, then at the gap of a window
   klevel tide p4
-  kf1 rspline 220, 620, .05, .2
-  kf2 rspline 240, 680, .05, .2
-  aL butterbp pinker(), kf1, 260
-  aR butterbp pinker(), kf2, 260
-  send aL * klevel * 2, aR * klevel * 2, p6, p7
+  kgust rspline 0, 1, .06, .2
+  kover rspline 0, 1, .07, .25
+  afarL gust 170 + 120 * kgust, 160, .35 + .65 * kover
+  afarR gust 180 + 120 * kover, 160, .35 + .65 * kgust
+  amidL gust 330 + 340 * kgust, 240, .08 + .95 * kgust * kgust
+  amidR gust 350 + 340 * kover, 240, .08 + .95 * kover * kover
+  agap gust 640 + 380 * kgust * kover, 45, kgust * kover
+  aL = (afarL + amidL + agap * .9) * klevel * 2.4
+  aR = (afarR + amidR + agap * .6) * klevel * 2.4
+  send aL, aR, p6, p7
 endin
 
 instr surf
@@ -56,7 +67,31 @@ instr surf
   kR = kL * .75 + rspline(0, .25, .06, .11)
   aL butterlp pinker() * .6, 350 + 2800 * kL * kL
   aR butterlp pinker() * .6, 350 + 2800 * kR * kR
-  send aL * klevel * 4 * (.25 + .75 * kL * kL), aR * klevel * 4 * (.25 + .75 * kR * kR), p6, p7
+  send aL * klevel * 3.6 * (.35 + .65 * kL * kL), aR * klevel * 3.6 * (.35 + .65 * kR * kR), p6, p7
+endin
+
+instr sea                       ; the open water behind the beach: long swells, no foam
+  klevel tide p4
+  kswell rspline .1, 1, .07, .13
+  kcross rspline .1, 1, .07, .13
+  aL butterlp butterhp(pinker(), 50), 140 + 420 * kswell
+  aR butterlp butterhp(pinker(), 50), 140 + 420 * kcross
+  afarL butterbp pinker(), 900, 700
+  afarR butterbp pinker(), 960, 700
+  aL = aL * (.12 + kswell * kswell) + afarL * .1 * kswell * kcross
+  aR = aR * (.12 + kcross * kcross) + afarR * .1 * kswell * kcross
+  send aL * klevel * 2, aR * klevel * 2, p6, p7
+endin
+
+instr drops                     ; after the rain: a gutter that has not finished
+  klevel tide p4
+  a1, a2 drip 1.1, 700, 2100, 26, .12
+  a3, a4 drip 3.2, 1300, 3400, 12, .06
+  aL butterlp butterhp(a1 + a3, 200), 5200
+  aR butterlp butterhp(a2 + a4, 200), 5200
+  aL += butterlp(pinker(), 420) * .015
+  aR += butterlp(pinker(), 420) * .015
+  send aL * klevel * 16, aR * klevel * 16, p6, p7
 endin
 
 instr hiss                      ; the haze of a tape machine
@@ -94,7 +129,7 @@ instr thunder                   ; far behind the hills, more pressure than sound
   aR butterlp pinker(), kcut
   aL butterhp aL, 38
   aR butterhp aR, 38
-  kamp = klevel * (.12 + kroll * kroll * kroll * kgrain) * 11
+  kamp = klevel * (.16 + kroll * kroll * kgrain) * 6.5
   send aL * kamp, aR * kamp, p6, p7
 endin
 
@@ -141,6 +176,35 @@ instr crickets                  ; a warm night with the window open
   aR butterbp noise:a(.06, 0), 3200, 3000
   aL = aL + (a1 + a3 * .4) * .05
   aR = aR + (a2 + a3 * .6) * .05
+  send aL * klevel * 1.6, aR * klevel * 1.6, p6, p7
+endin
+
+instr night                     ; dark air over fields, one insect far off
+  klevel tide p4
+  kL rspline .4, 1, .05, .14
+  kR rspline .4, 1, .05, .14
+  aL butterlp butterhp(pinker(), 60), 420
+  aR butterlp butterhp(pinker(), 60), 420
+  afar cricket 3310, .47, 23
+  aL = aL * kL + afar * .012
+  aR = aR * kR + afar * .03
+  send aL * klevel * 1.4, aR * klevel * 1.4, p6, p7
+endin
+
+instr fire                      ; an open stove: the draught, the embers, now and then a log
+  klevel tide p4
+  kdraught rspline .5, 1, .2, .9
+  alow butterlp butterhp(pinker(), 60), 260
+  aside butterlp butterhp(pinker(), 60), 260
+  ahissL butterbp noise:a(.014, 0), 3600, 3000
+  ahissR butterbp noise:a(.014, 0), 3600, 3000
+  a1, a2 drip 8, 1500, 4200, 5, .8
+  a3, a4 drip 1.1, 600, 1700, 6, .7
+  kbusy rspline .15, 1, .15, .5
+  aL = alow * .8 * kdraught + ahissL * kdraught + (a1 * 1.6 + a3) * kbusy
+  aR = aside * .8 * kdraught + ahissR * kdraught + (a2 * 1.6 + a4) * kbusy
+  aL butterlp aL, 6000
+  aR butterlp aR, 6000
   send aL * klevel * 1.6, aR * klevel * 1.6, p6, p7
 endin
 

@@ -5,7 +5,7 @@ chords  "A", "Aadd9:2 F#m7:2 Dmaj9:2 E/G#:2"
 chords  "B", "Bm9:2 C#m7:2 Dmaj9:2 Esus4 E"
 chords  "Z", "Dmaj9:2 Aadd9:2"
 form    "AABAABBAZ", 3
-hallway .9, 8000
+space   "hall", .9, 8000
 repeats 1, .35
 tape    .2, .1
 ;        player          pattern                          A A B A A B B A Z

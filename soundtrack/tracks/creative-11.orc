@@ -5,7 +5,7 @@ chords  "A", "Em9:2 A6:2 Em9:2 Dmaj9:2"
 chords  "B", "Gmaj9:2 F#m7:2 Bm9:2 A6:2"
 chords  "Z", "Dmaj9:2 Em9:2"
 form    "AABABBAAZ", 3
-hallway .82, 7800
+space   "hall", .82, 7800
 repeats .75, .35
 tape    .15, .15
 ;       player           pattern               A A B A B B A A Z

@@ -5,7 +5,7 @@ chords  "A", "Cadd9:2 G/B:2 Am7:2 Fmaj9:2"
 chords  "B", "Dm9:2 Am7:2 Fmaj9:2 Gsus4 G"
 chords  "Z", "Fmaj9:2 Cadd9:2"
 form    "AABABAAZ", 3
-hallway .86, 7200
+space   "hall", .86, 7200
 repeats .75, .35
 tape    .2, .1
 ;       player           pattern               A A B A B A A Z

@@ -5,7 +5,7 @@ chords  "A", "Gm9:2 Ebmaj9:2 Bbadd9:2 F/A:2"
 chords  "B", "Cm9:2 Dm7:2 Ebmaj9:2 Fsus4 F"
 chords  "Z", "Ebmaj9:2 Gm9:2"
 form    "AABABBAZ", 4
-hallway .87, 6500
+space   "hall", .87, 6500
 repeats 1.5, .5
 tape    .35, .2
 ;       player           pattern               A A B A B B A Z

@@ -5,7 +5,7 @@ chords  "A", "Eb6:2 Dbmaj9:2 Abmaj9:2 Bbm7:2"
 chords  "B", "Cm7:2 Fm9:2 Dbmaj9:2 Bbm9:2"
 chords  "Z", "Dbmaj9:2 Eb6:2"
 form    "AABABBAZ", 3
-hallway .81, 5600
+space   "hall", .81, 5600
 repeats .75, .3
 tape    .35, .25
 ;       player           pattern               A A B A B B A Z

@@ -5,7 +5,7 @@ chords  "A", "Abmaj9:2 Bb6/Ab:2 Gm7:2 Cm9:2"
 chords  "B", "Fm9:2 Gm7:2 Abmaj9:2 Bb6:2"
 chords  "Z", "Abmaj9:4"
 form    "AABAABABBAZ", 4
-hallway .95, 7800
+space   "hall", .95, 7800
 repeats 1, .5
 tape    .55, .1
 ;       player          pattern           A A B A A B A B B A Z

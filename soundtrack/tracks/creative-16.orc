@@ -5,7 +5,7 @@ chords  "A", "Dadd9:2 Cadd9:2 G/B:2 Am7:2"
 chords  "B", "Em7:2 G6:2 Am9:2 Cmaj9:2"
 chords  "Z", "Cadd9:2 Dadd9:2"
 form    "AABABBAAZ", 3
-hallway .9, 9500
+space   "hall", .9, 9500
 repeats .75, .3
 tape    .1, .1
 ;       player           pattern               A A B A B B A A Z

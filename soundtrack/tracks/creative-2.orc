@@ -6,7 +6,7 @@ chords  "B", "F#m9:2 Amaj9:2 G#m7:2 C#m9:2"
 chords  "C", "Amaj9:2 Badd9:2 C#m9:2 E/G#:2"
 chords  "Z", "Amaj9:2 C#m9:2"
 form    "ABACCAZ", 4
-hallway .92, 8500
+space   "hall", .92, 8500
 repeats .75, .4
 tape    .2, .1
 ;       player           pattern               A B A C C A Z

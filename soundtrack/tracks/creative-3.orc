@@ -5,7 +5,7 @@ chords  "A", "Gadd9:2 F:2 C/E:2 Dm7:2"
 chords  "B", "Em7 Dm7 C:2 Am7:2 F:2"
 chords  "Z", "C Dm7 Gadd9:2"
 form    "AABABBAAZ", 3
-hallway .84, 8500
+space   "hall", .84, 8500
 repeats .75, .4
 tape    .15, .15
 ;        player          pattern                            A A B A B B A A Z

@@ -6,7 +6,7 @@ chords  "B", "Bbmaj9:2 Am7:2 Gm9:2 C9sus:2"
 chords  "C", "Dm9:2 Bbmaj9:2 Fadd9/A:2 C6:2"
 chords  "Z", "Bbmaj9:2 Fadd9:2"
 form    "ABACBCZ", 4
-hallway .94, 7000
+space   "hall", .94, 7000
 repeats 1, .35
 tape    .25, .15
 ;       player          pattern               A B A C B C Z

@@ -5,7 +5,7 @@ chords  "A", "Dadd9:2 A/C#:2 Bm7:2 Gmaj9:2"
 chords  "B", "Em9:2 F#m7:2 Gmaj9:2 Asus4 A"
 chords  "Z", "Gmaj9:2 Dadd9:2"
 form    "AABABBAAZ", 3
-hallway .88, 9000
+space   "hall", .88, 9000
 repeats .75, .45
 tape    .15, .2
 pump    .2

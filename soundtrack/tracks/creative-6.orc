@@ -5,7 +5,7 @@ chords  "A", "Am9:2 Fmaj9:2 Cadd9:2 Em7/B:2"
 chords  "B", "Dm9:2 G6:2 Cmaj9:2 Em7:2"
 chords  "Z", "Fmaj9:2 Am9:2"
 form    "AABABAZ", 3
-hallway .87, 5000
+space   "hall", .87, 5000
 repeats .75, .3
 tape    .4, .2
 ;       player          pattern               A A B A B A Z

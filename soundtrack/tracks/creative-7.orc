@@ -5,7 +5,7 @@ chords  "A", "Dbmaj9:2 Eb/Db:2 Cm7:2 Fm9:2"
 chords  "B", "Bbm9:2 Fm7:2 Ebadd9:2 Dbmaj9#11:2"
 chords  "Z", "Dbmaj9:4"
 form    "AABABAAZ", 3
-hallway .93, 8800
+space   "hall", .93, 8800
 repeats .75, .5
 tape    .25, .1
 ;       player           pattern               A A B A B A A Z

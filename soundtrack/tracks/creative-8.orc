@@ -5,7 +5,7 @@ chords  "A", "Fadd9:2 Cadd9/E:2 Dm9:2 G6:2"
 chords  "B", "Am9:2 Em7:2 Fmaj9:2 G6:2"
 chords  "Z", "Fmaj9:4"
 form    "AABAABABBAZ", 4
-hallway .88, 8200
+space   "hall", .88, 8200
 repeats 1, .35
 tape    .15, .05
 ;       player           pattern           A A B A A B A B B A Z

@@ -6,7 +6,7 @@ chords  "B", "Gm9:2 Dm7:2 Fadd9:2 C6:2"
 chords  "C", "Am7:2 Bbmaj9:2 Gm9:2 C6:2"
 chords  "Z", "Bbmaj9:4"
 form    "ABACBAZ", 5
-hallway .95, 7500
+space   "hall", .95, 7500
 repeats 1.5, .4
 tape    .3, .1
 ;       player           pattern               A B A C B A Z

@@ -5,7 +5,7 @@ chords  "A", "C#m9:4 C#sus2:2 Amaj7/C#:2"
 chords  "B", "F#m9/C#:4 C#m9:2 G#m7/C#:2"
 chords  "C", "Amaj9:2 E6:2 F#m9:2 C#sus2:2"
 form    "ABACBA", 5
-hallway .92, 3800
+space   "hall", .92, 3800
 repeats 2, .4
 tape    .45, .25
 ;       player         pattern               A B A C B A

@@ -5,7 +5,7 @@ chords  "A", "Cm9:4 Fsus4:2 Ebadd9:2"
 chords  "B", "Abmaj7:2 Bbadd9:2 Cm9:4"
 chords  "Z", "Cm9:4"
 form    "AAABABAAZ", 4
-hallway .86, 6000
+space   "hall", .86, 6000
 repeats .75, .4
 tape    .2, .15
 ;        player          pattern                                   A A A B A B A A Z

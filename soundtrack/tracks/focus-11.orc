@@ -6,7 +6,7 @@ chords  "B", "Dbmaj9:2 Eb6:2 Cm7:2 Fm9:2"
 chords  "C", "Bbm9:2 Dbmaj9:2 Abadd9/C:2 Ebsus4:2"
 chords  "Z", "Abmaj9:4"
 form    "ABACBAZ", 4
-hallway .9, 6000
+space   "hall", .9, 6000
 repeats 1, .35
 tape    .25, .1
 ;       player          pattern               A B A C B A Z

@@ -5,7 +5,7 @@ chords  "A", "Dmaj9:2 Aadd9/C#:2 Bm9:2 E6:2"
 chords  "B", "F#m9:2 E6:2 Dmaj9#11:2 C#m7:2"
 chords  "Z", "Dmaj9:4"
 form    "AABABAAZ", 4
-hallway .92, 11000
+space   "hall", .92, 11000
 repeats .75, .5
 tape    .15, 0
 ;       player           pattern               A A B A B A A Z

@@ -5,7 +5,7 @@ chords  "A", "Fm9:2 Dbmaj9:2 Fm9:2 Cm7:2"
 chords  "B", "Bbm9:2 Abmaj9:2 Dbmaj9:2 Csus4:2"
 chords  "Z", "Fm9:4"
 form    "AABABAZ", 5
-hallway .87, 3600
+space   "hall", .87, 3600
 repeats .75, .4
 tape    .55, .3
 ;       player           pattern               A A B A B A Z

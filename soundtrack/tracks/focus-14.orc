@@ -5,7 +5,7 @@ chords  "A", "Ebmaj9:2 Dm7:2 Cm9:2 F9sus:2"
 chords  "B", "Gm9:2 Cm9:2 Ebmaj9:2 F9sus:2"
 chords  "Z", "Ebmaj9:2 Bbadd9:2"
 form    "AABABAZ", 4
-hallway .84, 5000
+space   "hall", .84, 5000
 repeats .75, .35
 tape    .5, .2
 ;        player          pattern                          A A B A B A Z

@@ -5,7 +5,7 @@ chords  "A", "Gmaj9:4 Cmaj9/G:4"
 chords  "B", "Em9:4 Am9:2 D9sus:2"
 chords  "Z", "Gmaj9:4"
 form    "ABABABAZ", 5
-hallway .93, 7800
+space   "hall", .93, 7800
 repeats 1.5, .45
 tape    .3, .1
 ;       player         pattern               A B A B A B A Z

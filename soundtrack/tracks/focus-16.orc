@@ -5,7 +5,7 @@ chords  "A", "Am7:4 D6/A:4"
 chords  "B", "Cmaj7:2 G6/B:2 Am7:4"
 chords  "Z", "Am7:4"
 form    "AAABABBAAZ", 4
-hallway .85, 7000
+space   "hall", .85, 7000
 repeats .75, .45
 tape    .1, .15
 pump    .25

@@ -5,7 +5,7 @@ chords  "A", "Fmaj9:2 G6/F:2 Em7:2 Am9:2"
 chords  "B", "Dm9:2 Em7:2 Cmaj9:2 G6:2"
 chords  "Z", "Fmaj9:4"
 form    "AABABAZ", 4
-hallway .88, 8000
+space   "hall", .88, 8000
 repeats 1, .35
 tape    .1, .05
 ;       player         pattern               A A B A B A Z

@@ -5,7 +5,7 @@ chords  "A", "Gm9:2 C6/G:2 Gm9:2 Fadd9:2"
 chords  "B", "Bbmaj9:2 C6:2 Dm7:2 Gm9:2"
 chords  "Z", "Gm9:4"
 form    "AABABAAZ", 4
-hallway .84, 5200
+space   "hall", .84, 5200
 repeats .75, .45
 tape    .2, .25
 ;       player        pattern               A A B A B A A Z

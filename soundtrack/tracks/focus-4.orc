@@ -5,7 +5,7 @@ chords  "A", "Aadd9:2 C#m7:2 Dmaj9:2 F#m7:2"
 chords  "B", "Bm9:2 Dmaj9:2 E6:2 F#m7:2"
 chords  "Z", "Dmaj9:2 Aadd9:2"
 form    "AABABAABZ", 3
-hallway .86, 10000
+space   "hall", .86, 10000
 repeats .75, .35
 tape    .1, .05
 ;       player          pattern               A A B A B A A B Z

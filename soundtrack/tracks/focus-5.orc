@@ -5,7 +5,7 @@ chords  "A", "Ebmaj9:2 Cm9:2 Fm9:2 Abmaj9:2"
 chords  "B", "Gm7:2 Abmaj9:2 Fm9:2 Bb9sus:2"
 chords  "Z", "Ebmaj9:4"
 form    "AABABAZ", 4
-hallway .9, 6500
+space   "hall", .9, 6500
 repeats 1, .35
 tape    .35, .1
 ;       player          pattern               A A B A B A Z

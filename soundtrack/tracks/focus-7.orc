@@ -5,7 +5,7 @@ chords  "A", "Em9:2 Gmaj9:2 Am9:2 Cmaj9:2"
 chords  "B", "Bm7:2 Cmaj9:2 Dadd9:2 Em9:2"
 chords  "Z", "Em9:4"
 form    "AAABABABZ", 4
-hallway .83, 6500
+space   "hall", .83, 6500
 repeats .75, .4
 tape    .15, .15
 ;       player           pattern               A A A B A B A B Z

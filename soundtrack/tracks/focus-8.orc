@@ -5,7 +5,7 @@ chords  "A", "Bm9:2 Em9:2 Gmaj9:2 F#m7:2"
 chords  "B", "Dmaj9:2 Aadd9/C#:2 Gmaj9:2 F#sus4:2"
 chords  "Z", "Bm9:4"
 form    "ABABZ", 5
-hallway .88, 4400
+space   "hall", .88, 4400
 repeats 1, .4
 tape    .6, .25
 ;       player          pattern                   A B A B Z

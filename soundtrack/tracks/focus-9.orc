@@ -5,7 +5,7 @@ chords  "A", "Cm7:2 Fm9:2 Bbsus4:2 Ebmaj7:2"
 chords  "B", "Abmaj7:2 Gm7:2 Fm9:2 Gsus4:2"
 chords  "Z", "Cm9:4"
 form    "AABABAAZ", 4
-hallway .82, 4600
+space   "hall", .82, 4600
 repeats .75, .3
 tape    .45, .3
 ;       player           pattern               A A B A B A A Z

@@ -5,7 +5,7 @@ chords  "A", "Bbadd9:2 Ab6:2 Ebmaj9:2 Fm9:2"
 chords  "B", "Gm7:2 Ebmaj9:2 Ab6:2 F9sus:2"
 chords  "Z", "Bbadd9:4"
 form    "AABABAZ", 4
-hallway .87, 5800
+space   "hall", .87, 5800
 repeats .75, .35
 tape    .3, .2
 ;       player           pattern               A A B A B A Z

@@ -5,7 +5,7 @@ chords  "A", "Gadd9:2 Em7:2 Cadd9:2 D/F#:2"
 chords  "B", "Am7:2 Bm7:2 Cmaj9:2 Dsus4 D"
 chords  "Z", "Cadd9:2 Gadd9:2"
 form    "AABABAZ", 3
-hallway .85, 8200
+space   "hall", .85, 8200
 repeats .75, .35
 tape    .15, .05
 ;       player          pattern               A A B A B A Z

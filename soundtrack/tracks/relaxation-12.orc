@@ -5,7 +5,7 @@ chords  "A", "Bm9:4 Gmaj9:4"
 chords  "B", "Em9:2 F#m7:2 Gmaj7#11:2 Asus2:2"
 chords  "Z", "Bm9:4"
 form    "ABABZ", 5
-hallway .94, 4600
+space   "hall", .94, 4600
 repeats 1.5, .45
 tape    .3, .1
 ;       player           pattern               A B A B Z

@@ -5,7 +5,7 @@ chords  "A", "F#m9:2 B6/F#:2 Amaj9:2 E6:2"
 chords  "B", "C#m9:2 Bsus4:2 Emaj9:2 F#m9:2"
 chords  "Z", "F#m9:4"
 form    "AABABZ", 4
-hallway .93, 5400
+space   "hall", .93, 5400
 repeats 2, .5
 tape    .6, .1
 ;       player         pattern               A A B A B Z

@@ -5,7 +5,7 @@ chords  "A", "Cmaj9#11:2 D6/C:2 Bm7:2 Em9:2"
 chords  "B", "Am9:2 Bm7:2 Cmaj9:2 Dadd9/C:2"
 chords  "Z", "Cmaj9:4 G/C:2 Cmaj9:2"
 form    "ABABZ", 5
-hallway .91, 9500
+space   "hall", .91, 9500
 repeats 1.5, .45
 tape    .2, .05
 ;       player        pattern               A B A B Z

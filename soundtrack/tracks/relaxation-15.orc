@@ -5,7 +5,7 @@ chords  "A", "Eadd9:4 D6:2 A/E:2"
 chords  "B", "Bm7:2 D6:2 F#m7:2 Asus2:2"
 chords  "Z", "Eadd9:4"
 form    "AABAABABZ", 4
-hallway .89, 6800
+space   "hall", .89, 6800
 repeats 1, .4
 tape    .25, .1
 ;       player           pattern           A A B A A B A B Z

@@ -6,7 +6,7 @@ chords  "B", "F#m9:2 C#m7:2 Dmaj9:2 E9sus:2"
 chords  "C", "Bm9:2 Dmaj9:2 Aadd9:4"
 chords  "Z", "Aadd9:4"
 form    "ABACBZ", 5
-hallway .9, 6000
+space   "hall", .9, 6000
 repeats 1.5, .35
 tape    .35, .15
 ;       player           pattern               A B A C B Z

@@ -5,7 +5,7 @@ chords  "A", "Cm9:2 Abmaj9:2 Fm9:2 Gm7:2"
 chords  "B", "Ebmaj9:2 Bb9sus:2 Abmaj7:2 Gsus4:2"
 chords  "Z", "Cm9:4"
 form    "ABABZ", 5
-hallway .93, 4800
+space   "hall", .93, 4800
 repeats 2, .35
 tape    .4, .15
 ;       player          pattern               A B A B Z

@@ -5,7 +5,7 @@ chords  "A", "Gmaj9:2 Aadd9/G:2 Em9:2 Cmaj7:2"
 chords  "B", "Bm7:2 Em9:2 F#m7:2 Gmaj9:2"
 chords  "Z", "Gmaj9:2"
 form    "AABAZ", 4
-hallway .9, 7000
+space   "hall", .9, 7000
 repeats 1, .4
 tape    .25, .1
 ;        player          pattern                          A A B A Z

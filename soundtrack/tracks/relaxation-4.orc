@@ -5,7 +5,7 @@ chords  "A", "Am9:2 D/A:2 Fmaj7:2 Em7:2"
 chords  "B", "Cmaj9:2 G/B:2 D/A:2 Em7:2"
 chords  "Z", "Am9:4"
 form    "AABABAABZ", 4
-hallway .92, 6000
+space   "hall", .92, 6000
 repeats 1.5, .45
 tape    .4, .15
 ;        player          pattern                  A A B A B A A B Z

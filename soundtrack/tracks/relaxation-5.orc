@@ -5,7 +5,7 @@ chords  "A", "Fmaj9:2 Bbmaj9/F:2 Am7:2 Dm9:2"
 chords  "B", "Gm9:2 C9sus:2 Bbmaj9:2 Fmaj9/A:2"
 chords  "Z", "Fadd9:2"
 form    "ABABAZ", 4
-hallway .88, 4200
+space   "hall", .88, 4200
 repeats 1.5, .35
 tape    .5, .15
 ;       player           pattern               A B A B A Z

@@ -5,7 +5,7 @@ chords  "A", "Em9:2 Cmaj9:2 Am9:2 Bm7:2"
 chords  "B", "G6:2 Dadd9/F#:2 Cmaj9:2 Am9:2"
 chords  "Z", "Em9:2"
 form    "ABABAZ", 5
-hallway .9, 5600
+space   "hall", .9, 5600
 repeats 1.5, .4
 tape    .3, .1
 ;       player          pattern               A B A B A Z

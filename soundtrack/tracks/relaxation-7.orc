@@ -5,7 +5,7 @@ chords  "A", "Abadd9:2 Dbmaj9/Ab:2 Abadd9:2 Ebsus4:2"
 chords  "B", "Fm9:2 Dbmaj9:2 Bbm9:2 Eb9sus:2"
 chords  "Z", "Abadd9:4"
 form    "ABABZ", 6
-hallway .92, 5200
+space   "hall", .92, 5200
 repeats 1, .45
 tape    .7, .1
 ;       player           pattern               A B A B Z

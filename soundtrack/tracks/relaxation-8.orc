@@ -5,7 +5,7 @@ chords  "A", "Dmaj9:4 E/D:2 C#m7:2"
 chords  "B", "Bm9:2 F#m9:2 E6:2 Dmaj9#11:2"
 chords  "Z", "Dmaj9:4"
 form    "AABABZ", 5
-hallway .94, 9000
+space   "hall", .94, 9000
 repeats 1.5, .4
 tape    .25, .05
 ;       player         pattern               A A B A B Z

@@ -5,7 +5,7 @@ chords  "A", "Ebmaj9:2 Abmaj9/Eb:2 Cm9:2 Gm7:2"
 chords  "B", "Abmaj9:2 Gm7:2 Fm9:2 Bb9sus:2"
 chords  "Z", "Ebmaj9:4"
 form    "AABABABZ", 4
-hallway .9, 6200
+space   "hall", .9, 6200
 repeats 1.5, .35
 tape    .3, .15
 ;       player           pattern                         A A B A B A B Z

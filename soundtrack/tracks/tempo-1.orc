@@ -4,7 +4,7 @@ piece   "Clean Run", 116, "A minor", 4, .2
 chords  "A", "Am9:2 Dm9:2 Fmaj9:2 Em7:2"
 chords  "B", "Fmaj9:2 G6:2 Am9:2 C/E Em7"
 form    "AAABBAABBA", 3
-hallway .8, 7500
+space   "hall", .8, 7500
 repeats .75, .35
 tape    .2, .45
 pump    .3

@@ -4,7 +4,7 @@ piece   "Workstream", 112, "C dorian", 4, .14
 chords  "A", "Cm9:2 F9:2 Bbmaj9:2 Ebmaj9:2"
 chords  "B", "Gm9:2 F6:2 Ebmaj9:2 Dm7:2"
 form    "AAABBAABBA", 2
-hallway .78, 7200
+space   "hall", .78, 7200
 repeats .75, .3
 tape    .2, .4
 pump    .25

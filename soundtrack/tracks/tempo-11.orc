@@ -4,7 +4,7 @@ piece   "Quick Relay", 124, "A mixolydian", 4, .05
 chords  "A", "Aadd9:2 G6:2 Dadd9/F#:2 Em7:2"
 chords  "B", "Bm7:2 G6:2 Dadd9:2 Em7:2"
 form    "AAABBAABBBA", 3
-hallway .82, 9500
+space   "hall", .82, 9500
 repeats .75, .4
 tape    .1, .25
 pump    .3

@@ -4,7 +4,7 @@ piece   "Drive Column", 121, "F# minor"
 chords  "A", "F#m9:4 E6:2 Dmaj9:2"
 chords  "B", "Bm9:2 C#m7:2 F#m9:4"
 form    "AAAABBAABBA", 3
-hallway .83, 8000
+space   "hall", .83, 8000
 repeats .75, .4
 tape    .1, .45
 pump    .55

@@ -4,7 +4,7 @@ piece   "Motion Grid", 123, "D mixolydian"
 chords  "A", "Dadd9:4 Cadd9:2 G6:2"
 chords  "B", "Em7:2 Am7:2 Cadd9:2 G/B:2"
 form    "AAABBAABBBA", 2
-hallway .79, 8200
+space   "hall", .79, 8200
 repeats .5, .35
 tape    .2, .4
 pump    .15

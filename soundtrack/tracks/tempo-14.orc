@@ -4,7 +4,7 @@ piece   "Light Motor", 115, "Eb major", 4, .1
 chords  "A", "Ebmaj9:2 Fm9:2 Gm7:2 Abmaj9:2"
 chords  "B", "Cm9:2 Abmaj9:2 Fm9:2 Bb9sus:2"
 form    "AAABBAABBA", 3
-hallway .82, 6500
+space   "hall", .82, 6500
 repeats .75, .35
 tape    .3, .35
 pump    .3

@@ -4,7 +4,7 @@ piece   "Sharp Cycle", 125, "F dorian", 4, .06
 chords  "A", "Fm9:4 Ebmaj9:2 Bb9:2"
 chords  "B", "Gm7:2 Abmaj9:2 Cm7:2 Fm9:2"
 form    "AAABBAABBBA", 2
-hallway .81, 8500
+space   "hall", .81, 8500
 repeats .75, .4
 tape    .2, .45
 pump    .25

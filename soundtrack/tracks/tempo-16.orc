@@ -4,7 +4,7 @@ piece   "Task Runner", 119, "Ab major", 4, .1
 chords  "A", "Abmaj9:2 Fm9:2 Dbmaj9:2 Eb9sus:2"
 chords  "B", "Bbm9:2 Cm7:2 Dbmaj9:2 Eb6:2"
 form    "AAABBAABBBA", 2
-hallway .8, 9200
+space   "hall", .8, 9200
 repeats .75, .35
 tape    .1, .35
 pump    .4

@@ -4,7 +4,7 @@ piece   "Task Current", 114, "E minor", 4, .08
 chords  "A", "Em9:4 Cmaj9:2 Am9:2"
 chords  "B", "Cmaj9:2 Dadd9:2 Em9:4"
 form    "AAABBAABBA", 3
-hallway .8, 6200
+space   "hall", .8, 6200
 repeats .75, .4
 tape    .15, .35
 pump    .3

@@ -4,7 +4,7 @@ piece   "Inbox Motion", 120, "C minor", 4, .06
 chords  "A", "Cm9:2 Fm9:2 Cm9:2 Bb9sus:2"
 chords  "B", "Abmaj9:2 Bb6:2 Gm7:2 Cm9:2"
 form    "AAABBAABBBA", 2
-hallway .8, 9000
+space   "hall", .8, 9000
 repeats .75, .35
 tape    .1, .35
 pump    .4

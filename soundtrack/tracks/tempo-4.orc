@@ -4,7 +4,7 @@ piece   "Clear Sprint", 122, "D minor", 4, .04
 chords  "A", "Dm9:2 Bbmaj7:2 F:2 C:2"
 chords  "B", "Gm9:2 Bbmaj7:2 Dm7:2 Csus4 C"
 form    "AAABBAABBAA", 3
-hallway .84, 9000
+space   "hall", .84, 9000
 repeats .75, .45
 tape    .1, .3
 pump    .35

@@ -4,7 +4,7 @@ piece   "Forward Desk", 120, "F minor", 4, .12
 chords  "A", "Fm9:2 Dbmaj9:2 Bbm9:2 Cm7:2"
 chords  "B", "Dbmaj9:2 Eb9sus:2 Cm7:2 Fm9:2"
 form    "AAAABBAABBA", 3
-hallway .82, 8500
+space   "hall", .82, 8500
 repeats .75, .4
 tape    .1, .35
 pump    .45

@@ -4,7 +4,7 @@ piece   "Light Conveyor", 126, "B minor"
 chords  "A", "Bm9:4 Gmaj9:4"
 chords  "B", "Em9:2 F#m7:2 Gmaj9:2 A6:2"
 form    "AAAABBAABBA", 3
-hallway .84, 9500
+space   "hall", .84, 9500
 repeats .75, .5
 tape    .05, .3
 pump    .5

@@ -4,7 +4,7 @@ piece   "Pulse Stack", 124, "G minor"
 chords  "A", "Gm9:2 Bbmaj9:2 Ebmaj9:2 F6:2"
 chords  "B", "Cm9:2 Ebmaj9:2 Gm9:2 Dm7:2"
 form    "AAABBAABBBA", 3
-hallway .85, 8800
+space   "hall", .85, 8800
 repeats .75, .45
 tape    .1, .3
 pump    .4

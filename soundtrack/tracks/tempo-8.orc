@@ -4,7 +4,7 @@ piece   "Step Line", 118, "Bb minor"
 chords  "A", "Bbm9:4 Ebm9:2 Fm7:2"
 chords  "B", "Gbmaj9:2 Ab6:2 Bbm9:4"
 form    "AAAABBAABBA", 3
-hallway .79, 7000
+space   "hall", .79, 7000
 repeats .75, .35
 tape    .15, .4
 pump    .3

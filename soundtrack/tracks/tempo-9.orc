@@ -4,7 +4,7 @@ piece   "Fast Ledger", 126, "E dorian", 4, .04
 chords  "A", "Em7:2 A6:2 Em7:2 Bm7:2"
 chords  "B", "Gmaj9:2 A6:2 Dmaj9:2 Em7:2"
 form    "AAABBAABBBA", 3
-hallway .8, 8500
+space   "hall", .8, 8500
 repeats .5, .35
 tape    .1, .25
 pump    .25
