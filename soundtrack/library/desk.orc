@@ -96,8 +96,9 @@ instr master
   aR = tanh((aR + gaDrumR) * idrive) / idrive
   aL butterhp aL, 26
   aR butterhp aR, 26
-  afade linseg 0, .6, 1, p3 - 8.6, 1, 8, 0
-  afade = sqrt(afade)
+  ibar = gimetre * 60 / gibpm
+  afade linseg 0, ibar, 1, p3 - ibar - 9, 1, 9, 0
+  afade pow afade, .6
   outs aL * afade, aR * afade
   clear gaL, gaR, gaDrumL, gaDrumR
   gkpump = 1

@@ -146,9 +146,36 @@ opcode piece, 0, SiSpo          ; name, tempo, key, beats per bar, swing
   seed iseed
 endop
 
-opcode chords, 0, SS            ; letter, "Dm9 G13/D:2": a chord, its bass, its bars
+opcode chord, iiSi, S           ; "G13/D:2" -> its root, bass, tones and bars
+  Sname xin
+  Schord = Sname
+  ibars = 1
+  icolon strindex Schord, ":"
+  if icolon > 0 then
+    only "the bars of a chord", strsub(Schord, icolon + 1), "123456789"
+    ibars strtod strsub(Schord, icolon + 1)
+    Schord strsub Schord, 0, icolon
+  endif
+  iroot, iskip tonic Schord
+  ibass = iroot
+  islash strindex Schord, "/"
+  if islash > 0 then
+    ibass, iany tonic strsub(Schord, islash + 1)
+    Schord strsub Schord, 0, islash
+  endif
+  xout iroot, ibass, entry(gSquality, strsub(Schord, iskip), "no such chord", Sname), ibars
+endop
+
+opcode chords, 0, SS            ; letter, "Dm9 G13/D:2"
   Sletter, Sline xin
   gSprog[strchar(Sletter, 0)] = Sline
+  iat = 0
+  while iat < strlen(Sline) do
+    Schord, iat word Sline, iat
+    if strlen(Schord) > 0 then
+      iroot, ibass, Stones, ibars chord Schord
+    endif
+  od
 endop
 
 opcode form, 0, So              ; letters, seconds of ring after the last bar
@@ -165,22 +192,7 @@ opcode form, 0, So              ; letters, seconds of ring after the last bar
     while iat < strlen(Sline) do
       Schord, iat word Sline, iat
       if strlen(Schord) > 0 then
-        Swhole = Schord
-        icolon strindex Schord, ":"
-        ibars = 1
-        if icolon > 0 then
-          only "the bars of a chord", strsub(Schord, icolon + 1), "123456789"
-          ibars strtod strsub(Schord, icolon + 1)
-          Schord strsub Schord, 0, icolon
-        endif
-        giroot[gichords], iskip tonic Schord
-        gibass[gichords] = giroot[gichords]
-        islash strindex Schord, "/"
-        if islash > 0 then
-          gibass[gichords], iany tonic strsub(Schord, islash + 1)
-          Schord strsub Schord, 0, islash
-        endif
-        gStones[gichords] entry gSquality, strsub(Schord, iskip), "no such chord", Swhole
+        giroot[gichords], gibass[gichords], gStones[gichords], ibars chord Schord
         giat[gichords] = ibeat
         gichords += 1
         ibeat += ibars * gimetre

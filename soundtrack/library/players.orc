@@ -1,8 +1,6 @@
-; players.orc - everything that plays notes: p4 note, p5 velocity, p6 lane, p7 position.
-; At level 5 and 0 dB washes sit near -24 LUFS, keys and tunes near -24, basses near -22.
-
-gSplayers = " felt grand rhodes pad dusk glass strings cello sub mono chord pluck bell vibes marimba kalimba harp \
-nylon celesta upright flute clarinet horn muted jazz musicbox dulcimer fretless bowed organ hollow reed wire "
+; players.orc - what the players have in common: the soundfont, the tables, and the parts an instrument is made of.
+; Every player takes p4 note, p5 velocity, p6 lane, p7 position. At level 5 and 0 dB washes sit near -24 LUFS,
+; keys and tunes near -24, basses near -22.
 
 gisf sfload "FluidR3_GM.sf2"        ; found through SSDIR
 giprogram = 0
@@ -11,13 +9,8 @@ while giprogram < 128 do
   giprogram += 1
 od
 gisine ftgen 0, 0, 8192, 10, 1
-giwarm ftgen 0, 0, 2^18, "padsynth", 130.81, 28, 1, 1, 1, 1, 1, .55, .42, .2, .22, .1, .1, .05, .05, .03
-gidark ftgen 0, 0, 2^18, "padsynth", 130.81, 22, 1, 1, 1, 1, 1, .3, .12, .05, .03
-giglass ftgen 0, 0, 2^18, "padsynth", 261.63, 14, 1, 1, 1, 1, 1, 0, .12, .3, 0, 0, .06, .1, 0, 0, 0, .03
-gibowed ftgen 0, 0, 2^18, "padsynth", 130.81, 46, 1, 1, 1, 1, 1, .8, .7, .55, .5, .42, .36, .3, .27, .24, .2, .18, .16, .14, .12, .1, .09, .08, .07, .06
-
-gihollow ftgen 0, 0, 2^18, "padsynth", 130.81, 18, 1, 1, 1, 1, 0, .38, 0, .2, 0, .1, 0, .06, 0, .03
-gireed ftgen 0, 0, 2^18, "padsynth", 130.81, 7, 1, 1, 1, .8, .9, .6, .5, .42, .3, .25, .2, .16, .12, .1, .08
+gipipe ftgen 0, 0, 8192, 10, 1, .34, .12, .05, .03, .012, .008      ; a stopped pipe, for the tape organ
+giviol ftgen 0, 0, 8192, 10, 1, .62, .5, .36, .3, .2, .17, .13, .1, .09, .06, .05, .04, .03, .025, .02
 
 gaL, gaR, gaDrumL, gaDrumR, gaHallL, gaHallR, gaEchoL, gaEchoR init 0, 0, 0, 0, 0, 0, 0, 0
 gkpump init 1
@@ -40,246 +33,150 @@ opcode send, 0, aaii            ; a player to the desk
   gaEchoR += aR * giecho[ilane]
 endop
 
-opcode sampled, aa, iiiiii      ; note, velocity, program, attack, release, brightness in Hz
-  inote, ivel, iprogram, iattack, irelease, ibright xin
-  icents = cent(random:i(-3, 3))
-  aL, aR sfplay3 25 + ivel * 85, inote, (.1 + ivel * ivel) / 26000, icents, iprogram
-  aenv linsegr 0, iattack, 1, 1, 1, irelease, 0
+giwarm, gidark, giglass, gibowed, gihollow, gireed, gihaze, giverre, gisteam init 0, 1, 2, 3, 4, 5, 6, 7, 8
+gitimbre[] init 27
+givowel[] init 48
+
+opcode timbre, ii, ii           ; kind, note -> a wide table for that register and its pitch, made when first asked for
+  ikind, inote xin
+  ireg = (inote < 68 ? 0 : (inote < 88 ? 1 : 2))
+  ifund = 130.8128 * 4 ^ ireg
+  if gitimbre[ikind * 3 + ireg] == 0 then
+    if ikind == 0 then
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 28, 1, 1, 1, 1, 1, .55, .42, .2, .22, .1, .1, .05, .05, .03
+    elseif ikind == 1 then
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 22, 1, 1, 1, 1, 1, .3, .12, .05, .03
+    elseif ikind == 2 then
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 14, 1, 1, 1, 1, 1, 0, .12, .3, 0, 0, .06, .1, 0, 0, 0, .03
+    elseif ikind == 3 then
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 46, 1, 1, 1, 1, 1, .8, .7, .55, .5, .42, .36, .3, .27, .24, .2, .18, .16, .14, .12, .1, .09, .08, .07, .06
+    elseif ikind == 4 then
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 18, 1, 1, 1, 1, 0, .38, 0, .2, 0, .1, 0, .06, 0, .03
+    elseif ikind == 5 then
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 7, 1, 1, 1, .8, .9, .6, .5, .42, .3, .25, .2, .16, .12, .1, .08
+    elseif ikind == 6 then      ; the upper half of the warm one
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 34, 1, 1, 1, .5, .7, .6, .2, .36, .12, .2, .05, .1, .03, .05
+    elseif ikind == 7 then      ; glass, its fifths instead of its octaves
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 16, 1, 1, 1, .9, .25, .34, .1, 0, .16, 0, .02, .05
+    elseif ikind == 8 then      ; almost only breath
+      it ftgen 0, 0, 2^18, "padsynth", ifund, 70, 1, 1, 1, 1, .3, .2, .06, .08, .02, .03
+    endif
+    gitimbre[ikind * 3 + ireg] = it
+  endif
+  xout gitimbre[ikind * 3 + ireg], ifund
+endop
+
+opcode formant, i, iiii         ; how far a mouth lets a frequency through: Hz, centre, width, strength
+  ihz, icentre, iwidth, istrong xin
+  ix = (ihz - icentre) / iwidth
+  xout istrong * exp(0 - ix * ix)
+endop
+
+opcode voiced, i, iii           ; how strong a partial of a sung note is: its number, its Hz, vowel 0 ah, 1 oo
+  inumber, ihz, ioo xin
+  if ioo == 0 then
+    ishape = .06 + formant(ihz, 680, 260, 1) + formant(ihz, 1100, 220, .5) + formant(ihz, 2600, 380, .14)
+  else
+    ishape = .02 + formant(ihz, 330, 190, 1) + formant(ihz, 740, 170, .22) + formant(ihz, 2400, 300, .02)
+  endif
+  xout ishape / sqrt(inumber)
+endop
+
+opcode vowel, ii, ii            ; vowel, note -> a table of voices and its pitch; formants stay where they are
+  ioo, inote xin
+  ireg = limit(int(inote / 5), 0, 23)
+  ifund = mtof:i(ireg * 5 + 2)
+  if givowel[ireg * 2 + ioo] == 0 then
+    i1 voiced 1, ifund, ioo
+    i2 voiced 2, ifund * 2, ioo
+    i3 voiced 3, ifund * 3, ioo
+    i4 voiced 4, ifund * 4, ioo
+    i5 voiced 5, ifund * 5, ioo
+    i6 voiced 6, ifund * 6, ioo
+    i7 voiced 7, ifund * 7, ioo
+    i8 voiced 8, ifund * 8, ioo
+    i9 voiced 9, ifund * 9, ioo
+    i10 voiced 10, ifund * 10, ioo
+    i11 voiced 11, ifund * 11, ioo
+    i12 voiced 12, ifund * 12, ioo
+    i13 voiced 13, ifund * 13, ioo
+    i14 voiced 14, ifund * 14, ioo
+    i15 voiced 15, ifund * 15, ioo
+    i16 voiced 16, ifund * 16, ioo
+    it ftgen 0, 0, 2^17, "padsynth", ifund, 32, 1, 1, 1, i1, i2, i3, i4, i5, i6, i7, i8, \
+      i9, i10, i11, i12, i13, i14, i15, i16
+    givowel[ireg * 2 + ioo] = it
+  endif
+  xout givowel[ireg * 2 + ioo], ifund
+endop
+
+opcode wobble, k, ii            ; a slow unsteadiness: cents, how fast at most
+  icents, irate xin
+  kout rspline -icents, icents, irate * .4, irate
+  xout kout
+endop
+
+opcode vibrato, k, iii          ; cents, Hz, seconds before it begins to grow
+  icents, irate, ilate xin
+  ilate *= random:i(.85, 1.25)
+  kgrow linseg 0, ilate, 0, ilate + .6, 1, 1, 1
+  kspeed rspline irate * .93, irate * 1.07, .3, .9
+  kout lfo icents * kgrow, kspeed
+  xout kout
+endop
+
+opcode sampled, aa, iiiiiiO     ; note, velocity, program, attack, release, brightness in Hz, cents of bend
+  inote, ivel, iprogram, iattack, irelease, ibright, kbend xin
+  icents random -2, 2
+  aL, aR sfplay3 25 + ivel * 85, inote, (.1 + ivel * ivel) / 26000, cent(icents + kbend), iprogram
+  aenv linsegr 0, iattack * random:i(.85, 1.2), 1, 1, 1, irelease, 0
   kopen expseg 1.6, .5, 1, 6, .75
-  kcut = limit(ibright * (.35 + .8 * ivel) * kopen * (.6 + inote / 130), 150, 15000)
+  kcut = limit(ibright * random:i(.88, 1.1) * (.35 + .8 * ivel) * kopen * (.6 + inote / 130), 150, 15000)
   aL butterlp aL * aenv, kcut
   aR butterlp aR * aenv, kcut
   xout aL, aR
 endop
 
-opcode sheet, aa, iiiiii        ; note, velocity, table, its pitch, attack, release: a wide held tone
-  inote, ivel, itable, ifund, iattack, irelease xin
-  icps = mtof:i(inote) / ifund * sr / ftlen(itable)
-  aenv linsegr 0, iattack, 1, 1, 1, irelease, 0
-  aL poscil aenv * ivel * .2, icps * cent(random:i(-4, 4)), itable, random:i(0, 1)
-  aR poscil aenv * ivel * .2, icps * cent(random:i(-4, 4)), itable, random:i(0, 1)
-  xout aL * .9 + aR * .3, aR * .9 + aL * .3
+opcode glow, aa, iiii           ; note, level, rise, seconds to fall: the sine inside a struck note, a hair apart in two ears
+  inote, ilevel, irise, ifall xin
+  icps mtof inote
+  aenv expsegr .001, irise, 1, ifall, .02, 1, .015, .35, .001
+  aL poscil aenv * ilevel, icps * cent(random:i(-1.6, -.4)), gisine
+  aR poscil aenv * ilevel, icps * cent(random:i(.4, 1.6)), gisine
+  xout aL, aR
 endop
 
-instr felt                      ; upright piano through a strip of cloth
-  aL, aR sampled p4, p5, 0, .008, .55, 1500
-  athump noise expseg(.05, .05, .0001, 1, .0001), 0
-  athump butterlp athump * p5, 260
-  adecay linseg 1, 7, .1, 1, .05
-  send aL * adecay * 1.5 + athump, aR * adecay * 1.5 + athump, p6, p7
-endin
+opcode knock, a, iiii           ; level, Hz of the wood, seconds, Hz of the finger
+  ilevel, ihz, itime, ibright xin
+  awood expseg ilevel, itime, ilevel * .001, 1, ilevel * .0005
+  awood poscil awood, ihz * random:i(.96, 1.04), gisine
+  askin expseg ilevel * .01, .002, ilevel * .6, itime * .4, ilevel * .001, 1, ilevel * .0005
+  askin noise askin, 0
+  askin butterlp askin, ibright
+  xout awood + askin
+endop
 
-instr grand
-  aL, aR sampled p4, p5, 0, .002, .45, 7000
-  adecay linseg 1, 9, .1, 1, .05
-  send aL * adecay * 1.3, aR * adecay * 1.3, p6, p7
-endin
+opcode breath, a, iii           ; note, level, attack: air around a tone
+  inote, ilevel, iattack xin
+  aenv linsegr 0, iattack * .7, 1, .12, .45, .2, 0
+  kpuff rspline .7, 1, .8, 2.5
+  aair noise aenv * kpuff * ilevel, 0
+  aair butterbp aair, limit(mtof:i(inote) * 2, 500, 3000), 900
+  xout aair
+endop
 
-instr rhodes                    ; two operators and a tine, tremolo across the room
-  icps mtof p4
-  kindex expseg .2 + 1.5 * p5, .9, .25 + .3 * p5, 5, .1
-  abody foscili 1, icps, 1, 1, kindex, gisine
-  atine foscili expseg(.16 * p5, .3, .01, 3, .001), icps, 1, 14, .6, gisine
-  aenv linsegr 0, .004, 1, .02, .9, .35, 0
-  adecay expseg 1, 4.5, .12, 6, .02
-  atrem poscil .28, 3.7, gisine
-  amix = (abody + atine) * aenv * adecay * p5 * p5 * .22
-  send amix * (1 + atrem), amix * (1 - atrem), p6, p7
-endin
-
-instr pad                       ; warm sheet with a slow tide in the filter
-  iatt min 2.4, p3 * .45
-  aL, aR sheet p4, p5, giwarm, 130.81, iatt, 3.2
-  kcut rspline 500 + p5 * 900, 900 + p5 * 2200, .05, .15
-  aL butterlp aL, kcut
-  aR butterlp aR, kcut
-  send aL * 0.72, aR * 0.72, p6, p7
-endin
-
-instr dusk                      ; darker sheet for drones
-  aL, aR sheet p4, p5, gidark, 130.81, min(3, p3 * .45), 4
-  send aL * 0.58, aR * 0.58, p6, p7
-endin
-
-instr glass                     ; thin bright sheet
-  aL, aR sheet p4, p5 * .7, giglass, 261.63, min(1.8, p3 * .4), 3
-  send aL * 0.6, aR * 0.6, p6, p7
-endin
-
-instr strings                   ; a section: sampled bows inside a wide one
-  iatt min .7, p3 * .3
-  aL, aR sampled p4, p5, 48, iatt, 1.3, 4200
-  aL2, aR2 sheet p4, p5, gibowed, 130.81, iatt * 1.3, 1.8
-  kcut = 800 + p5 * 3400
-  aL2 butterlp aL2, kcut
-  aR2 butterlp aR2, kcut
-  send (aL * .8 + aL2 * .7) * 0.62, (aR * .8 + aR2 * .7) * 0.62, p6, p7
-endin
-
-instr cello
-  aL, aR sampled p4, p5, 42, min(.35, p3 * .3), .7, 2600
-  send aL * 0.61, aR * 0.61, p6, p7
-endin
-
-instr sub                       ; sine and a little of its octave
-  icps mtof p4
-  aenv linsegr 0, .03, 1, 1, .92, .18, 0
-  aone poscil p5 * .19, icps, gisine
-  atwo poscil p5 * .04, icps * 2, gisine
-  atwo += aone
-  send atwo * aenv, atwo * aenv, p6, p7
-endin
-
-instr mono                      ; filtered saw over a sine
-  icps mtof p4
-  aenv linsegr 0, .005, 1, .06, .85, .07, 0
-  kcut expseg 260 + 1300 * p5, .16, 210 + 240 * p5, 4, 180
-  asaw vco2 .4, icps
-  asaw zdf_ladder asaw, kcut, 1.4
-  asub poscil .42, icps, gisine
-  amix = (asaw + asub) * aenv * p5 * .4
-  send amix, amix, p6, p7
-endin
-
-instr chord                     ; house stab: one detuned saw on each side
-  icps mtof p4
-  aenv linsegr 0, .004, 1, .12, .6, .5, .3, .16, 0
-  kcut expseg 500 + 3600 * p5 * p5, .22, 330 + 700 * p5, 4, 250
-  aL vco2 .34, icps * cent(7)
-  aR vco2 .34, icps * cent(-7)
-  aL zdf_ladder aL, kcut, 1.1
-  aR zdf_ladder aR, kcut, 1.1
-  send aL * aenv * p5 * 0.67, aR * aenv * p5 * 0.67, p6, p7
-endin
-
-instr pluck
-  icps mtof p4
-  aenv expsegr .001, .003, 1, .35, .06, 2, .001, .2, .001
-  kcut expseg 700 + 3200 * p5, .12, 500, 3, 300
-  atri vco2 .6, icps, 12
-  asaw vco2 .24, icps * cent(5)
-  amix zdf_ladder atri + asaw, kcut, 1.2
-  send amix * aenv * p5 * 0.71, amix * aenv * p5 * 0.71, p6, p7
-endin
-
-instr bell                      ; soft struck metal
-  icps mtof p4
-  a1 foscili 1, icps, 1, 3.5, expseg(.9 * p5, 1.2, .02, 6, .01), gisine
-  aenv expsegr .001, .006, 1, 3.2, .01, 2, .001, .6, .001
-  send a1 * aenv * p5 * p5 * .22, a1 * aenv * p5 * p5 * .22, p6, p7
-endin
-
-instr vibes
-  aL, aR sampled p4, p5, 11, .002, .9, 3200
-  send aL * 0.48, aR * 0.48, p6, p7
-endin
-instr marimba
-  aL, aR sampled p4, p5, 12, .002, .5, 3400
-  send aL * 1.1, aR * 1.1, p6, p7
-endin
-instr kalimba
-  aL, aR sampled p4, p5, 108, .002, .6, 3600
-  send aL * 2.9, aR * 2.9, p6, p7
-endin
-instr harp
-  aL, aR sampled p4, p5, 46, .002, .9, 4200
-  send aL * 0.72, aR * 0.72, p6, p7
-endin
-instr nylon
-  aL, aR sampled p4, p5, 24, .003, .4, 3400
-  send aL * 1.8, aR * 1.8, p6, p7
-endin
-instr celesta
-  aL, aR sampled p4, p5, 8, .002, .8, 3600
-  send aL * 0.66, aR * 0.66, p6, p7
-endin
-instr upright
-  aL, aR sampled p4, p5, 32, .004, .2, 1600
-  send aL * 2.3, aR * 2.3, p6, p7
-endin
-
-instr flute                     ; soft winds: no edge, slow tongue
-  aL, aR sampled p4, p5, 73, min(.09, p3 * .3), .35, 2400
-  send aL * 0.6, aR * 0.6, p6, p7
-endin
-instr clarinet
-  aL, aR sampled p4, p5, 71, min(.08, p3 * .3), .3, 1800
-  send aL * 0.95, aR * 0.95, p6, p7
-endin
-instr horn
-  aL, aR sampled p4, p5, 60, min(.25, p3 * .3), .7, 1300
-  send aL * 0.75, aR * 0.75, p6, p7
-endin
-instr muted                     ; guitar strings under the palm
-  aL, aR sampled p4, p5, 28, .002, .2, 2600
-  send aL * 2.4, aR * 2.4, p6, p7
-endin
-instr jazz
-  aL, aR sampled p4, p5, 26, .003, .4, 2600
-  send aL * .8, aR * .8, p6, p7
-endin
-instr musicbox
-  aL, aR sampled p4, p5, 10, .002, .9, 3400
-  send aL * 1.7, aR * 1.7, p6, p7
-endin
-instr dulcimer
-  aL, aR sampled p4, p5, 15, .002, .7, 3600
-  send aL * 1.3, aR * 1.3, p6, p7
-endin
-instr fretless
-  aL, aR sampled p4, p5, 35, .008, .2, 1500
-  send aL * 1.3, aR * 1.3, p6, p7
-endin
-
-instr bowed                     ; metal bars under a bow: they bloom late and hang
-  icps mtof p4
-  iatt min 1.1, p3 * .45
-  aenv linsegr 0, iatt, 1, 1, 1, 1.8, 0
-  ktrem rspline .75, 1, .3, 1.1
-  a1 poscil p5 * .2, icps * cent(random:i(-3, 3)), gisine
-  a2 poscil p5 * p5 * .035, icps * 3.99, gisine
-  a3 poscil p5 * .05, icps * 2, gisine
-  send (a1 + a2 + a3) * aenv * ktrem * .4, (a1 - a2 + a3) * aenv * ktrem * .4, p6, p7
-endin
-
-instr organ                     ; four drawbars and a slow rotor
-  icps mtof p4
-  aenv linsegr 0, .012, 1, 1, .95, .12, 0
-  krot lfo 3, .8 + .3 * p5
-  icent random -2, 2
-  a1 poscil .2, icps * cent(icent + krot), gisine
-  a2 poscil .12, icps * 2 * cent(-icent), gisine
-  a3 poscil .07, icps * 3 * cent(icent), gisine
-  a4 poscil .05 * p5, icps * 4 * cent(krot), gisine
-  amix = (a1 + a2 + a3 + a4) * aenv * p5
-  amix *= .28
-  send amix * (1 + krot * .06), amix * (1 - krot * .06), p6, p7
-endin
-
-instr hollow                    ; odd partials only, like breath over pipes
-  iatt min 1.6, p3 * .4
-  aL, aR sheet p4, p5, gihollow, 130.81, iatt, 2.6
-  kcut = 700 + p5 * 2200
-  aL butterlp aL, kcut
-  aR butterlp aR, kcut
-  send aL * .6, aR * .6, p6, p7
-endin
-
-instr reed                      ; a small harmonium, bellows never quite still
-  iatt min .5, p3 * .3
-  aL, aR sheet p4, p5, gireed, 130.81, iatt, 1.1
-  kbel rspline .72, 1, .4, 1.3
-  kcut = 600 + p5 * 2400
-  aL butterlp aL * kbel, kcut
-  aR butterlp aR * kbel, kcut
-  send aL * .6, aR * .6, p6, p7
-endin
-
-instr wire                      ; short square tone for sequences
-  icps mtof p4
-  aenv expsegr .001, .002, 1, .16, .2, .7, .001, .09, .001
-  kcut expseg 500 + 2600 * p5 * p5, .09, 380 + 400 * p5, 2, 250
-  asq vco2 .5, icps * cent(random:i(-2, 2)), 10
-  aout zdf_ladder asq, kcut, 2.2
-  send aout * aenv * p5, aout * aenv * p5, p6, p7
-endin
+opcode weave, aa, iiiiiii       ; note, velocity, two timbres, attack, release, how far it wanders 0..1: a wide held tone
+  inote, ivel, ione, itwo, iattack, irelease, iwander xin
+  it1, if1 timbre ione, inote
+  it2, if2 timbre itwo, inote
+  icps mtof inote
+  aenv linsegr 0, iattack * random:i(.85, 1.15), 1, 1, 1, irelease, 0
+  k1 rspline 1 - iwander, 1, .06, .2
+  k2 rspline 1 - iwander, 1, .06, .2
+  kside rspline .14, .42, .05, .16
+  iside = random:i(0, 1) < .5 ? -1 : 1
+  a1 poscil aenv * interp(k1) * ivel * .29, icps / if1 * sr / ftlen(it1) * cent(random:i(-3, 3)), it1, random:i(0, 1)
+  a2 poscil aenv * interp(k2) * ivel * .29, icps / if2 * sr / ftlen(it2) * cent(random:i(-3, 3)), it2, random:i(0, 1)
+  aside interp kside * iside
+  xout a1 * (.6 + aside) + a2 * (.6 - aside), a1 * (.6 - aside) + a2 * (.6 + aside)
+endop

@@ -14,6 +14,9 @@ nchnls = 2
 
 #include "notation.orc"
 #include "players.orc"
+#include "players-held.orc"
+#include "players-struck.orc"
+#include "players-low.orc"
 #include "percussion.orc"
 #include "weather.orc"
 #include "desk.orc"
