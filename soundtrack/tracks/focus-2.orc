@@ -1,20 +1,23 @@
-; Clear Frame - focus - a still chord with clean edges, a bell marking the corners
+; Clear Frame - focus - one still chord in a clean frame, a bell at each of its corners
 #include "studio.orc"
-piece   "Clear Frame", 76, "F lydian"
-chords  "A", "Fmaj9:2 G6/F:2 Em7:2 Am9:2"
-chords  "B", "Dm9:2 Em7:2 Cmaj9:2 G6:2"
+piece   "Clear Frame", 76, "F lydian", 6
+chords  "A", "Fmaj9:2 G6/F:1 Am9:1"
+chords  "B", "Dm9:2 Em7:1 Am9:1"
+chords  "C", "Cmaj9:2 G6/B:1 Em7:1"
 chords  "Z", "Fmaj9:4"
-form    "AABABAZ", 4
-space   "hall", .88, 8000
-repeats 1, .35
+form    "ABACABCAZ", 2
+space   "plate", .85, 8500
+repeats 1.5, .35
 tape    .1, .05
-;       player         pattern               A A B A B A Z
-veil    "air",                              "4 4 5 4 5 4 4", -3
-wash    "hollow", 60,                       "3 4 4 5 5 4 3"
-wash    "pad",    55,                       ". 3 3 4 4 3 3", -1
-wash    "glass",  69,                       ". . 2 . 4 3 .", -2
-bass    "sub",    38,  "1-------|------..", ". 3 4 4 4 4 3", -4
-bass    "muted",  46,  "1---....|....1...", ". 4 4 4 5 5 4", -3, -.2
-keys    "muted",  62,  "..0...1.|..2...1.", ". . 4 . 5 5 .", -4, .2, .25, .2
-keys    "bell",   72,  "0.......|........|......2.|........", "4 . 4 4 . 4 4", 1, .15, .45, .3
-keys    "bell",   74,  "..2.....|....1...|........|....3...", ". 4 . . 5 . .", 1, .15, .45, .3
+;       player          pattern                        A B A C A B C A Z
+veil    "air",                                        "3 3 4 4 5 5 4 4 4", -4
+wash    "hollow", 60,                                 "3 4 4 5 5 6 5 4 3"
+wash    "prism",  65,                                 ". . 3 4 4 5 5 4 3", -2
+wash    "choir",  59,                                 ". 3 . 4 . 4 5 3 .", -3
+bass    "sub",    38,  "1-----------|--------....",    ". 3 4 4 4 4 5 4 3", -6
+bass    "cello",  45,  "1-----------|------------",    ". . . 4 . 4 5 . .", -4, -.2
+keys    "bell",   72,  "0...........|............|............|............", "4 4 4 . 4 . 5 4 4", 1, .15, .5, .3
+keys    "bell",   76,  "............|......1.....|............|....2.......", ". . 4 . 5 . . 4 .", 0, -.2, .5, .3
+keys    "muted",  62,  "..0.....1...|............|....2.......|......1.....", ". . . 4 . 5 4 . .", -4, .25, .3, .25
+keys    "kalimba",69,  "........?...|............|....?.......|..........?.", ". . . . 4 4 . 4 .", -3, -.3, .45, .3
+keys    "felt",   60,  "............|..1.........|............|....0...2...", ". 4 . 4 . 5 . . .", -2, .1, .4, .2

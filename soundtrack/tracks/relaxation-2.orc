@@ -1,21 +1,28 @@
-; Quiet Thunder - relaxation - a storm three valleys away, a horn that waits for it to pass
+; Quiet Thunder - relaxation - pressure falling three valleys away, far voices, a horn that waits for it to pass
 #include "studio.orc"
 piece   "Quiet Thunder", 52, "C minor"
-chords  "A", "Cm9:2 Abmaj9:2 Fm9:2 Gm7:2"
-chords  "B", "Ebmaj9:2 Bb9sus:2 Abmaj7:2 Gsus4:2"
+chords  "A", "Cm9:2 Abmaj9/C:2 Fm9:2 Gm7:2"
+chords  "B", "Ebmaj9:2 Bb9sus:2 Abmaj9:2 Fm9/Ab Gsus4"
+chords  "C", "Abmaj9:2 Ebmaj9/G:2 Fm9:2 Bb13sus:2"
+chords  "I", "Cm9:2"
 chords  "Z", "Cm9:4"
-form    "ABABZ", 5
-space   "hall", .93, 4800
+form    "IABACZ", 6
+space   "hall", .94, 4800
 repeats 2, .35
 tape    .4, .15
-;       player          pattern               A B A B Z
-veil    "thunder",                           "6 5 7 5 6", -5
-veil    "brown",                             "4 4 5 5 4", -7
-wash    "dusk",    55,                       "3 4 5 6 4"
-wash    "strings", 60,                       ". 2 . 4 2", -1
-bass    "sub",     36,  "1-------|--------", "3 4 4 5 3", -3
-bass    "cello",   43,  "1-------|----5---", ". 3 . 4 .", -2, -.2
-keys    "felt",    62,  "....1.2.|....?...", "3 . 4 . 3", -1, .15, .4, .15
-tune    "horn",    60,  "....5---|3-------|....1---|........|....4---|3-------|....2---|........", "4 . 5 . .", 2, -.1, .5
-tune    "horn",    60,  "..3---2-|1-------|..2-4---|........|..3---1-|........|2-------|1-------", ". 5 . 6 .", 2, -.1, .5
-tune    "felt",    74,  "......5.|........|......3.|........", ". 3 . 4 3", 0, .2, .45, .3
+;       player             pattern                                                                      I A B A C Z
+veil    "thunder",                                                                                    "5 4 4 6 5 4", -7
+veil    "wind",                                                                                       "3 3 3 2 3 2", -9
+veil    "drops",                                                                                      ". . 2 3 5 5", 1
+wash    "choir",       58,                                                                            "3 4 4 . 6 3", 0
+wash    "dusk",        58,                                                                            ". 3 . 5 5 2", -3
+wash    "bowed",       70,                                                                            ". . 3 . 4 .", -7
+bass    "sub",         36, "1-------|--------|1-------|----5---",                                     ". 3 4 4 5 3", -5
+bass    "cello",       43, "1-------|--------|5-------|----3---",                                     ". . 3 . 4 .", -4, -.2
+keys    "bowl",        60, "0.......|........|....1...|........",                                     "4 3 . 4 . 4", -2, .1, .5
+keys    "felt",        64, "....1.2.|........|..0...3.|....?...",                                     ". 4 . 5 . 3", -1, .2, .45, .15
+tune    "horn",        60, "....5---|3-------|........|........|....6---|5-------|........|....2---", ". 4 . . . .", 2, -.15, .55
+tune    "horn",        60, "..3---5-|7-------|........|........|..5---3-|1-------|........|2-------", ". . 4 . . .", 2, -.15, .55
+tune    "tapestrings", 72, "........|........|..3-----|1-------|........|........|..5-----|2-------", ". . . 3 . .", -1, .2, .5
+tune    "horn",        60, "5-------|8-------|........|........|..7---5-|4-------|........|........", ". . . . 6 .", 2, -.15, .55
+tune    "felt",        72, "........|........|....5...|3.......|........|........|......4.|2.......", ". . . . 4 3", 1, .25, .5, .3

@@ -1,21 +1,26 @@
-; Soft Shelter - relaxation - a low warm rumble behind the wall, a small harmonium in the corner
+; Soft Shelter - relaxation - a low warm rumble behind the wall, a stove, an old tape organ and one soft electric piano
 #include "studio.orc"
 piece   "Soft Shelter", 56, "F major"
 chords  "A", "Fmaj9:2 Bbmaj9/F:2 Am7:2 Dm9:2"
 chords  "B", "Gm9:2 C9sus:2 Bbmaj9:2 Fmaj9/A:2"
-chords  "Z", "Fadd9:2"
-form    "ABABAZ", 4
-space   "hall", .88, 4200
+chords  "C", "Dm9:2 Bbmaj9:2 Gm9:2 C13sus:2"
+chords  "I", "Fmaj9:2"
+chords  "Z", "Bbmaj9/F:2 Fadd9:4"
+form    "IABACZ", 5
+space   "chamber", .88, 4600
 repeats 1.5, .35
 tape    .5, .15
-;       player           pattern               A B A B A Z
-veil    "brown",                              "6 5 6 5 6 5", 3
-veil    "room",                               "4 4 4 5 4 4", -3
-wash    "reed",     57,                       "3 4 5 6 5 4"
-wash    "pad",      64,                       ". 3 . 4 3 .", -3
-bass    "sub",      36,  "1-------|------..", "3 4 4 5 4 3", -3
-bass    "felt",     46,  "1---..5-|........", "4 4 4 5 5 4", -1, -.15
-stab    "rhodes",   60,  "....x---|--------", "3 . 4 . 5 .", -3, .15, .35, .1
-keys    "rhodes",   62,  "..0.2...|..1.3...", ". 4 . 5 . 4", -2, .15, .35, .15
-tune    "rhodes",   72,  "5-----3-|1-------|........|6---5---|........|3-------|4---3---|1-------", ". . 4 . 5 .", 1, -.1, .4, .25
-tune    "clarinet", 65,  "..2---4-|5-------|..5-4---|2-------|..4---6-|5-------|3-------|........", ". . . 5 . .", 0, -.2, .45
+;       player           pattern                                                                      I A B A C Z
+veil    "brown",                                                                                    "5 6 5 6 5 6", 1
+veil    "fire",                                                                                     "4 4 3 4 3 4", 1
+wash    "tapeorgan", 57,                                                                            "3 3 . 4 5 3", -2
+wash    "drift",     57,                                                                            ". 2 4 3 4 3", -3
+bass    "warm",      38, "1-------|------..|1-------|----5-3-",                                     ". 3 4 4 5 3", -5
+bass    "felt",      46, "1---..5-|........|1---5---|..8.....",                                     "3 4 . 4 . 4", -2, -.15
+stab    "rhodes",    64, "....x---|--------|..x-----|--------",                                     ". 3 . . 4 .", -4, .15, .4, .1
+keys    "rhodes",    64, "..0.2...|..1.3...|..0.3...|....2...",                                     ". . 4 . . 4", -2, .15, .4, .15
+keys    "muted",     64, "0...2.1.|..3.....|..1...2.|........",                                     ". . 3 3 4 .", -4, .3, .4, .2
+tune    "rhodes",    66, "5-----3-|2-------|........|........|5-----3-|7-------|........|........", ". . . 4 . .", 1, -.1, .45, .25
+tune    "clarinet",  66, "..2---4-|6-------|........|....5---|..4---3-|5-------|........|........", ". . 4 . . .", 0, -.2, .5
+tune    "rhodes",    66, "..6---8-|7-------|........|........|..4---6-|9-------|........|5-------", ". . . . 5 .", 1, -.1, .45, .25
+tune    "clarinet",  66, "........|........|..5---3-|2-------|........|........|....4---|3-------", ". . . . 4 .", -1, -.25, .5

@@ -1,21 +1,27 @@
-; Warm Tide - relaxation - three beats out and three beats back, marimba under bowed metal
+; Warm Tide - relaxation - three beats out and three beats back: marimba over deep water, metal under a bow
 #include "studio.orc"
-piece   "Warm Tide", 62, "Eb major", 3
-chords  "A", "Ebmaj9:2 Abmaj9/Eb:2 Cm9:2 Gm7:2"
-chords  "B", "Abmaj9:2 Gm7:2 Fm9:2 Bb9sus:2"
-chords  "Z", "Ebmaj9:4"
-form    "AABABABZ", 4
+piece   "Warm Tide", 62, "Eb major", 6
+chords  "A", "Ebmaj9 Abmaj9/Eb Cm9 Gm7 Fm9 Bb9sus"
+chords  "B", "Abmaj9 Gm7 Fm9 Ebmaj9/G Abmaj9 Bb9sus"
+chords  "C", "Cm9 Abmaj9 Ebmaj9/G Fm9 Dbmaj9 Bb9sus"
+chords  "Z", "Abmaj9/Eb Ebmaj9 Abmaj9/Eb Ebadd9:3"
+form    "ABACZ", 5
 space   "hall", .9, 6200
 repeats 1.5, .35
 tape    .3, .15
-;       player           pattern                         A A B A B A B Z
-veil    "surf",                                         "6 6 5 6 6 5 6 6"
-wash    "bowed",    58,                                 "3 4 4 4 5 5 4 3", -1
-wash    "pad",      55,                                 ". 3 3 4 4 5 4 3", -2
-bass    "fretless", 36,  "1-----|..5---",               ". 3 4 4 5 5 4 .", -3
-bass    "sub",      36,  "1-----|------",               "3 . . . . . . .", -3
-keys    "marimba",  62,  "0.1.2.|..1...",               "4 5 . 5 . 5 5 .", -2, -.2, .3, .15
-keys    "marimba",  62,  "0.2.3.|1.2...",               ". . 5 . 5 . . 4", -2, -.2, .3, .15
-keys    "felt",     67,  "..?...|......|....?.|......", ". 3 . 4 . 5 . 3", -1, .2, .4, .2
-tune    "clarinet", 70,  "5-----|3-----|4-----|3-----|2-----|1-----|2-----|......", ". . . 5 . 5 . .", 1, .15, .45
-tune    "clarinet", 70,  "3---2-|1-----|2---3-|5-----|4---3-|1-----|4-----|2-----", ". . 4 . 5 . 6 .", 1, .15, .45
+;       player          pattern                                                                            A B A C Z
+veil    "sea",                                                                                           "5 4 5 4 5", 1
+veil    "surf",                                                                                          "3 . . 3 4", -6, .2
+wash    "pad",      57,                                                                                  "3 4 . 5 4", -1
+wash    "drift",    57,                                                                                  ". 3 4 . 3", -3
+wash    "choir",    57,                                                                                  ". . 4 5 3", -3
+bass    "fretless", 39, "1-----5-----|1-----------|1-----..3---|........5---",                           ". 4 4 5 .", -3
+bass    "sub",      39, "1-----------",                                                                  "3 . . . 3", -5
+keys    "marimba",  62, "0.1.2...1.0.|..1.2.3.....|0...2.3...1.|........2...",                           "4 . 5 . 3", -2, -.2, .3, .2
+keys    "marimba",  64, "..0.2.3.2...|0.1.....3.1.|..1.2.4...2.|0...........",                           ". 5 . 5 .", -2, -.2, .3, .2
+keys    "hang",     58, "............|0.....2.....|............|1.......?...",                           ". 3 . 4 4", -4, .25, .4, .15
+keys    "felt",     67, "........?...|............|..?.........|............",                           ". . 4 . 3", -1, .2, .4, .2
+tune    "bowed",    67, "5-----------|............|1-----3-----|............|5-----3-----|............", ". 4 . . .", 3, .1, .5
+tune    "bowed",    67, "............|3-----5-----|............|7-----------|............|2-----......", ". . 5 . .", 3, .1, .5
+tune    "bowed",    67, "5-----7-----|............|9-----------|8-----......|............|5-----------", ". . . 6 .", 2, .1, .5
+tune    "cello",    51, "............|3-----------|............|............|1-----4-----|2-----------", ". . . 4 .", -1, -.2, .5

@@ -1,23 +1,27 @@
-; Clean Run - tempo - electric piano and round bass, a little behind the beat
+; Clean Run - tempo - light funk a little behind the beat: electric piano, a palm on the strings, a round bass that answers
 #include "studio.orc"
-piece   "Clean Run", 116, "A minor", 4, .2
+piece   "Clean Run", 115, "A minor", 4, .2
+chords  "I", "Am9:4 Fmaj9:2 Em7:2"
 chords  "A", "Am9:2 Dm9:2 Fmaj9:2 Em7:2"
-chords  "B", "Fmaj9:2 G6:2 Am9:2 C/E Em7"
-form    "AAABBAABBA", 3
-space   "hall", .8, 7500
-repeats .75, .35
-tape    .2, .45
-pump    .3
-;        player         pattern                                A A A B B A A B B A
-veil     "hiss",                                              "3 3 3 3 3 4 3 3 3 4", -6
-wash     "pad", 60,                                           ". 2 3 4 4 5 4 4 4 4", -2
-beat     "kick",        "x...x...x...x..o",                   "4 6 6 6 6 3 6 6 6 5"
-beat     "clap",        "....x.......x...",                   ". . 5 5 6 . 5 6 6 .", 0, 0, .25
-beat     "brush",       "....o.......o..o",                   "4 4 4 5 5 5 4 5 5 4", 1, .15
-beat     "shaker",      "o.X.o.X.o.X.o.Xo",                   ". 4 5 5 5 5 5 5 6 5", 1, .3
-beat     "hat",         "..x...x...x..ox.",                   "3 4 5 5 5 4 5 5 5 4", 0, -.2
-bass     "mono", 33,    "1-....1-..1..5..|1-....7-..8..5..",  ". 5 6 6 6 . 6 6 6 4", -2
-bass     "sub", 33,     "1-------|-----...",                  ". . . . . 5 . . . .", -4
-stab     "rhodes", 62,  "x--...x-..x--...|...x--....x-....",  "4 5 5 6 6 6 6 6 6 4", -1, 0, .25, .15
-keys     "vibes", 74,   "..0...1...2.....|....3...1.......",  ". . . 4 5 4 . 5 5 .", 0, .25, .35, .35
-tune     "rhodes", 76,  "........5--3--2-|1-----..........|........5--6--5-|3-----..........", ". . . . 4 5 . . 5 .", 1, -.15, .35, .3
+chords  "B", "Fmaj9:2 G6:2 Am9/C:2 Dm9 Em7"
+chords  "C", "Dm9:2 Am9/C:2 Fmaj9:2 Em7:2"
+chords  "Z", "Am9:4"
+form    "IAABACABBAZ", 1.5
+space   "plate", .62, 6200
+repeats .75, .3
+tape    .25, .4
+pump    .15
+;       player             pattern                                                                 I A A B A C A B B A Z
+veil    "hiss",                                                                                   "3 3 3 3 3 3 3 3 3 3 3", -9
+wash    "tapestrings", 62,                                                                        ". . 2 4 3 5 3 4 5 4 3", -3
+beat    "grain",           "o.x.o.x.o.x.o.xo",                                                    "2 3 4 4 4 3 4 4 5 4 3", 1, .3
+beat    "feltkick",        "x.....x...x.....|x.....x...x..o..|x.....x...x.....|x..o..x...x.o...", ". 3 5 5 5 . 5 5 6 5 .", 1
+beat    "snap",            "....x.......x...",                                                    ". . 3 4 4 . 4 5 5 4 .", 0, -.1, .2
+beat    "snare",           "..o....o.o......|..o....o.o....o.|..o....o.o......|..o....o.o..o.oo", ". . . 3 3 2 3 4 4 3 .", -7, .1, .15
+beat    "hat",             "..x...x...x..ox.",                                                    ". . . 2 3 . 3 3 4 . .", -4, -.25
+bass    "fretless",    33, "1-....1-..1..5..|1-....1-..7.8-..|1-....1-..1..5..|1-..1.....5-7-..", ". 3 5 5 6 . 5 6 6 5 .", 1
+bass    "sub",         33, "1-----------....|1---------5-7-..",                                   "3 . . . . 4 . . . . 3", -3
+stab    "rhodes",      62, "x--...x-..x--...|...x--....x-....|x--...x-..x--...|...x--..x-..x-..", "3 4 5 4 6 5 5 5 6 5 3", -1, -.1, .25, .15
+stab    "muted",       69, "..x...x.....x..x|..x..x......x...",                                   ". . . 4 4 . 3 5 5 . .", -5, .3, .2, .15
+keys    "rhodes",      71, "..........1...2.|................|......2...1.....|................", ". . . . . 4 . . 4 4 .", -4, .25, .3, .35
+tune    "rhodes",      76, "........5--3--2-|1-----..........|................|................|........6--5--3-|2-------........|................|................", ". . . . 4 . . 5 . . .", 0, -.15, .35, .3

@@ -1,23 +1,28 @@
-; Inbox Motion - tempo - organ chords that answer each other, a hat that never looks up
+; Inbox Motion - tempo - organ chords that answer each other over soft house drums, a hat that never looks up
 #include "studio.orc"
-piece   "Inbox Motion", 120, "C minor", 4, .06
-chords  "A", "Cm9:2 Fm9:2 Cm9:2 Bb9sus:2"
+piece   "Inbox Motion", 116, "C minor", 4, .1
+chords  "I", "Cm9:4 Abmaj9:4"
+chords  "A", "Cm9:2 Fm9:2 Cm9/Bb:2 Bb9sus:2"
 chords  "B", "Abmaj9:2 Bb6:2 Gm7:2 Cm9:2"
-form    "AAABBAABBBA", 2
-space   "hall", .8, 9000
+chords  "C", "Fm9:2 Gm7:2 Abmaj9:2 Bb9sus:2"
+chords  "Z", "Cm9:4"
+form    "IAABBACABBZ", 1
+space   "plate", .58, 5600
 repeats .75, .35
-tape    .1, .35
-pump    .4
-;       player         pattern                               A A A B B A A B B B A
-wash    "hollow", 60,                                       "3 4 4 5 5 5 4 4 5 5 4", -2
-beat    "kick",        "x...x...x...x...",                  "3 6 7 7 7 7 2 7 7 7 6"
-beat    "open",        "..x...x...x...x.",                  ". 3 4 5 5 . 3 5 5 5 4", -2, .1
-beat    "hat",         "xoxoxoxoxoxoxoxo",                  ". 4 5 5 5 5 5 5 5 5 5", -1, -.15
-beat    "clap",        "....x.......x...",                  ". . 5 6 6 2 6 6 6 6 .", 0, 0, .2
-beat    "block",       "...o......o..o..",                  ". . 4 4 4 4 4 5 5 5 .", -3, .35, .2
-bass    "mono",   36,  "1..1..1...1.8...|1..1..1...5.7...", ". 5 6 6 6 6 . 6 6 6 5", -3
-bass    "sub",    36,  "1-------1-------",                  "2 . . . . . 3 . . . .", -3
-stab    "organ",  62,  "..x...x....x....|..x...x..x.x....", "3 4 5 6 6 4 5 6 6 6 4", -2, -.1, .25, .2
-stab    "chord",  67,  "......x-........|..........x-....", ". . . 5 5 . . 5 6 6 5", -4, .25, .35, .35
-keys    "wire",   72,  "0..1..2..0..1..3",                  ". . 4 . 5 4 . . 5 6 5", -7, .2, .3, .4
-tune    "vibes",  72,  "5---....3---....|................|1---....4---....|................", ". . . . 4 . 5 . . 5 .", 1, -.1, .4, .3
+tape    .15, .35
+pump    .35
+;       player           pattern                                                                     I A A B B A C A B B Z
+wash    "tapeorgan", 60,                                                                            "2 3 3 4 4 4 5 4 5 5 3", -3
+beat    "tick",          "..x...x...x...x.",                                                        "2 3 3 4 4 3 3 3 4 4 3", -2, .3, .15
+beat    "kick",          "x...x...x...x...",                                                        ". 3 4 5 5 5 2 5 6 5 .", -1
+beat    "tamb",          "..o...x...o...x.",                                                        ". . 2 3 4 4 . 3 4 4 .", -5, -.25
+beat    "hat",           "oxooxooxooxoxoxo",                                                        ". . . 2 3 . 2 . 3 3 .", -6, .2
+beat    "clap",          "....x.......x...",                                                        ". . . 3 4 3 . 4 5 4 .", -3, 0, .25
+beat    "block",         "...o......o..o..|...o......o.....|...o......o..o..|...o..o...o.oo.o",     ". . 2 3 3 3 3 3 4 3 .", -5, .35, .25
+bass    "warm",      36, "..1..1....1...1.|..1..1....1.5-..|..1..1....1...1.|..1..1....7.8-..",     ". 4 5 5 6 5 . 5 6 5 .", 0
+bass    "sub",       36, "1-----------....|1-----------5-..",                                       "3 . . . . . 4 . . . 3", -2
+stab    "organ",     64, "..x...x....x....|................|..x...x....x.x..|................",     "3 4 5 5 5 5 . 5 6 5 3", -1, -.2, .25, .2
+stab    "organ",     69, "................|..x-..x....x-...|................|..x...x..x..x-..",     ". . 4 4 5 4 . 4 5 5 .", -3, .3, .3, .3
+stab    "dub",       60, "..........x-----|................",                                       ". . . . 4 . 5 . 5 4 3", -4, .1, .35, .35
+keys    "vibes",     70, "0.....1.........|......2...1.....",                                       "3 . . . . 4 4 . . . .", -4, .2, .35, .3
+tune    "softlead",  67, "....5---|3-------|........|........|....4---|2-------|........|........", ". . . 4 . . 4 . 5 . .", -2, -.1, .4, .25
