@@ -13,8 +13,8 @@ instr echo                      ; repeats that cross the room, darker each time
   afbR butterhp tone(atapR, 2600), 180
   gaL += afbL
   gaR += afbR
-  gaHallL += afbL * .35
-  gaHallR += afbR * .35
+  gaRoomL += afbL * .35
+  gaRoomR += afbR * .35
   clear gaEchoL, gaEchoR
 endin
 
@@ -70,8 +70,8 @@ opcode chamber, aa, aa          ; a wooden room for a few players: near walls, a
 endop
 
 instr reverberation
-  aL butterhp gaHallL, 140
-  aR butterhp gaHallR, 140
+  aL butterhp gaRoomL, 140
+  aR butterhp gaRoomR, 140
   if giroom == 1 then
     aL, aR plate aL, aR
   elseif giroom == 2 then
@@ -81,7 +81,7 @@ instr reverberation
   endif
   gaL += aL * .8
   gaR += aR * .8
-  clear gaHallL, gaHallR
+  clear gaRoomL, gaRoomR
 endin
 
 instr master

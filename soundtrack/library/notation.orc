@@ -22,7 +22,7 @@ gStones[] init 400
 gisec[] init 64                                         ; sections: beat
 gigain[] init 64                                        ; lanes: gain, position, sends, bus
 gipan[] init 64
-gihall[] init 64
+gisend[] init 64
 giecho[] init 64
 gidrum[] init 64
 gSrooms = " hall=0 plate=1 chamber=2 "
@@ -152,8 +152,15 @@ opcode chord, iiSi, S           ; "G13/D:2" -> its root, bass, tones and bars
   ibars = 1
   icolon strindex Schord, ":"
   if icolon > 0 then
-    only "the bars of a chord", strsub(Schord, icolon + 1), "123456789"
-    ibars strtod strsub(Schord, icolon + 1)
+    Sbars strsub Schord, icolon + 1
+    only "the bars of a chord", Sbars, "0123456789"
+    if strlen(Sbars) == 0 then
+      fault "the bars of a chord", Sname
+    endif
+    ibars strtod Sbars
+    if ibars < 1 then
+      fault "the bars of a chord", Sname
+    endif
     Schord strsub Schord, 0, icolon
   endif
   iroot, iskip tonic Schord
@@ -180,6 +187,9 @@ endop
 
 opcode form, 0, So              ; letters, seconds of ring after the last bar
   Sletters, iring xin
+  if strlen(gSdegrees) == 0 then
+    fault "piece has to come before form", Sletters
+  endif
   ibeat = 0
   is = 0
   while is < strlen(Sletters) do
@@ -225,12 +235,15 @@ opcode columns, S, SSS          ; the levels of a lane, one for each section of 
   xout Sbare
 endop
 
-opcode lane, i, iijji           ; gain in dB, position, hall, echo, drum -> number
-  igain, ipan, ihall, iecho, idrum xin
+opcode lane, i, iijji           ; gain in dB, position, room, echo, drum -> number
+  igain, ipan, isend, iecho, idrum xin
+  if gilanes == 64 then
+    fault "more than 64 lanes", "form"
+  endif
   ith = gilanes
   gigain[ith] = ($SOLO < 0 || $SOLO == ith) ? ampdb(igain) : 0
   gipan[ith] = ipan
-  gihall[ith] = ihall < 0 ? .3 : ihall
+  gisend[ith] = isend < 0 ? .3 : isend
   giecho[ith] = iecho < 0 ? 0 : iecho
   gidrum[ith] = idrum
   gilanes += 1
@@ -427,7 +440,7 @@ opcode perform, 0, iSiSSi       ; way of playing, player, centre, pattern, level
   od
 endop
 
-opcode keys, 0, SiSSoojj        ; player, centre, pattern, levels, dB, pan, hall, echo
+opcode keys, 0, SiSSoojj        ; player, centre, pattern, levels, dB, pan, room, echo
   Sp, ic, Spat, Slev, ig, ip, ih, ie xin
   perform 0, Sp, ic, Spat, Slev, lane(ig, ip, ih, ie, 0)
 endop
@@ -443,7 +456,7 @@ opcode stab, 0, SiSSoojj
   Sp, ic, Spat, Slev, ig, ip, ih, ie xin
   perform 3, Sp, ic, Spat, Slev, lane(ig, ip, ih, ie, 0)
 endop
-opcode beat, 0, SSSoojj         ; drum, pattern, levels, dB, pan, hall, echo
+opcode beat, 0, SSSoojj         ; drum, pattern, levels, dB, pan, room, echo
   Sp, Spat, Slev, ig, ip, ih, ie xin
   perform 4, Sp, 60, Spat, Slev, lane(ig, ip, ih < 0 ? .06 : ih, ie, 1)
 endop
@@ -472,7 +485,7 @@ opcode wash, 0, SiSoojj         ; every chord held and blended into the next, op
   od
 endop
 
-opcode veil, 0, SSooj           ; a texture over the whole track: player, levels, dB, pan, hall
+opcode veil, 0, SSooj           ; a texture over the whole track: player, levels, dB, pan, room
   Sp, Slevels, ig, ip, ih xin
   ilane lane ig, ip, ih < 0 ? .1 : ih, 0, 0
   Slevels columns Sp, Slevels, gSweather

@@ -12,7 +12,7 @@ gisine ftgen 0, 0, 8192, 10, 1
 gipipe ftgen 0, 0, 8192, 10, 1, .34, .12, .05, .03, .012, .008      ; a stopped pipe, for the tape organ
 giviol ftgen 0, 0, 8192, 10, 1, .62, .5, .36, .3, .2, .17, .13, .1, .09, .06, .05, .04, .03, .025, .02
 
-gaL, gaR, gaDrumL, gaDrumR, gaHallL, gaHallR, gaEchoL, gaEchoR init 0, 0, 0, 0, 0, 0, 0, 0
+gaL, gaR, gaDrumL, gaDrumR, gaRoomL, gaRoomR, gaEchoL, gaEchoR init 0, 0, 0, 0, 0, 0, 0, 0
 gkpump init 1
 
 opcode send, 0, aaii            ; a player to the desk
@@ -27,8 +27,8 @@ opcode send, 0, aaii            ; a player to the desk
     gaL += aL
     gaR += aR
   endif
-  gaHallL += aL * gihall[ilane]
-  gaHallR += aR * gihall[ilane]
+  gaRoomL += aL * gisend[ilane]
+  gaRoomR += aR * gisend[ilane]
   gaEchoL += aL * giecho[ilane]
   gaEchoR += aR * giecho[ilane]
 endop

@@ -1,23 +1,25 @@
+#include "report/TrackSource.h"
+
 #include "library/Catalogue.h"
+#include "measures/Figures.h"
+#include "measures/Recording.h"
 #include "platform/linux/FolderResourceBundle.h"
-#include "platform/linux/audio/AudioDecoder.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <map>
+#include <filesystem>
+#include <numeric>
+#include <ostream>
 #include <vector>
 
-namespace mireval::test {
-namespace {
+namespace mireval {
 
-constexpr double shortestSeconds = 60;
-constexpr double longestSeconds = 6 * 60;
-constexpr double quietestDb = -30;
-constexpr double loudestDb = -9;
-constexpr float clipped = 0.9999F;
+void PrintTo(const Track& track, std::ostream* stream) {
+  *stream << track.title.toStdString();
+}
+
+namespace soundtrack {
+namespace {
 
 std::vector<Track> allTracks() {
   std::vector<Track> tracks;
@@ -32,39 +34,26 @@ std::optional<std::filesystem::path> fileOf(const Track& track) {
       .urlForResource(*track.resourceName, *track.fileExtension, QStringLiteral("PreviewAudio"));
 }
 
+std::string nameOf(const Track& track) {
+  return track.resourceName->toStdString() + " " + track.title.toStdString();
+}
+
 class SoundtrackTest : public testing::TestWithParam<Track> {};
 
-TEST_P(SoundtrackTest, IsAWholeAudiblePiece) {
-  const auto file = fileOf(GetParam());
+TEST_P(SoundtrackTest, MeetsItsFigures) {
+  const Track& track = GetParam();
+  const auto file = fileOf(track);
   ASSERT_TRUE(file) << "not made yet: build the target soundtrack";
-  const AudioDecoderResult opened = AudioDecoder::open(*file);
-  ASSERT_TRUE(opened.decoder) << opened.error.toStdString();
+  const auto source = TrackSource::read(std::filesystem::path(SOUNDTRACK "/tracks") /
+                                        (track.resourceName->toStdString() + ".orc"));
+  ASSERT_TRUE(source && source->piece) << "its source does not say the tempo";
+  const double secondsPerBar = source->piece->beatsPerBar * 60 / source->piece->tempo;
 
-  std::array<float, 16384> block{};
-  std::size_t frames = 0;
-  std::size_t clippedSamples = 0;
-  double energy = 0;
-  double sum = 0;
-  while (const std::size_t count = opened.decoder->read(block)) {
-    for (const float sample : std::span(block).first(count * AudioDecoder::channelCount)) {
-      clippedSamples += std::abs(sample) >= clipped ? 1 : 0;
-      energy += static_cast<double>(sample) * sample;
-      sum += sample;
-    }
-    frames += count;
+  const RecordingResult loaded = Recording::load(*file);
+  ASSERT_TRUE(loaded.recording) << loaded.error;
+  for (const Figure& figure : figuresOf(Measurement::of(*loaded.recording, secondsPerBar), track.mood)) {
+    EXPECT_TRUE(figure.isMet()) << nameOf(track) << ": " << figure.text();
   }
-  ASSERT_GT(frames, 0U);
-  EXPECT_FALSE(opened.decoder->failed());
-  const double seconds = static_cast<double>(frames) / opened.decoder->sampleRate();
-  EXPECT_NEAR(seconds, opened.decoder->durationSeconds(), 0.001);
-  EXPECT_GE(seconds, shortestSeconds);
-  EXPECT_LE(seconds, longestSeconds);
-  EXPECT_EQ(clippedSamples, 0U);
-  const double samples = static_cast<double>(frames * AudioDecoder::channelCount);
-  const double levelDb = 10 * std::log10(energy / samples);
-  EXPECT_GT(levelDb, quietestDb);
-  EXPECT_LT(levelDb, loudestDb);
-  EXPECT_LT(std::abs(sum / samples), 1e-3) << "the sound has an offset";
 }
 
 INSTANTIATE_TEST_SUITE_P(Catalogue, SoundtrackTest, testing::ValuesIn(allTracks()), [](const auto& info) {
@@ -72,46 +61,62 @@ INSTANTIATE_TEST_SUITE_P(Catalogue, SoundtrackTest, testing::ValuesIn(allTracks(
   return name.replace(QLatin1Char('-'), QLatin1Char('_')).toStdString();
 });
 
-/// How loud a piece is in each of its first fifty seconds: different music differs, a copy does not, however
-/// it was encoded.
-std::array<double, 50> loudnessOverTime(const Track& track) {
-  std::array<double, 50> levels{};
-  const auto file = fileOf(track);
-  const auto decoder = file ? AudioDecoder::open(*file).decoder : nullptr;
-  if (!decoder) {
-    return levels;
-  }
-  std::vector<float> second(static_cast<std::size_t>(decoder->sampleRate()) * AudioDecoder::channelCount);
-  for (double& level : levels) {
-    decoder->read(second);
-    double energy = 0;
-    for (const float sample : second) {
-      energy += static_cast<double>(sample) * sample;
+struct MeasuredTrack {
+  std::string name;
+  double seconds = 0;
+  Fingerprint fingerprint;
+};
+
+/// Tracks that cannot be read are failures of the test.
+std::vector<MeasuredTrack> measuredTracksOf(Mood mood) {
+  std::vector<MeasuredTrack> measured;
+  for (const Track& track : catalogue().at(mood)) {
+    const auto file = fileOf(track);
+    const RecordingResult loaded = file ? Recording::load(*file) : RecordingResult{{}, "not made yet"};
+    if (loaded.recording) {
+      measured.push_back({nameOf(track), loaded.recording->seconds(), Fingerprint::of(*loaded.recording)});
+    } else {
+      ADD_FAILURE() << nameOf(track) << ": " << loaded.error;
     }
-    level = 10 * std::log10(energy / static_cast<double>(second.size()) + 1e-9);
   }
-  return levels;
+  return measured;
 }
 
-TEST(SoundtrackAsAWholeTest, HasNoTwoPiecesAlike) {
-  std::vector<std::pair<QString, std::array<double, 50>>> pieces;
-  for (const Track& track : allTracks()) {
-    ASSERT_TRUE(fileOf(track)) << track.resourceName->toStdString();
-    pieces.emplace_back(*track.resourceName, loudnessOverTime(track));
-  }
-  constexpr double leastDifferenceDb = 0.3;
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    for (std::size_t j = i + 1; j < pieces.size(); ++j) {
-      double difference = 0;
-      for (std::size_t second = 0; second < pieces[i].second.size(); ++second) {
-        difference += std::abs(pieces[i].second.at(second) - pieces[j].second.at(second));
-      }
-      difference /= static_cast<double>(pieces[i].second.size());
-      EXPECT_GT(difference, leastDifferenceDb)
-          << pieces[i].first.toStdString() << " and " << pieces[j].first.toStdString();
+class SoundtrackOfAMoodTest : public testing::TestWithParam<Mood> {};
+
+TEST_P(SoundtrackOfAMoodTest, HasTheRightMeanLengthAndNoTwoPiecesAlike) {
+  const std::vector<MeasuredTrack> tracks = measuredTracksOf(GetParam());
+  ASSERT_EQ(tracks.size(), 16U);
+
+  const double seconds =
+      std::accumulate(tracks.begin(), tracks.end(), 0.0,
+                      [](double sum, const MeasuredTrack& track) { return sum + track.seconds; });
+  const Figure meanLength{"mean length", "s", seconds / static_cast<double>(tracks.size()),
+                          meanLengthOfAMood};
+  EXPECT_TRUE(meanLength.isMet()) << meanLength.text();
+
+  for (std::size_t i = 0; i < tracks.size(); ++i) {
+    for (std::size_t j = i + 1; j < tracks.size(); ++j) {
+      const Figure apart{"distance", "", distance(tracks[i].fingerprint, tracks[j].fingerprint),
+                         distanceWithinAMood};
+      EXPECT_TRUE(apart.isMet()) << tracks[i].name << " and " << tracks[j].name << ": " << apart.text();
     }
   }
+}
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, SoundtrackOfAMoodTest, testing::ValuesIn(allMoods),
+                         [](const auto& info) { return rawValue(info.param).toStdString(); });
+
+TEST(SoundtrackAsAWholeTest, IsSmallEnoughToDownload) {
+  std::uintmax_t size = 0;
+  for (const Track& track : allTracks()) {
+    const auto file = fileOf(track);
+    ASSERT_TRUE(file) << nameOf(track) << ": not made yet";
+    size += std::filesystem::file_size(*file);
+  }
+  EXPECT_LE(size, largestSoundtrack) << "bytes";
 }
 
 }  // namespace
-}  // namespace mireval::test
+}  // namespace soundtrack
+}  // namespace mireval
