@@ -5,13 +5,13 @@ chords  "A", "Em7:2 A6:2 Em9:2 Dmaj9:2"
 chords  "B", "Gmaj9:2 F#m7:2 Bm9:2 A6:2"
 chords  "C", "Dmaj9:2 Em9:2 F#m7:2 A6/C#:2"
 chords  "Z", "Dmaj9 Em9"
-form    "AABACBAZ", 3
+form    "AABACBAZ", 2
 space   "chamber", .7, 7800
 repeats .75, .35
 tape    .15, .15
 stray   .15
 ;       player            pattern                                        A A B A C B A Z
-veil    "room",                                                         "3 3 3 3 3 3 3 3", -3
+veil    "room",                                                         "3 3 3 3 3 3 3 3", -10
 wash    "organ",    62,                                                 ". 2 3 2 4 4 2 3", -3
 wash    "hollow",   57,                                                 "2 . . 3 . 5 3 3", -3
 bass    "upright",  40,  "1..1..5...|1.....7.5.|1..1..5...|8.....5.3.", ". 4 4 5 . 6 5 .", -2

@@ -6,15 +6,15 @@ chords  "B", "Fm9:2 Gm7:2 Abmaj9:2 Bb6:2"
 chords  "C", "Cm9:2 Bb6/D:2 Ebmaj9:2 Gm7:2"
 chords  "D", "Fm9:2 Cm7/Eb:2 Dm7:2 Gm7:2"
 chords  "Z", "Bb6/Ab:2 Abmaj9:4"
-form    "AABACADBCAZ", 3
+form    "AABACADBCAZ", 2
 space   "hall", .93, 7800
 repeats 1, .5
 tape    .55, .1
 ;       player          pattern                        A A B A C A D B C A Z
-veil    "night",                                      "3 3 2 2 2 2 3 2 2 3 3", -6
+veil    "night",                                      "3 3 2 2 2 2 3 2 2 3 3", -1
 wash    "bowed",   60,                                "3 3 4 3 4 4 4 5 5 4 4", 0
 wash    "choir",   65,                                ". . . 3 . 2 3 4 5 2 .", -3
-wash    "swell",   56,                                ". . 3 . 4 . . 4 4 3 3", -2
+wash    "glass",   71,                                ". . 3 . 3 . . 4 4 3 3", -2
 bass    "sub",     37,  "1-----|----..|1-----|--5...", ". . 4 . 4 4 . 5 5 . 3", -3
 bass    "harp",    44,  "1-----|..5...|1-----|8.....", ". 4 . 4 . 4 . 5 . 4 .", -3, -.1
 bass    "bowl",    44,  "1-----|------|------|------", "4 . . 4 . . 5 . . 4 4", 0, -.2, .5

@@ -2,7 +2,7 @@
 #include "studio.orc"
 piece   "Golden Outline", 98, "D mixolydian"
 chords  "A", "Dadd9:2 Cadd9:2 G/B:2 Am7:2"
-chords  "B", "Em7:2 G6:2 Am9:2 Cmaj9:2"
+chords  "B", "Em7:2 G6:2 Am7:2 Cmaj9:2"
 chords  "C", "G6/B:2 Am9:2 Cmaj9:2 Dsus4 Dadd9"
 chords  "Z", "Cadd9:2 G/B:2 Dadd9:2"
 form    "AABACBCAZ", 3

@@ -11,7 +11,7 @@ space   "hall", .86, 8200
 repeats 1, .35
 tape    .15, .05
 ;       player           pattern                        A A B A C A B B D A Z
-veil    "stream",                                      "4 3 3 3 4 3 3 2 3 4 4", -6
+veil    "stream",                                      "4 3 3 3 4 3 3 2 3 4 4", -4
 wash    "reed",     58,                                ". 2 2 3 3 2 3 4 3 . 2", -4
 wash    "strings",  62,                                ". . 2 . 3 3 5 6 4 2 3", -1
 wash    "drift",    65,                                "3 3 . 3 . . . 3 3 3 3", -3

@@ -7,7 +7,7 @@ chords  "C", "Am7:2 Bbmaj9:2 Gm9:2 C6:2"
 chords  "D", "Dm9:4 Bbmaj9#11:4"
 chords  "Z", "C/Bb:2 Bbmaj9:4"
 form    "ABACBDZ", 3
-space   "hall", .96, 7500
+space   "hall", .96, 5000
 repeats 1.5, .4
 tape    .3, .1
 ;       player           pattern                                A B A C B D Z
@@ -15,7 +15,7 @@ veil    "sea",                                                 "3 2 3 2 2 3 4", 
 wash    "dusk",     55,                                        "3 4 3 4 5 4 4", 0
 wash    "choir",    62,                                        ". . 3 4 5 3 .", -2
 wash    "swell",    64,                                        ". 3 . . 4 . 3", -3
-wash    "strings",  59,                                        ". . . 5 6 2 .", -2
+wash    "strings",  59,                                        ". . . 5 6 2 .", -3
 bass    "bowl",     46,  "1-------|--------|....5---|--------", "4 . 4 . . 5 4", 0, .2, .5
 bass    "sub",      34,  "1-------|--------|1-------|----5---", ". 4 . 4 5 4 3", -2
 bass    "cello",    46,  "1-------|....5---|8-------|7---5---", ". . . 4 6 . .", -3, .2

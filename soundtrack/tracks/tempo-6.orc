@@ -1,29 +1,29 @@
 ; Light Conveyor - tempo - soft techno: one travelling sequence over rubber bass, moved a little every eight bars
 #include "studio.orc"
 piece   "Light Conveyor", 124, "B minor"
-chords  "A", "Bm9:4 Gmaj9:4"
+chords  "A", "Bm9:2 Bm9:2 Gmaj9:2 Gmaj9:2"
 chords  "B", "Em9:2 F#m7:2 Gmaj9:2 A6:2"
-chords  "C", "Gmaj9:4 Em9:2 F#m7:2"
+chords  "C", "Gmaj9:2 Gmaj9:2 Em9:2 F#m7:2"
 chords  "Z", "Bm9:4"
 form    "AAABBCAABBAZ", 2
 space   "plate", .7, 7500
-repeats .75, .45
+repeats .75, .3
 tape    .05, .25
 pump    .45
 stray   .04
 ;       player          pattern                                                                     A A A B B C A A B B A Z
 veil    "air",                                                                                     "3 3 3 3 3 3 3 3 3 3 3 3", -8
 wash    "dusk",     57,                                                                            "3 3 4 4 5 6 4 4 5 5 4 3", 0
-beat    "tick",         "..x...x...x...x.|..x...x...x..ox.",                                       "2 3 4 4 5 3 4 4 5 5 3 2", 0, .2, .15
-beat    "kick",         "x...x...x...x...",                                                        ". 3 5 6 6 2 5 6 6 6 5 .", 0
-beat    "hat",          "..x...x...x...x.",                                                        ". . 2 3 4 . 3 4 4 5 3 .", -2, -.1
+beat    "tick",         "..x...x...x...x.|..x...x...x..ox.",                                       "2 3 4 4 5 3 4 4 5 5 3 2", 2, .2, .1
+beat    "kick",         "x...x...x...x...",                                                        ". 3 5 6 6 3 5 6 6 6 5 .", 0
+beat    "hat",          "..x...x...x...x.",                                                        ". . 2 3 4 . 3 4 4 5 3 .", 0, -.1
 beat    "grain",        "o.oo.oo.o.oo.oo.",                                                        ". . . 3 4 4 . 4 4 4 . .", 0, .3
-beat    "snap",         "....x.......x...",                                                        ". . . 3 4 . . 3 4 5 . .", -2, 0, .25
+beat    "snap",         "....x.......x...",                                                        ". . . 3 4 . . 3 4 5 . .", 0, 0, .2
 beat    "softride",     "x...x...x...x...",                                                        ". . . . 3 . . . 3 4 3 .", -3, -.25
 beat    "tom",          "........|........|........|....o..o|........|........|........|..o..x.x", ". . 3 3 4 3 3 4 4 5 3 .", -3, -.3, .2
 bass    "rubber",   35, "..1...1...1...1.|..1...1...1.1.5.",                                       ". 4 5 . . . 5 6 . . 5 .", 0
 bass    "rubber",   35, "..1..11...1..18.|..1..11...7..15.|..1..11...1..18.|..1..1.5..7..85.",     ". . . 6 6 . . . 6 6 . .", 0
-bass    "sub",      35, "1---------------|------------....",                                       "3 . . . . 5 . . . . . 3", -2
+bass    "sub",      35, "1---------------|------------....",                                       "2 . . . . 5 . . . . . 2", -4
 keys    "pulse",    62, "0.1.0.2.0.1.3.1.",                                                        "3 4 5 . . . 5 5 . . 5 3", 0, -.1, .25, .3
 keys    "pulse",    62, "0.21.03.1.20.3.1|0.21.03.1.20.4.2",                                       ". . . 5 6 5 . . 6 6 . .", 0, -.1, .25, .3
 keys    "wire",     74, "...1.......2....|................|...0.......1..3.|................",     ". . . . 4 . . 4 4 5 4 .", -6, .3, .3, .45
