@@ -10,8 +10,8 @@ space   "plate", .82, 6000
 repeats 1.5, .5
 tape    .35, .2
 ;       player             pattern                                A A B A C B A Z
-veil    "hiss",                                                  "3 3 3 3 3 3 3 3", -3
-wash    "tapeorgan", 58,                                         "2 3 3 3 4 4 3 3", -2
+veil    "hiss",                                                  "3 3 3 3 3 3 3 5", -3
+wash    "tapeorgan", 58,                                         "2 3 3 3 4 4 3 4", -2
 wash    "strings",   62,                                         ". . . 3 4 6 3 2", -1
 wash    "choir",     66,                                         ". . 2 . 3 4 . .", -4
 bass    "sub",       36,  "1-----..|1---....|1-----..|....5-7-", ". 3 4 . 4 . 4 .", -3

@@ -5,7 +5,7 @@ chords  "A", "Ebmaj9:2 Cm7:2 Fm7:2 Abadd9:2"
 chords  "B", "Gm7:2 Abmaj7:2 Fm7:2 Bb9sus:2"
 chords  "C", "Cm9:2 Bb6/D:2 Abmaj9:2 Dbmaj9:2"
 chords  "Z", "Abadd9:2 Ebadd9:2"
-form    "AABACBZ", 5
+form    "AABACBZ", 4
 space   "hall", .9, 6500
 repeats 1, .35
 tape    .35, .1

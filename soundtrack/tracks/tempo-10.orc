@@ -6,7 +6,7 @@ chords  "A", "Cm9:2 F9:2 Bbmaj9:2 Ebmaj9:2"
 chords  "B", "Gm9:2 F6:2 Ebmaj9:2 Dm7:2"
 chords  "C", "Ebmaj9:2 Dm7:2 Cm9:2 Gm9/Bb:2"
 chords  "Z", "Cm9:4"
-form    "IABACABCBAZ", 1.2
+form    "IABACABCBAZ", .8
 space   "plate", .66, 5800
 repeats .75, .3
 tape    .25, .35

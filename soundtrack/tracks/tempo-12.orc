@@ -2,7 +2,7 @@
 #include "studio.orc"
 piece   "Drive Column", 121, "F# minor"
 chords  "I", "F#m9:4 Dmaj9:4"
-chords  "A", "F#m9:4 E6:2 Dmaj9:2"
+chords  "A", "F#m9:2 F#m9:2 E6:2 Dmaj9:2"
 chords  "B", "Bm9:2 C#m7:2 Dmaj9:2 E6:2"
 chords  "C", "Dmaj9:4 Amaj9/C#:2 Bm9:2"
 chords  "Z", "F#m9:4"

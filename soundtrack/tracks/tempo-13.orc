@@ -5,7 +5,7 @@ chords  "A", "Dadd9:2 Dadd9:2 Cadd9:2 G6:2"
 chords  "B", "Em7:2 Am7:2 Cadd9:2 G/B:2"
 chords  "C", "G6:2 G6/B:2 Am7:2 Cadd9:2"
 chords  "Z", "Dadd9:4"
-form    "AAABACABCBAZ", 1
+form    "AAABACABCBAZ", .7
 space   "chamber", .58, 6800
 repeats .5, .25
 tape    .2, .4

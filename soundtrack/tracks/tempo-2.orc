@@ -1,9 +1,9 @@
 ; Task Current - tempo - two muted guitars over a low pulse, hand drums instead of hats, a nylon string when it is quiet
 #include "studio.orc"
 piece   "Task Current", 114, "E minor", 4, .06
-chords  "A", "Em9:4 Cmaj9:2 Am9:2"
+chords  "A", "Em9:2 Em9:2 Cmaj9:2 Am9:2"
 chords  "B", "Cmaj9:2 D6/F#:2 Gmaj9:2 Bm7:2"
-chords  "C", "Am9:4 Cmaj9/G:2 D6/F#:2"
+chords  "C", "Am9:2 Am9:2 Cmaj9/G:2 D6/F#:2"
 chords  "Z", "Em9:4"
 form    "AAABBCAABAZ", 2
 space   "chamber", .6, 5200
@@ -11,8 +11,8 @@ repeats .75, .3
 tape    .15, .3
 pump    .25
 ;       player          pattern                                                                     A A A B B C A A B A Z
-wash    "drift",    59,                                                                            "3 4 4 5 5 6 4 4 5 4 3", -1
-beat    "grain",        "o..xo..xo..xo..x|o..xo..xo..xo.xx",                                       "2 3 4 4 4 3 3 4 5 3 2", 1, .25
+wash    "drift",    59,                                                                            "2 3 4 5 6 7 4 4 6 4 3", -1
+beat    "grain",        "o..xo..xo..xo..x|o..xo..xo..xo.xx",                                       ". 3 4 4 5 . 3 4 5 3 2", 1, .25
 beat    "thud",         "x...x...x...x...",                                                        ". 2 5 5 6 . 4 6 6 5 .", 0
 beat    "djembe",       "x.....o...x.....|x.....o...x..o..|x.....o...x.....|x..o..o...x.o.o.",     ". . 3 4 5 4 3 4 5 4 .", -1, -.25, .15
 beat    "conga",        "...o..x.....o...|...o..x...o.o..o",                                       ". . . 3 4 3 . 4 5 4 .", -3, .3, .15

@@ -6,7 +6,7 @@ chords  "A", "Cm9:2 Fm9:2 Cm9/Bb:2 Bb9sus:2"
 chords  "B", "Abmaj9:2 Bb6:2 Gm7:2 Cm9:2"
 chords  "C", "Fm9:2 Gm7:2 Abmaj9:2 Bb9sus:2"
 chords  "Z", "Cm9:4"
-form    "IAABBACABBZ", 1
+form    "IAABBACABBZ", .6
 space   "plate", .58, 5600
 repeats .75, .35
 tape    .15, .35
