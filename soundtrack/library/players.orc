@@ -79,7 +79,7 @@ opcode voiced, i, iii           ; how strong a partial of a sung note is: its nu
   else
     ishape = .02 + formant(ihz, 330, 190, 1) + formant(ihz, 740, 170, .22) + formant(ihz, 2400, 300, .02)
   endif
-  xout ishape / sqrt(inumber)
+  xout ishape / sqrt(inumber) / (1 + (ihz / 3500) ^ 2)
 endop
 
 opcode vowel, ii, ii            ; vowel, note -> a table of voices and its pitch; formants stay where they are

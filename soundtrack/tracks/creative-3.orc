@@ -11,7 +11,7 @@ space   "chamber", .75, 6800
 repeats .75, .4
 tape    .15, .15
 ;        player              pattern                                A A B A C B D A Z
-veil     "leaves",                                                 "4 3 3 3 4 3 3 4 6", -7
+veil     "leaves",                                                 "4 3 3 3 4 3 3 4 6", -4
 wash     "tapestrings", 59,                                        ". 2 3 3 4 5 3 3 4", 1
 wash     "organ",       64,                                        ". . . 2 3 . 3 . .", -5
 keys     "kalimba",     67,  "0.2.1.3.|..2.4...|0.2.1...|3...2.1.", "5 5 . 4 . . 4 4 .", -5, .2, .3, .2

@@ -11,9 +11,9 @@ repeats 1.5, .35
 tape    .3, .15
 ;       player          pattern                                                                            A B A C Z
 veil    "sea",                                                                                           "5 4 5 4 5", -1
-veil    "surf",                                                                                          "3 . . 3 4", -6, .2
+veil    "surf",                                                                                          "4 3 3 4 5", -5, .2
 wash    "pad",      57,                                                                                  "3 4 . 5 4", -1
-wash    "drift",    57,                                                                                  ". 3 4 . 3", -3
+wash    "prism",    69,                                                                                  ". 3 4 . 4", -4
 wash    "choir",    57,                                                                                  ". . 4 5 3", -3
 bass    "fretless", 39, "1-----5-----|1-----------|1-----..3---|........5---",                           ". 4 4 5 .", -3
 bass    "sub",      39, "1-----------",                                                                  "3 . . . 3", -5
