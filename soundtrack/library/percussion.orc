@@ -128,7 +128,7 @@ instr swirl                     ; a brush going round on the snare for as long a
   kside linseg -.3, p3, .3
   ahair noise aenv, 0
   agrain noise aenv * .5, 0
-  ahair butterbp ahair, kround, 2400
+  ahair butterlp butterbp(ahair, kround, 2400), 5000
   agrain butterbp agrain, 420, 300
   ahair = (ahair + agrain) * p5 * .2
   send ahair * (1 - kside), ahair * (1 + kside), p6, p7
