@@ -98,7 +98,7 @@ instr master
   aR butterhp aR, 26
   ibar = gimetre * 60 / gibpm
   afade linseg 0, ibar, 1, p3 - ibar - 9, 1, 9, 0
-  afade pow afade, .6
+  afade = sqrt(afade)
   outs aL * afade, aR * afade
   clear gaL, gaR, gaDrumL, gaDrumR
   gkpump = 1

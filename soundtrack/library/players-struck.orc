@@ -62,7 +62,9 @@ instr kalimba                   ; tines on a hollow box
   aL, aR sampled p4, p5, 108, .006, .6, 3000
   aL2, aR2 glow p4, .014 * p5, .006, 1.4
   aknock knock .012 * p5, 164, .06, 1200
-  send (aL + aL2 + aknock) * 2.75, (aR + aR2 + aknock) * 2.75, p6, p7
+  aL = tanh((aL + aL2 + aknock) * 14) / 4.6
+  aR = tanh((aR + aR2 + aknock) * 14) / 4.6
+  send aL, aR, p6, p7
 endin
 
 instr harp                      ; fingertips, and the sound board after them
