@@ -24,20 +24,20 @@ instr mono                      ; filtered saw over a sine
 endin
 
 instr upright                   ; gut under the fingertip, the body under the gut
-  aL, aR sampled p4, p5, 32, .005, .22, 1500, wobble(2, .7)
+  aL, aR sampled p4, p5, 32, .005, .22, 1500, wobble(2, .7), 2.4
   aL2, aR2 glow p4, .045 * p5, .02, 1.4
   aknock knock .02 * p5, 86, .05, 900
-  send (aL + aL2 + aknock) * 2.3, (aR + aR2 + aknock) * 2.3, p6, p7
+  send (aL + aL2 + aknock) * 2.53, (aR + aR2 + aknock) * 2.53, p6, p7
 endin
 
 instr fretless                  ; the tone opens after the finger, then sings a little
   kbend linseg -10, .07, 0, 1, 0
-  aL, aR sampled p4, p5, 35, .01, .22, 1600, kbend + vibrato(5, 4.4, .5)
+  aL, aR sampled p4, p5, 35, .01, .22, 1600, kbend + vibrato(5, 4.4, .5), 5
   kmwah linseg 350, .12, 500 + 900 * p5, 1.2, 420
   aL zdf_2pole aL, kmwah, .6
   aR zdf_2pole aR, kmwah, .6
   aL2, aR2 glow p4, .05 * p5, .03, 2
-  send (aL + aL2) * 1.3, (aR + aR2) * 1.3, p6, p7
+  send (aL + aL2) * 1.73, (aR + aR2) * 1.73, p6, p7
 endin
 
 instr warm                      ; two oscillators that never agree, one ladder, no hurry

@@ -35,6 +35,7 @@ instr rhodes                    ; two operators and a tine, tremolo across the r
 endin
 
 instr bell                      ; soft struck metal
+  p3 = min(p3, 5.4)
   icps = mtof:i(p4) * cent(random:i(-2, 2))
   a1 foscili 1, icps, 1, 3.5, expseg(.8 * p5 * random:i(.85, 1.15), 1.2, .02, 6, .01), gisine
   a2 poscil .5, icps * cent(2.5), gisine
@@ -45,21 +46,21 @@ instr bell                      ; soft struck metal
 endin
 
 instr vibes                     ; the motor on its slowest belt
-  aL, aR sampled p4, p5, 11, .002, .9, 2800
+  aL, aR sampled p4, p5, 11, .002, .9, 2800, 0, 7
   aL2, aR2 glow p4, .035 * p5, .01, 5
   amotor poscil .16, 2.9 * random:i(.99, 1.01), gisine, random:i(0, 1)
-  send (aL + aL2) * (1 + amotor) * 0.48, (aR + aR2) * (1 - amotor) * 0.48, p6, p7
+  send (aL + aL2) * (1 + amotor) * .98, (aR + aR2) * (1 - amotor) * .98, p6, p7
 endin
 
 instr marimba                   ; with the tubes under it
-  aL, aR sampled p4, p5, 12, .003, .5, 2800
+  aL, aR sampled p4, p5, 12, .003, .5, 2800, 0, 1.4
   aL2, aR2 glow p4, .07 * p5, .008, 1.1
   aknock knock .025 * p5, 178, .03, 900
-  send (aL + aL2 + aknock) * .957, (aR + aR2 + aknock) * .957, p6, p7
+  send (aL + aL2 + aknock) * 1.23, (aR + aR2 + aknock) * 1.23, p6, p7
 endin
 
 instr kalimba                   ; tines on a hollow box
-  aL, aR sampled p4, p5, 108, .006, .6, 3000
+  aL, aR sampled p4, p5, 108, .006, .6, 3000, 0, 3
   aL2, aR2 glow p4, .014 * p5, .006, 1.4
   aknock knock .012 * p5, 164, .06, 1200
   aL = tanh((aL + aL2 + aknock) * 14) / 4.6
@@ -68,59 +69,60 @@ instr kalimba                   ; tines on a hollow box
 endin
 
 instr harp                      ; fingertips, and the sound board after them
-  aL, aR sampled p4, p5, 46, .003, .9, 3600
+  aL, aR sampled p4, p5, 46, .003, .9, 3600, 0, 4.5
   aL2, aR2 glow p4, .06 * p5, .03, 2.4
   aknock knock .015 * p5, 122, .07, 1400
-  ieven = ampdb((p4 - 62) * .12) * .72
+  ieven = ampdb((p4 - 62) * .12) * 1.04
   send (aL + aL2 + aknock) * ieven, (aR + aR2 + aknock) * ieven, p6, p7
 endin
 
 instr nylon                     ; close to the sound hole
-  aL, aR sampled p4, p5, 24, .004, .4, 2800, wobble(1.5, .6)
+  aL, aR sampled p4, p5, 24, .004, .4, 2800, wobble(1.5, .6), 4
   aL2, aR2 glow p4, .025 * p5, .02, 2.2
   aknock knock .02 * p5, 104, .09, 1500
-  ieven = ampdb((p4 - 58) * .04) * 1.8
+  ieven = ampdb((p4 - 58) * .04) * 2.1
   send (aL + aL2 + aknock) * ieven, (aR + aR2 + aknock) * ieven, p6, p7
 endin
 
 instr muted                     ; guitar strings under the palm
-  aL, aR sampled p4, p5, 28, .005, .2, 2200
+  aL, aR sampled p4, p5, 28, .005, .2, 2200, 0, 1
   aL2, aR2 glow p4, .02 * p5, .006, .35
   aknock knock .015 * p5, 118, .05, 900
-  ieven = ampdb((p4 - 62) * .15) * 2.4
+  ieven = ampdb((p4 - 62) * .15) * 2.66
   send (aL + aL2 + aknock) * ieven, (aR + aR2 + aknock) * ieven, p6, p7
 endin
 
 instr jazz                      ; flat strings, the tone knob closed
-  aL, aR sampled p4, p5, 26, .004, .4, 2100, wobble(1.5, .6)
+  aL, aR sampled p4, p5, 26, .004, .4, 2100, wobble(1.5, .6), 5
   aL2, aR2 glow p4, .05 * p5, .015, 2
   aknock knock .02 * p5, 132, .04, 1100
-  ieven = ampdb((62 - p4) * .12) * .8
+  ieven = ampdb((62 - p4) * .12) * 1.01
   send (aL + aL2 + aknock) * ieven, (aR + aR2 + aknock) * ieven, p6, p7
 endin
 
 instr celesta                   ; felt hammers on small plates
-  aL, aR sampled p4, p5, 8, .003, .8, 3000
+  aL, aR sampled p4, p5, 8, .003, .8, 3000, 0, 3.5
   aL2, aR2 glow p4, .05 * p5, .01, 2.2
   aknock knock .008 * p5, 210, .03, 900
-  send (aL + aL2 + aknock) * .7, (aR + aR2 + aknock) * .7, p6, p7
+  send (aL + aL2 + aknock) * 1.18, (aR + aR2 + aknock) * 1.18, p6, p7
 endin
 
 instr musicbox                  ; in a wooden case, the spring a little tired
-  aL, aR sampled p4, p5, 10, .002, .9, 2900, wobble(3, 1.4)
+  aL, aR sampled p4, p5, 10, .002, .9, 2900, wobble(3, 1.4), 4
   aL2, aR2 glow p4, .02 * p5, .006, 1.8
   aknock knock .008 * p5, 240, .03, 1600
-  send (aL + aL2 + aknock) * 1.7, (aR + aR2 + aknock) * 1.7, p6, p7
+  send (aL + aL2 + aknock) * 2.24, (aR + aR2 + aknock) * 2.24, p6, p7
 endin
 
 instr dulcimer                  ; felt on the hammers, two strings to a note
-  aL, aR sampled p4, p5, 15, .006, .7, 2900
+  aL, aR sampled p4, p5, 15, .006, .7, 2900, 0, 4
   aL2, aR2 glow p4, .03 * p5, .02, 1.8
   aknock knock .012 * p5, 148, .06, 1300
-  send (aL + aL2 + aknock) * 1.3, (aR + aR2 + aknock) * 1.3, p6, p7
+  send (aL + aL2 + aknock) * 1.38, (aR + aR2 + aknock) * 1.38, p6, p7
 endin
 
 instr pluck                     ; two soft oscillators and a quick filter
+  p3 = min(p3, 2.4)
   icps = mtof:i(p4) * cent(random:i(-2, 2))
   aenv expsegr .001, .004, 1, .35, .06, 2, .001, .2, .001
   kcut expseg (600 + 2800 * p5) * random:i(.85, 1.15), .12, 460, 3, 280
@@ -134,6 +136,7 @@ instr pluck                     ; two soft oscillators and a quick filter
 endin
 
 instr wire                      ; short square tone for sequences
+  p3 = min(p3, 1.2)
   icps mtof p4
   aenv expsegr .001, .003, 1, .16, .2, .7, .001, .09, .001
   kcut expseg (450 + 2300 * p5 * p5) * random:i(.8, 1.2), .09, 360 + 380 * p5, 2, 250
@@ -154,6 +157,7 @@ instr chord                     ; house stab: one detuned saw on each side
 endin
 
 instr hang                      ; a handpan: octave and twelfth above the note, the shell below it
+  p3 = min(p3, 4.6)
   icps = mtof:i(p4) * cent(random:i(-1.5, 1.5))
   ibright = (.25 + .9 * p5) * limit(1.6 - p4 / 110, .4, 1.2) * random:i(.85, 1.15)
   a1 expsegr .001, .004, 1, 2.2, .03, 2, .001, .5, .001
@@ -168,6 +172,7 @@ instr hang                      ; a handpan: octave and twelfth above the note, 
 endin
 
 instr spiccato                  ; short soft bows, off the string before they have begun
+  p3 = min(p3, 1.5)
   iatt = .022 * random:i(.8, 1.3)
   aL, aR sampled p4, p5, 45, .004, .2, 2200
   aL2, aR2 weave p4, p5, gibowed, giwarm, iatt, .25, .2
@@ -191,6 +196,7 @@ instr dub                       ; a chord in the fog: struck once, and a long wa
 endin
 
 instr pulse                     ; a soft sequenced tone; the filter travels over two bars
+  p3 = min(p3, 1.2)
   icps mtof p4
   iphase = (times:i() * gibpm / 60 / gimetre / 2) % 1
   iopen = .5 - .5 * cos(6.2832 * iphase)

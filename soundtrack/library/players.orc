@@ -125,11 +125,17 @@ opcode vibrato, k, iii          ; cents, Hz, seconds before it begins to grow
   xout kout
 endop
 
-opcode sampled, aa, iiiiiiO     ; note, velocity, program, attack, release, brightness in Hz, cents of bend
-  inote, ivel, iprogram, iattack, irelease, ibright, kbend xin
+opcode sampled, aa, iiiiiiOo    ; note, velocity, program, attack, release, brightness in Hz, cents of bend, and for
+  inote, ivel, iprogram, iattack, irelease, ibright, kbend, idies xin   ; what is struck: seconds to -60 dB at middle C
   icents random -2, 2
   aL, aR sfplay3 25 + ivel * 85, inote, (.1 + ivel * ivel) / 26000, cent(icents + kbend), iprogram
   aenv linsegr 0, iattack * random:i(.85, 1.2), 1, 1, 1, irelease, 0
+  if idies > 0 then             ; the loop of a sample would sound for ever; high notes die sooner
+    idies *= 2 ^ ((60 - inote) / 30)
+    p3 = min(p3, idies)
+    afall expon 1, idies, .001
+    aenv *= afall
+  endif
   kopen expseg 1.6, .5, 1, 6, .75
   kcut = limit(ibright * random:i(.88, 1.1) * (.35 + .8 * ivel) * kopen * (.6 + inote / 130), 150, 15000)
   aL butterlp aL * aenv, kcut
