@@ -29,8 +29,10 @@ opcode send, 0, aaii            ; a player to the desk
   endif
   gaRoomL += aL * gisend[ilane]
   gaRoomR += aR * gisend[ilane]
-  gaEchoL += aL * giecho[ilane]
-  gaEchoR += aR * giecho[ilane]
+  if giecho[ilane] > 0 then
+    gaEchoL += aL * giecho[ilane]
+    gaEchoR += aR * giecho[ilane]
+  endif
 endop
 
 giwarm, gidark, giglass, gibowed, gihollow, gireed, gihaze, giverre, gisteam init 0, 1, 2, 3, 4, 5, 6, 7, 8
@@ -181,8 +183,9 @@ opcode weave, aa, iiiiiii       ; note, velocity, two timbres, attack, release, 
   k2 rspline 1 - iwander, 1, .06, .2
   kside rspline .14, .42, .05, .16
   iside = random:i(0, 1) < .5 ? -1 : 1
-  a1 poscil aenv * interp(k1) * ivel * .29, icps / if1 * sr / ftlen(it1) * cent(random:i(-3, 3)), it1, random:i(0, 1)
-  a2 poscil aenv * interp(k2) * ivel * .29, icps / if2 * sr / ftlen(it2) * cent(random:i(-3, 3)), it2, random:i(0, 1)
-  aside interp kside * iside
-  xout a1 * (.6 + aside) + a2 * (.6 - aside), a1 * (.6 - aside) + a2 * (.6 + aside)
+  a1 poscil aenv * interp(k1 * ivel * .29), icps / if1 * sr / ftlen(it1) * cent(random:i(-3, 3)), it1, random:i(0, 1)
+  a2 poscil aenv * interp(k2 * ivel * .29), icps / if2 * sr / ftlen(it2) * cent(random:i(-3, 3)), it2, random:i(0, 1)
+  knear = .6 + kside * iside
+  kfar = .6 - kside * iside
+  xout a1 * knear + a2 * kfar, a1 * kfar + a2 * knear
 endop
