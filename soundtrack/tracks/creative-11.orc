@@ -8,12 +8,12 @@ chords  "Z", "Dmaj9 Em9"
 form    "AABACBAZ", 2
 space   "chamber", .7, 7800
 repeats .75, .35
-tape    .15, .15
+tape    .15, .6
 stray   .15
 ;       player            pattern                                        A A B A C B A Z
 veil    "room",                                                         "3 3 3 3 3 3 3 3", -10
-wash    "organ",    62,                                                 ". 2 3 2 4 4 2 3", -3
-wash    "hollow",   57,                                                 "2 . . 3 . 5 3 3", -3
+wash    "organ",    62,                                                 "3 3 3 3 4 4 3 3", -2
+wash    "hollow",   57,                                                 "3 2 3 3 . 5 3 3", -2
 bass    "upright",  40,  "1..1..5...|1.....7.5.|1..1..5...|8.....5.3.", ". 4 4 5 . 6 5 .", -4.5
 bass    "rubber",   40,  "1-----....|1--5--....",                       ". . . . 5 . . 4", -2
 keys    "marimba",  64,  "0..2..1.3.|0..1..2...|0..2..3.1.|....2.1...", "4 5 . 5 . . 5 4", -3, -.2, .25, .1

@@ -9,7 +9,7 @@ chords  "Z", "Dbmaj9:2 Eb6:2"
 form    "AABACBDAZ", 2
 space   "chamber", .85, 4800
 repeats .75, .3
-tape    .35, .25
+tape    .35, .5
 ;       player            pattern                                A A B A C B D A Z
 veil    "fire",                                                 "3 2 2 2 3 2 3 3 4", -6
 wash    "pad",       58,                                        "2 2 3 3 4 4 3 3 3", -4
