@@ -12,9 +12,9 @@ repeats .75, .4
 tape    .2, .1
 ;       player           pattern                                A B A C C D Z
 veil    "air",                                                 "3 3 3 3 3 3 3", -3
-wash    "glass",    66,                                        "2 3 3 4 5 4 4", -2
+wash    "glass",    66,                                        "4 4 4 4 5 4 4", -1
 wash    "tapestrings", 60,                                     ". 2 3 4 . 4 2", -1
-wash    "strings",  57,                                        ". . . 3 6 . .", 0
+wash    "strings",  57,                                        ". . . 3 5 . .", -1
 wash    "choir",    61,                                        ". . . . 4 3 3", -3
 bass    "sub",      37,  "1-------|----5---|1-------|------..", ". . 4 4 5 4 3", -4
 bass    "cello",    40,  "1-------|8---5---|1---5---|8---7---", ". 3 . 4 6 . .", -2, -.15

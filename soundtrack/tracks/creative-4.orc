@@ -7,15 +7,15 @@ chords  "C", "Dm9:2 Bbmaj9:2 Fadd9/A:2 C6:2"
 chords  "D", "Bbmaj9:2 Fadd9/A:2 Gm9:2 C9sus:2"
 chords  "Z", "Bbmaj9:2 Fadd9:2"
 form    "ABACCDZ", 3
-space   "hall", .95, 4800
+space   "hall", .95, 8200
 repeats 1, .35
 tape    .25, .15
 ;       player          pattern                                A B A C C D Z
-veil    "leaves",                                             "3 3 3 2 2 3 4", -9
+veil    "leaves",                                             "3 3 3 2 2 3 4", -4
 wash    "drift",   58,                                        "3 3 3 4 5 4 3", -1
-wash    "strings", 54,                                        ". . 3 4 7 4 3", 0
-wash    "cello",   50,                                        ". 2 . 3 4 . .", -1
-wash    "choir",   59,                                        ". . . 3 5 3 .", -3
+wash    "strings", 58,                                        ". . 3 4 7 4 3", 0
+wash    "cello",   50,                                        ". 2 . 3 4 . .", -4
+wash    "choir",   59,                                        ". . . 3 5 3 .", -1
 bass    "sub",     36,  "1-------|------..|1-------|----5---", ". . 4 4 . 4 3", -8
 bass    "upright", 36,  "1-----5-|....8...|1-----..|....5---", ". 3 . 4 . 4 .", -4
 bass    "cello",   41,  "1-------|5-------|1-------|--5-7---", ". . . . 6 . .", -1, -.2

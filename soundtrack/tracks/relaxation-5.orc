@@ -11,7 +11,7 @@ space   "chamber", .88, 4600
 repeats 1.5, .35
 tape    .5, .15
 ;       player           pattern                                                                      I A B A C Z
-veil    "brown",                                                                                    "6 5 5 5 4 6", 1
+veil    "brown",                                                                                    "6 5 5 5 4 6", -1
 veil    "fire",                                                                                     "4 3 4 3 4 4", 2
 wash    "tapeorgan", 57,                                                                            "3 3 . 4 5 3", -2
 wash    "drift",     57,                                                                            ". 2 4 3 4 3", -3
