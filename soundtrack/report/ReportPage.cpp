@@ -27,8 +27,8 @@ a:hover { text-decoration: underline; }
 .faint { color: var(--faint); }
 .bad { color: var(--bad); background: var(--bad-ground); font-weight: bold; }
 .wide { overflow-x: auto; }
-table { border-collapse: collapse; font-size: 12px; }
-th, td { padding: 2px 6px; border-bottom: 1px solid var(--rule); text-align: right; white-space: nowrap; }
+table { border-collapse: collapse; font-size: 11px; }
+th, td { padding: 2px 5px; border-bottom: 1px solid var(--rule); text-align: right; white-space: nowrap; }
 thead th { vertical-align: bottom; white-space: normal; font-weight: normal; color: var(--faint); }
 th:first-child, td:first-child, .text { text-align: left; }
 tbody th { font-weight: bold; padding-top: 1em; }
