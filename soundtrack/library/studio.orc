@@ -1,5 +1,4 @@
-; studio.orc - the whole library. A track starts with #include "studio.orc"; rain-veil in the catalogue
-; (relaxation-1.orc) shows every kind of line once.
+; studio.orc - the whole library. A track starts with #include "studio.orc"; README.md teaches the notation.
 
 sr = 44100
 ksmps = 64
