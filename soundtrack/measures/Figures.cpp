@@ -35,7 +35,7 @@ Range pulseOf(Mood mood) {
 
 }  // namespace
 
-std::string Range::text() const {
+std::string Range::text(std::string_view between) const {
   std::ostringstream text;
   if (least == most) {
     text << least;
@@ -46,7 +46,7 @@ std::string Range::text() const {
   } else if (std::isinf(most)) {
     text << "at least " << least;
   } else {
-    text << least << ".." << most;
+    text << least << between << most;
   }
   return text.str();
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace mireval::soundtrack {
@@ -18,7 +19,7 @@ struct Range {
   bool contains(double value) const { return value >= least && value <= most; }
 
   /// For example "3..7", "at least 0.4" or "anything".
-  std::string text() const;
+  std::string text(std::string_view between = "..") const;
 };
 
 /// One number that a piece is judged by.

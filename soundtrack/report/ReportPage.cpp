@@ -84,17 +84,10 @@ QString length(double seconds) {
 
 /// Nothing when everything is allowed.
 QString limits(const Range& range) {
-  const auto end = [](double value) { return QString::number(value, 'g', 6); };
-  if (range.least == range.most) {
-    return end(range.least);
+  if (std::isinf(range.least) && std::isinf(range.most)) {
+    return {};
   }
-  if (std::isfinite(range.least) && std::isfinite(range.most)) {
-    return end(range.least) + QStringLiteral(" to ") + end(range.most);
-  }
-  if (std::isfinite(range.least)) {
-    return QStringLiteral("at least ") + end(range.least);
-  }
-  return std::isfinite(range.most) ? QStringLiteral("at most ") + end(range.most) : QString();
+  return QString::fromStdString(range.text(" to "));
 }
 
 QString badClass(bool bad) {
