@@ -27,6 +27,8 @@ struct Recording {
 
   /// The same, scaled to a mean power of 1; silence stays silence.
   std::vector<float> normalisedMono() const;
+
+  bool operator==(const Recording&) const = default;
 };
 
 /// A recording, or, when there is none, why.

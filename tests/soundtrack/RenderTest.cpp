@@ -1,12 +1,11 @@
 #include "ChildProcess.h"
 
-#include "platform/linux/audio/AudioDecoder.h"
+#include "measures/Recording.h"
 
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 
-#include <array>
 #include <cstddef>
 #include <cstdlib>
 #include <filesystem>
@@ -15,7 +14,6 @@
 #include <map>
 #include <ostream>
 #include <regex>
-#include <span>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -137,18 +135,10 @@ class RenderTest : public testing::Test {
   std::filesystem::path m_program = soundtrackFolder() / "render";
 };
 
-std::vector<float> decoded(const std::filesystem::path& file) {
-  std::vector<float> samples;
-  const auto opened = AudioDecoder::open(file);
-  EXPECT_TRUE(opened.decoder) << opened.error.toStdString();
-  if (opened.decoder) {
-    std::array<float, 16384> block{};
-    while (const std::size_t frames = opened.decoder->read(block)) {
-      const auto read = std::span(block).first(frames * AudioDecoder::channelCount);
-      samples.insert(samples.end(), read.begin(), read.end());
-    }
-  }
-  return samples;
+Recording decoded(const std::filesystem::path& file) {
+  const RecordingResult loaded = Recording::load(file);
+  EXPECT_TRUE(loaded.recording) << loaded.error;
+  return loaded.recording.value_or(Recording());
 }
 
 /// The names of the instruments in a file of the library, which lists them in strings.
@@ -182,7 +172,7 @@ TEST_F(RenderTest, PlaysATrackAsLongAsItIsWritten) {
   EXPECT_EQ(result.message, "");
   // Four bars of two seconds and a second of ring, in whole frames of the encoder.
   constexpr std::size_t atLeast = 9UL * 44100;
-  const std::size_t frames = decoded(outFile()).size() / AudioDecoder::channelCount;
+  const std::size_t frames = decoded(outFile()).left.size();
   EXPECT_GE(frames, atLeast);
   EXPECT_LT(frames, atLeast + 1024);
   EXPECT_TRUE(std::filesystem::is_empty(path("tmp")));
@@ -210,10 +200,10 @@ TEST_F(RenderTest, MakesTheSameOfTheSameSources) {
     const RenderResult first = render();
     ASSERT_EQ(first.status, 0) << first.message;
     const std::string firstBytes = contents(outFile());
-    const std::vector<float> firstSamples = decoded(outFile());
+    const Recording firstSamples = decoded(outFile());
     const RenderResult second = render();
     ASSERT_EQ(second.status, 0) << second.message;
-    EXPECT_FALSE(firstSamples.empty());
+    EXPECT_FALSE(firstSamples.left.empty());
     EXPECT_TRUE(decoded(outFile()) == firstSamples);
     EXPECT_TRUE(contents(outFile()) == firstBytes);
   }
@@ -223,7 +213,7 @@ TEST_F(RenderTest, MakesTheSameOfTheSameSources) {
 TEST_F(RenderTest, MakesSomethingElseOfAnotherTitle) {
   write(shortPiece());
   ASSERT_EQ(render().status, 0);
-  const std::vector<float> samples = decoded(outFile());
+  const Recording samples = decoded(outFile());
   Lines lines = shortPiece();
   lines[2] = R"(piece  "Short Peace", 120, "C minor")";
   write(lines);
