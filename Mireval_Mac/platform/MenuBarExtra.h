@@ -1,26 +1,36 @@
 #pragma once
 
-#include <QPoint>
+#include <QRect>
+#include <QString>
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 
 namespace mireval {
 
-/// The application's icon in the desktop's menu bar or tray. Used on the UI thread, which also makes both
+/// The application's icon in the desktop's menu bar or tray. Used on the UI thread, which also makes all
 /// calls to the handlers.
 class MenuBarExtra {
  public:
-  /// Told about a click: where it was, in device-independent pixels of the desktop.
-  using ActivationHandler = std::function<void(QPoint where)>;
-  using MissingHandler = std::function<void()>;
+  struct Handlers {
+    /// The user wants the panel. `place` is where the icon is, in the window system's own pixels, as far as
+    /// the desktop tells: the icon's rectangle or the one pixel that was clicked, or nothing. Called for each
+    /// click, also while the panel is open.
+    std::function<void(std::optional<QRect> place)> activated;
+
+    /// Called once, a short while after the start, if the desktop has no place for the icon. Should it get
+    /// one later, the icon appears.
+    std::function<void()> missing;
+  };
 
   virtual ~MenuBarExtra() = default;
 
-  /// Shows the image file as the icon, in its own colours. `missing` is called once, a short while later, if
-  /// the desktop has no place for the icon; should it get one after that, the icon may still appear.
-  virtual void show(const std::filesystem::path& image, ActivationHandler activated,
-                    MissingHandler missing) = 0;
+  /// Shows the image file as the icon, in its own colours. Called once.
+  virtual void show(const std::filesystem::path& image, Handlers handlers) = 0;
+
+  /// The text beside the application's name when the pointer rests on the icon: what plays. Empty for none.
+  virtual void setToolTip(const QString& text) = 0;
 
   /// True while the icon has a place on the desktop.
   virtual bool isPlaced() const = 0;

@@ -1,10 +1,9 @@
 #include "ui/MenuBarScene.h"
 
-#include "platform/Compositor.h"
 #include "platform/MenuBarExtra.h"
+#include "playback/AudioPlayerController.h"
 
-#include <QCoreApplication>
-
+#include <chrono>
 #include <cstdio>
 #include <utility>
 
@@ -13,55 +12,98 @@ namespace {
 
 // A click on the icon may first take the focus away and so dismiss the panel that it is meant to close.
 constexpr qint64 reopeningGuardMs = 300;
+// The pointer is told when the button is released. Who holds it for longer waits for nothing yet.
+constexpr auto finderPatience = std::chrono::seconds(2);
 
 }  // namespace
 
 MenuBarScene::MenuBarScene(Surroundings surroundings) : m_surroundings(surroundings) {
   connect(&m_closedPanels, &ClosedWindows::deleted, this, &MenuBarScene::panelDidClose);
+  m_finderPatience.setSingleShot(true);
+  m_finderPatience.setInterval(finderPatience);
+  connect(&m_finderPatience, &QTimer::timeout, this, &MenuBarScene::openDropDown);
+  const AudioPlayerController* const player = &m_surroundings.audioPlayer;
+  connect(player, &AudioPlayerController::currentTrackChanged, this, &MenuBarScene::updateToolTip);
+  connect(player, &AudioPlayerController::isPlayingChanged, this, &MenuBarScene::updateToolTip);
 }
 
 MenuBarScene::~MenuBarScene() = default;
 
 void MenuBarScene::show(const std::filesystem::path& icon) {
-  m_surroundings.menuBarExtra.show(
-      icon, [this](QPoint where) { toggle(where); }, [this] { handleMissingMenuBar(); });
+  m_surroundings.menuBarExtra.show(icon,
+                                   {.activated = [this](const std::optional<QRect>& place) { toggle(place); },
+                                    .missing = [this] { handleMissingMenuBar(); }});
 }
 
-void MenuBarScene::toggle(QPoint where) {
-  if (m_panel) {
+void MenuBarScene::toggle(const std::optional<QRect>& place) {
+  if (m_panel || m_finder) {
     close();
-  } else if (!m_sinceTurningAway.isValid() || m_sinceTurningAway.hasExpired(reopeningGuardMs)) {
-    m_lastPlace = where;
-    open(PanelWindow::Style::dropDown, where);
+    return;
   }
+  if (m_sinceTurningAway.isValid() && !m_sinceTurningAway.hasExpired(reopeningGuardMs)) {
+    return;
+  }
+  if (!place && PanelWindow::needsCatcher(m_surroundings.windowSystem.dropDown())) {
+    findIcon();
+    return;
+  }
+  if (place) {
+    m_place = place;
+  }
+  openDropDown();
+}
+
+void MenuBarScene::findIcon() {
+  m_finder = std::make_unique<ClickCatcher>();
+  connect(
+      m_finder.get(), &ClickCatcher::pointerSeen, this,
+      [this](QPoint pointer) {
+        m_place = QRect(pointer, QSize(1, 1));
+        openDropDown();
+      },
+      Qt::SingleShotConnection);
+  m_finder->show();
+  m_finderPatience.start();
 }
 
 void MenuBarScene::showPanel() {
   if (m_panel) {
     m_panel->bringToFront();
-  } else if (m_lastPlace && m_surroundings.menuBarExtra.isPlaced()) {
-    open(PanelWindow::Style::dropDown, *m_lastPlace);
+  } else if (m_surroundings.menuBarExtra.isPlaced()) {
+    openDropDown();
   } else {
-    open(PanelWindow::Style::framed, {});
+    openFramed();
   }
 }
 
-void MenuBarScene::open(PanelWindow::Style style, QPoint where) {
+void MenuBarScene::openDropDown() {
+  m_finderPatience.stop();
+  makePanel(PanelWindow::Style::dropDown).open(m_place, std::move(m_finder));
+}
+
+void MenuBarScene::openFramed() {
+  makePanel(PanelWindow::Style::framed).open();
+}
+
+PanelWindow& MenuBarScene::makePanel(PanelWindow::Style style) {
   Q_EMIT panelWillOpen();
-  m_panel = std::make_unique<PanelWindow>(style, m_surroundings.compositor.blendsWindows(),
-                                          m_surroundings.audioPlayer, m_surroundings.localization,
-                                          m_surroundings.colorScheme);
+  m_panel = std::make_unique<PanelWindow>(style, m_surroundings.windowSystem, m_surroundings.audioPlayer,
+                                          m_surroundings.localization, m_surroundings.colorScheme);
   connect(m_panel.get(), &PanelWindow::dismissed, this, &MenuBarScene::handleDismissal);
   connect(m_panel.get(), &PanelWindow::settingsRequested, this, &MenuBarScene::settingsRequested);
   connect(m_panel.get(), &PanelWindow::quitRequested, this, &MenuBarScene::quitRequested);
-  m_panel->open(where);
+  return *m_panel;
 }
 
 void MenuBarScene::close() {
-  // Its hiding must not count as the user's doing.
-  m_panel->disconnect(this);
-  m_panel->hide();
-  m_closedPanels.add(std::move(m_panel));
+  m_finderPatience.stop();
+  m_finder.reset();
+  if (m_panel) {
+    // Its hiding must not count as the user's doing.
+    m_panel->disconnect(this);
+    m_panel->hide();
+    m_closedPanels.add(std::move(m_panel));
+  }
 }
 
 void MenuBarScene::handleDismissal(PanelWindow::Dismissal how) {
@@ -77,8 +119,14 @@ void MenuBarScene::handleDismissal(PanelWindow::Dismissal how) {
 void MenuBarScene::handleMissingMenuBar() {
   std::fputs("mireval: the desktop has no tray for the icon; the panel opens as a window\n", stderr);
   if (!m_panel) {
-    open(PanelWindow::Style::framed, {});
+    openFramed();
   }
+}
+
+void MenuBarScene::updateToolTip() {
+  const AudioPlayerController& player = m_surroundings.audioPlayer;
+  const bool plays = player.isPlaying() && player.currentTrack();
+  m_surroundings.menuBarExtra.setToolTip(plays ? player.currentTrack()->title : QString());
 }
 
 }  // namespace mireval

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "ui/ClickCatcher.h"
 #include "ui/ClosedWindows.h"
 #include "ui/PanelWindow.h"
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QPoint>
+#include <QRect>
+#include <QTimer>
 
 #include <filesystem>
 #include <memory>
@@ -16,8 +18,8 @@ namespace mireval {
 class AppLocalization;
 class AudioPlayerController;
 class ColorScheme;
-class Compositor;
 class MenuBarExtra;
+class WindowSystem;
 
 /// The icon and the panel that it opens. The panel exists only while it is open. Where the desktop has no
 /// place for the icon, the panel is shown as a framed window instead, and closing that ends the application.
@@ -29,7 +31,7 @@ class MenuBarScene final : public QObject {
   struct Surroundings {
     MenuBarExtra& menuBarExtra;
     ColorScheme& colorScheme;
-    Compositor& compositor;
+    const WindowSystem& windowSystem;
     AudioPlayerController& audioPlayer;
     AppLocalization& localization;
   };
@@ -40,8 +42,8 @@ class MenuBarScene final : public QObject {
   /// Shows the image file as the icon.
   void show(const std::filesystem::path& icon);
 
-  /// Opens the panel where it was opened last, or as a framed window where there is no such place. An open
-  /// panel comes to the front.
+  /// Opens the panel where it was opened last or, without an icon, as a framed window. An open panel comes to
+  /// the front.
   void showPanel();
 
   /// The open panel, or nullptr.
@@ -60,15 +62,23 @@ class MenuBarScene final : public QObject {
   void quitRequested();
 
  private:
-  void toggle(QPoint where);
-  void open(PanelWindow::Style style, QPoint where);
+  void toggle(const std::optional<QRect>& place);
+  void findIcon();
+  void openDropDown();
+  void openFramed();
+  PanelWindow& makePanel(PanelWindow::Style style);
   void close();
   void handleDismissal(PanelWindow::Dismissal how);
   void handleMissingMenuBar();
+  void updateToolTip();
 
   const Surroundings m_surroundings;
   std::unique_ptr<PanelWindow> m_panel;
-  std::optional<QPoint> m_lastPlace;
+  /// The icon's last known place, as for `placePanel`.
+  std::optional<QRect> m_place;
+  /// While the icon's place is found out.
+  std::unique_ptr<ClickCatcher> m_finder;
+  QTimer m_finderPatience;
   ClosedWindows m_closedPanels;
   QElapsedTimer m_sinceTurningAway;
 };

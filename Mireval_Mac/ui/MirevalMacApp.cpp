@@ -7,6 +7,7 @@
 #include "platform/linux/IniUserDefaults.h"
 #include "platform/linux/KernelMemoryPressure.h"
 #include "platform/linux/LazyAudioPlayerFactory.h"
+#include "platform/linux/LinuxWindowSystem.h"
 #include "platform/linux/MprisMediaControls.h"
 #include "platform/linux/PortalColorScheme.h"
 #include "platform/linux/QtImageDecoder.h"
@@ -18,7 +19,6 @@
 #include "platform/linux/SystemLocale.h"
 #include "platform/linux/SystemTrayMenuBarExtra.h"
 #include "platform/linux/UnusedMemory.h"
-#include "platform/linux/X11Compositor.h"
 #include "playback/AudioPlayerController.h"
 #include "ui/CommandLine.h"
 #include "ui/MenuBarScene.h"
@@ -97,7 +97,7 @@ int runScenes(const SingleInstance& instance, bool withSettings) {
   IniUserDefaults userDefaults = IniUserDefaults::ofUser();
   SystemLocale systemLocale;
   PortalColorScheme colorScheme;
-  X11Compositor compositor;
+  const LinuxWindowSystem windowSystem;
   SystemTrayMenuBarExtra menuBarExtra;
   const KernelMemoryPressure memoryPressure;
 
@@ -119,7 +119,7 @@ int runScenes(const SingleInstance& instance, bool withSettings) {
       audioPlayer.get(), &AudioPlayerController::volumeChanged, &mediaControls,
       [&mediaControls, player = audioPlayer.get()] { mediaControls.setVolume(player->volume()); });
 
-  MenuBarScene scene({menuBarExtra, colorScheme, compositor, *audioPlayer, localization});
+  MenuBarScene scene({menuBarExtra, colorScheme, windowSystem, *audioPlayer, localization});
   SettingsScene settings(localization, colorScheme);
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
                    [&audioPlayerFactory] { audioPlayerFactory.warmUp(); });

@@ -15,6 +15,8 @@
 #include <QTimer>
 
 #include <chrono>
+#include <utility>
+#include <vector>
 
 namespace mireval {
 namespace {
@@ -35,18 +37,19 @@ bool isSettingsCommand(const QKeyEvent& event) {
 
 }  // namespace
 
-PanelWindow::PanelWindow(Style style, bool blended, AudioPlayerController& audioPlayer,
+PanelWindow::PanelWindow(Style style, const WindowSystem& windowSystem, AudioPlayerController& audioPlayer,
                          AppLocalization& localization, ColorScheme& colorScheme)
     : ViewWindow(QStringLiteral("PanelSurface.qml"), {{QStringLiteral("audioPlayer"), &audioPlayer},
                                                       {QStringLiteral("localization"), &localization},
                                                       {QStringLiteral("colorScheme"), &colorScheme}}),
       m_style(style),
-      m_blended(blended) {
+      m_windowSystem(windowSystem),
+      m_dropDown(windowSystem.dropDown()),
+      m_blended(windowSystem.blendsWindows()) {
   if (m_style == Style::framed) {
     setFramed();
   } else {
-    // No window manager in between: it would move the window, and some give such a window no keyboard.
-    setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint);
+    setDropDown();
   }
   if (m_style == Style::framed || !m_blended) {
     setOpaque(colorScheme);
@@ -56,27 +59,65 @@ PanelWindow::PanelWindow(Style style, bool blended, AudioPlayerController& audio
   connect(engine(), &QQmlEngine::quit, this, &PanelWindow::quitRequested);
 }
 
-void PanelWindow::open(QPoint click) {
-  if (m_style == Style::framed) {
-    show();
-    return;
+PanelWindow::~PanelWindow() = default;
+
+bool PanelWindow::needsCatcher(WindowSystem::DropDown dropDown) {
+  return dropDown == WindowSystem::DropDown::managed || dropDown == WindowSystem::DropDown::unmanaged;
+}
+
+void PanelWindow::setDropDown() {
+  switch (m_dropDown) {
+    case WindowSystem::DropDown::grabbing:
+      setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint);
+      break;
+    case WindowSystem::DropDown::managed:
+      setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+      break;
+    case WindowSystem::DropDown::unmanaged:
+      setFlags(Qt::Popup | Qt::FramelessWindowHint);
+      break;
+    case WindowSystem::DropDown::placedByDesktop:
+      setFlags(Qt::Window | Qt::FramelessWindowHint);
+      // Tiling desktops let windows of one size float.
+      holdSize();
+      break;
   }
-  m_click = click;
+}
+
+void PanelWindow::open() {
+  show();
+}
+
+void PanelWindow::open(const std::optional<QRect>& icon, std::unique_ptr<ClickCatcher> catcher) {
+  m_icon = icon;
+  m_catcher = std::move(catcher);
+  if (!m_catcher && needsCatcher(m_dropDown)) {
+    m_catcher = std::make_unique<ClickCatcher>();
+  }
   place();
+  if (m_catcher) {
+    connect(m_catcher.get(), &ClickCatcher::clicked, this, [this] { dismiss(Dismissal::turnedAway); });
+    m_catcher->show();
+  }
   show();
   requestActivate();
-  // Elsewhere no pointer can be grabbed; losing the focus must do.
-  if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+  if (m_dropDown == WindowSystem::DropDown::grabbing) {
     grabPointer(grabAttempts);
   }
 }
 
 void PanelWindow::place() {
-  const QScreen* screen = QGuiApplication::screenAt(m_click);
-  if (screen == nullptr) {
-    screen = QGuiApplication::primaryScreen();
+  const std::vector<ScreenArea> screens = m_windowSystem.screens();
+  if (screens.empty()) {
+    return;
   }
-  setPosition(panelPosition(m_click, size(), screen->geometry(), screen->availableGeometry()));
+  const PanelPlacement placement = placePanel(m_icon, size(), screens);
+  // First: it tells what the position means.
+  setScreen(QGuiApplication::screens().at(static_cast<qsizetype>(placement.screen)));
+  setPosition(placement.position);
+  if (m_catcher) {
+    m_catcher->leaveOut(geometry());
+  }
   cutCornersOff();
 }
 
@@ -108,6 +149,13 @@ void PanelWindow::focusOutEvent(QFocusEvent* event) {
   if (m_style == Style::dropDown) {
     dismiss(Dismissal::turnedAway);
   }
+}
+
+void PanelWindow::hideEvent(QHideEvent* event) {
+  if (m_catcher) {
+    m_catcher->hide();
+  }
+  ViewWindow::hideEvent(event);
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {

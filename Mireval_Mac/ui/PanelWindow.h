@@ -1,8 +1,13 @@
 #pragma once
 
+#include "platform/WindowSystem.h"
+#include "ui/ClickCatcher.h"
 #include "ui/ViewWindow.h"
 
-#include <QPoint>
+#include <QRect>
+
+#include <memory>
+#include <optional>
 
 namespace mireval {
 
@@ -30,13 +35,20 @@ class PanelWindow final : public ViewWindow {
     turnedAway,
   };
 
-  /// The objects are not owned and must outlive the window. `blended` tells whether a drop-down's corners
-  /// may be transparent; otherwise they are cut off.
-  PanelWindow(Style style, bool blended, AudioPlayerController& audioPlayer, AppLocalization& localization,
-              ColorScheme& colorScheme);
+  /// The objects are not owned and must outlive the window.
+  PanelWindow(Style style, const WindowSystem& windowSystem, AudioPlayerController& audioPlayer,
+              AppLocalization& localization, ColorScheme& colorScheme);
+  ~PanelWindow() override;
 
-  /// Shows the window: a drop-down beside `click`, a framed window where the desktop puts it.
-  void open(QPoint click);
+  /// Shows a framed window, where the desktop puts it.
+  void open();
+
+  /// Shows a drop-down beside the icon's place, which is as for `placePanel`. `catcher` is one that is shown
+  /// already, or nullptr.
+  void open(const std::optional<QRect>& icon, std::unique_ptr<ClickCatcher> catcher = nullptr);
+
+  /// Whether clicks beside a drop-down of this kind take a ClickCatcher to be noticed.
+  static bool needsCatcher(WindowSystem::DropDown dropDown);
 
  Q_SIGNALS:
   /// The user is done with the window. It is hidden already and may be deleted, though not in a direct
@@ -52,6 +64,7 @@ class PanelWindow final : public ViewWindow {
  protected:
   bool event(QEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -62,10 +75,14 @@ class PanelWindow final : public ViewWindow {
   void dismiss(Dismissal how);
   void grabPointer(int attemptsLeft);
   void place();
+  void setDropDown();
 
   const Style m_style;
+  const WindowSystem& m_windowSystem;
+  const WindowSystem::DropDown m_dropDown;
   const bool m_blended;
-  QPoint m_click;
+  std::optional<QRect> m_icon;
+  std::unique_ptr<ClickCatcher> m_catcher;
   bool m_pressedOutside = false;
 };
 

@@ -38,6 +38,10 @@ void ViewWindow::bringToFront() {
 void ViewWindow::setFramed() {
   setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+  holdSize();
+}
+
+void ViewWindow::holdSize() {
   fixSize();
   // Window managers hold a window to its limits, also when the texts of another language need more room.
   connect(rootObject(), &QQuickItem::widthChanged, this, &ViewWindow::fixSize);

@@ -26,8 +26,11 @@ class ViewWindow : public QQuickView {
   /// `view` is the view's file name. The window's title is the application's name.
   ViewWindow(const QString& view, Objects objects);
 
-  /// Gives the window the desktop's frame. The user cannot change its size. To be called before it is shown.
+  /// Gives the window the desktop's frame, and holds its size. To be called before it is shown.
   void setFramed();
+
+  /// Keeps the user and the window manager from changing the size. To be called before the window is shown.
+  void holdSize();
 
   /// Puts white or black behind the view, whichever suits the scheme, now and at each change. The scheme must
   /// outlive the window.

@@ -9,30 +9,33 @@ namespace mireval {
 /// An icon that the test clicks, or that finds no place.
 class FakeMenuBarExtra final : public MenuBarExtra {
  public:
-  void show(const std::filesystem::path& image, ActivationHandler activated,
-            MissingHandler missing) override {
+  void show(const std::filesystem::path& image, Handlers handlers) override {
     m_image = image;
-    m_activated = std::move(activated);
-    m_missing = std::move(missing);
+    m_handlers = std::move(handlers);
   }
+
+  void setToolTip(const QString& text) override { m_toolTip = text; }
 
   bool isPlaced() const override { return m_placed; }
 
   const std::filesystem::path& image() const { return m_image; }
 
-  void click(QPoint where) const { m_activated(where); }
+  const QString& toolTip() const { return m_toolTip; }
+
+  void click(std::optional<QRect> place) const { m_handlers.activated(place); }
 
   void place() { m_placed = true; }
+  void removePlace() { m_placed = false; }
 
   void findNoPlace() {
-    m_placed = false;
-    m_missing();
+    removePlace();
+    m_handlers.missing();
   }
 
  private:
   std::filesystem::path m_image;
-  ActivationHandler m_activated;
-  MissingHandler m_missing;
+  Handlers m_handlers;
+  QString m_toolTip;
   bool m_placed = true;
 };
 

@@ -1,11 +1,15 @@
 #include "ui/MenuBarScene.h"
 
-#include "fakes/FakeCompositor.h"
 #include "fakes/FakeMenuBarExtra.h"
+#include "ui/ClickCatcher.h"
 #include "ui/PanelFixture.h"
 
+#include <QEnterEvent>
 #include <QFocusEvent>
+#include <QGuiApplication>
+#include <QMouseEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QtTest/QTest>
 
@@ -14,15 +18,14 @@ namespace {
 
 class MenuBarSceneTest : public PanelFixture {
  protected:
-  static constexpr QPoint iconPlace{500, 12};
+  static constexpr QRect iconPlace{500, 12, 1, 1};
 
   MenuBarSceneTest() { m_scene.show("MenuBarIcon.png"); }
 
   static void runEventLoopOnce() { QCoreApplication::processEvents(); }
 
   FakeMenuBarExtra m_menuBarExtra;
-  FakeCompositor m_compositor;
-  MenuBarScene m_scene{{m_menuBarExtra, m_colorScheme, m_compositor, *m_controller, m_localization}};
+  MenuBarScene m_scene{{m_menuBarExtra, m_colorScheme, m_windowSystem, *m_controller, m_localization}};
 };
 
 TEST_F(MenuBarSceneTest, NothingButTheIconAtFirst) {
@@ -111,10 +114,156 @@ TEST_F(MenuBarSceneTest, ShownFromElsewhereTheWindowComesBackFromBeingMinimised)
   EXPECT_FALSE(m_scene.panel()->windowStates().testFlag(Qt::WindowMinimized));
 }
 
-TEST_F(MenuBarSceneTest, WithoutAPlaceThePanelIsShownAsAWindow) {
+TEST_F(MenuBarSceneTest, ShownBeforeAnyClickThePanelIsWhereIconsUsuallyAre) {
+  m_scene.showPanel();
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_TRUE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
+  const QRect screen = m_scene.panel()->screen()->geometry();
+  EXPECT_EQ(m_scene.panel()->geometry().topRight(),
+            QPoint(screen.right() - 4, screen.top() + FakeWindowSystem::barHeight + 4));
+}
+
+TEST_F(MenuBarSceneTest, WithoutAPlaceForTheIconThePanelIsShownAsAWindow) {
+  m_menuBarExtra.removePlace();
   m_scene.showPanel();
   ASSERT_NE(m_scene.panel(), nullptr);
   EXPECT_FALSE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
+}
+
+TEST_F(MenuBarSceneTest, ClickAtAnUnknownPlaceOpensThePanelWhereItWasLast) {
+  m_menuBarExtra.click(iconPlace);
+  const QPoint place = m_scene.panel()->position();
+  m_menuBarExtra.click(iconPlace);
+  m_menuBarExtra.click(std::nullopt);
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_EQ(m_scene.panel()->position(), place);
+}
+
+TEST_F(MenuBarSceneTest, ToolTipNamesWhatPlays) {
+  EXPECT_EQ(m_menuBarExtra.toolTip(), QString());
+  m_controller->selectMood(Mood::relaxation);
+  EXPECT_EQ(m_menuBarExtra.toolTip(), m_controller->currentTrack()->title);
+  m_controller->playNextTrack();
+  EXPECT_EQ(m_menuBarExtra.toolTip(), m_controller->currentTrack()->title);
+  m_controller->togglePlayback();
+  EXPECT_EQ(m_menuBarExtra.toolTip(), QString());
+  m_controller->togglePlayback();
+  EXPECT_EQ(m_menuBarExtra.toolTip(), m_controller->currentTrack()->title);
+}
+
+/// Where clicks are told only to the window that they hit.
+class CaughtClicksTest : public MenuBarSceneTest, public testing::WithParamInterface<WindowSystem::DropDown> {
+ protected:
+  CaughtClicksTest() { m_windowSystem.setDropDown(GetParam()); }
+
+  /// The visible window that covers the screens, or nullptr.
+  static ClickCatcher* catcher() {
+    for (QWindow* const window : QGuiApplication::topLevelWindows()) {
+      if (auto* const found = qobject_cast<ClickCatcher*>(window); found != nullptr && found->isVisible()) {
+        return found;
+      }
+    }
+    return nullptr;
+  }
+
+  static void send(QEvent::Type type, QPoint place) {
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, place, place, button, button, {});
+    QCoreApplication::sendEvent(catcher(), &event);
+  }
+};
+
+TEST_P(CaughtClicksTest, ClickBesideThePanelClosesItOnRelease) {
+  m_menuBarExtra.click(iconPlace);
+  ASSERT_NE(catcher(), nullptr);
+  EXPECT_EQ(catcher()->geometry(), m_scene.panel()->screen()->virtualGeometry());
+  const QRect panel = m_scene.panel()->geometry();
+  EXPECT_FALSE(catcher()->mask().contains(panel.center()));
+  EXPECT_FALSE(catcher()->mask().contains(panel.topLeft()));
+  EXPECT_TRUE(catcher()->mask().contains(panel.topLeft() - QPoint(1, 1)));
+  EXPECT_TRUE(catcher()->mask().contains(iconPlace.center()));
+  send(QEvent::MouseButtonPress, iconPlace.center());
+  EXPECT_NE(m_scene.panel(), nullptr);
+  send(QEvent::MouseButtonRelease, iconPlace.center());
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  EXPECT_EQ(catcher(), nullptr);
+  // Some hosts report the same click as well.
+  m_menuBarExtra.click(iconPlace);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+}
+
+TEST_P(CaughtClicksTest, ReleaseOfTheClickThatOpenedThePanelDoesNotCloseIt) {
+  m_menuBarExtra.click(iconPlace);
+  send(QEvent::MouseButtonRelease, iconPlace.center());
+  EXPECT_NE(m_scene.panel(), nullptr);
+}
+
+TEST_P(CaughtClicksTest, EscapeAndTheIconCloseTheCatcherToo) {
+  m_menuBarExtra.click(iconPlace);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(m_scene.panel()));
+  QTest::keyClick(m_scene.panel(), Qt::Key_Escape);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  EXPECT_EQ(catcher(), nullptr);
+  m_menuBarExtra.click(iconPlace);
+  EXPECT_NE(catcher(), nullptr);
+  m_menuBarExtra.click(iconPlace);
+  EXPECT_EQ(catcher(), nullptr);
+  runEventLoopOnce();
+  EXPECT_TRUE(QGuiApplication::topLevelWindows().isEmpty());
+}
+
+TEST_P(CaughtClicksTest, UnknownPlaceIsFoundByThePointer) {
+  m_menuBarExtra.click(std::nullopt);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  ASSERT_NE(catcher(), nullptr);
+  EXPECT_TRUE(catcher()->mask().isEmpty());
+  // The first arrival tells where the pointer was long ago.
+  QEnterEvent arrival({10, 10}, {10, 10}, {10, 10});
+  QCoreApplication::sendEvent(catcher(), &arrival);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  send(QEvent::MouseMove, iconPlace.center());
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_EQ(m_scene.panel()->x() + m_scene.panel()->width() / 2, iconPlace.x());
+  const QPoint place = m_scene.panel()->position();
+  send(QEvent::MouseMove, QPoint(20, 300));
+  EXPECT_EQ(m_scene.panel()->position(), place);
+  send(QEvent::MouseButtonPress, iconPlace.center());
+  send(QEvent::MouseButtonRelease, iconPlace.center());
+  EXPECT_EQ(m_scene.panel(), nullptr);
+}
+
+TEST_P(CaughtClicksTest, SecondClickWhileTheIconIsSearchedForEndsTheSearch) {
+  m_menuBarExtra.click(std::nullopt);
+  m_menuBarExtra.click(std::nullopt);
+  EXPECT_EQ(catcher(), nullptr);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+}
+
+TEST_P(CaughtClicksTest, PointerThatIsNeverToldDoesNotKeepThePanelAway) {
+  m_menuBarExtra.click(std::nullopt);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return m_scene.panel() != nullptr; }, 5000));
+  EXPECT_NE(catcher(), nullptr);
+  EXPECT_TRUE(m_scene.panel()->isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(DropDown, CaughtClicksTest,
+                         testing::Values(WindowSystem::DropDown::managed, WindowSystem::DropDown::unmanaged),
+                         [](const auto& dropDown) {
+                           return dropDown.param == WindowSystem::DropDown::managed ? "managed" : "unmanaged";
+                         });
+
+TEST_F(MenuBarSceneTest, DesktopThatChoosesThePlaceGetsAWindowOfOneSize) {
+  m_windowSystem.setDropDown(WindowSystem::DropDown::placedByDesktop);
+  m_menuBarExtra.click(std::nullopt);
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_TRUE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_FALSE(m_scene.panel()->flags().testFlag(Qt::BypassWindowManagerHint));
+  EXPECT_EQ(m_scene.panel()->minimumSize(), m_scene.panel()->size());
+  EXPECT_EQ(m_scene.panel()->maximumSize(), m_scene.panel()->size());
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(m_scene.panel()));
+  QFocusEvent focusOut(QEvent::FocusOut);
+  QCoreApplication::sendEvent(m_scene.panel(), &focusOut);
+  EXPECT_EQ(m_scene.panel(), nullptr);
 }
 
 TEST_F(MenuBarSceneTest, TheKeyForSettingsIsPassedOn) {
@@ -161,7 +310,7 @@ TEST_F(MenuBarSceneTest, CornersAreCutOffWithoutACompositor) {
   m_menuBarExtra.click(iconPlace);
   EXPECT_TRUE(m_scene.panel()->mask().isEmpty());
   m_menuBarExtra.click(iconPlace);
-  m_compositor.setBlends(false);
+  m_windowSystem.setBlends(false);
   m_menuBarExtra.click(iconPlace);
   const QRegion mask = m_scene.panel()->mask();
   EXPECT_FALSE(mask.contains(QPoint(1, 1)));

@@ -41,8 +41,13 @@ PanelFixture::PanelFixture(std::unique_ptr<AudioLibraryProviding> provider) {
 }
 
 std::unique_ptr<PanelWindow> PanelFixture::makePanel(PanelWindow::Style style) {
-  auto panel = std::make_unique<PanelWindow>(style, true, *m_controller, m_localization, m_colorScheme);
-  panel->open(QPoint(400, 10));
+  auto panel =
+      std::make_unique<PanelWindow>(style, m_windowSystem, *m_controller, m_localization, m_colorScheme);
+  if (style == PanelWindow::Style::framed) {
+    panel->open();
+  } else {
+    panel->open(QRect(400, 10, 1, 1));
+  }
   EXPECT_TRUE(QTest::qWaitForWindowExposed(panel.get()));
   return panel;
 }

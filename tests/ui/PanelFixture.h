@@ -13,6 +13,7 @@
 #include "fakes/FakeRunLoop.h"
 #include "fakes/FakeSystemLanguages.h"
 #include "fakes/FakeUserDefaults.h"
+#include "fakes/FakeWindowSystem.h"
 #include "library/AudioLibraryProviding.h"
 #include "localization/AppLocalization.h"
 #include "playback/AudioPlayerController.h"
@@ -61,6 +62,7 @@ class PanelFixture : public testing::Test {
   FakeLocaleChanges m_localeChanges;
   AppLocalization m_localization{{m_userDefaults, m_systemLanguages, m_localeChanges, m_mainThread}};
   FakeColorScheme m_colorScheme;
+  FakeWindowSystem m_windowSystem;
   std::shared_ptr<AudioPlayerController> m_controller;
 
  private:

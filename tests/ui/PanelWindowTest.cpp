@@ -296,10 +296,10 @@ TEST_F(PanelWindowTest, WindowFollowsTheHeightOfTheTexts) {
 }
 
 TEST_F(PanelWindowTest, DropDownAboveTheIconStaysAboveItWhenItGrows) {
-  auto panel = std::make_unique<PanelWindow>(PanelWindow::Style::dropDown, true, *m_controller,
+  auto panel = std::make_unique<PanelWindow>(PanelWindow::Style::dropDown, m_windowSystem, *m_controller,
                                              m_localization, m_colorScheme);
   const QRect screen = panel->screen()->geometry();
-  panel->open(screen.bottomLeft() + QPoint(400, -10));
+  panel->open(QRect(screen.bottomLeft() + QPoint(400, -10), QSize(1, 1)));
   ASSERT_TRUE(QTest::qWaitForWindowExposed(panel.get()));
   const int bottom = panel->geometry().bottom();
   QQuickItem* const surface = panel->rootObject();

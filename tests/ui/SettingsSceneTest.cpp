@@ -2,7 +2,6 @@
 
 #include "fakes/EventLog.h"
 #include "fakes/FakeColorScheme.h"
-#include "fakes/FakeCompositor.h"
 #include "fakes/FakeMenuBarExtra.h"
 #include "ui/MenuBarScene.h"
 #include "ui/PanelFixture.h"
@@ -107,8 +106,7 @@ TEST_F(SettingsSceneTest, TheGroundFollowsTheColourScheme) {
 
 TEST_F(SettingsSceneTest, PanelAndMusicAreLeftAlone) {
   FakeMenuBarExtra menuBarExtra;
-  FakeCompositor compositor;
-  MenuBarScene menuBar({menuBarExtra, m_colorScheme, compositor, *m_controller, m_localization});
+  MenuBarScene menuBar({menuBarExtra, m_colorScheme, m_windowSystem, *m_controller, m_localization});
   const QSignalSpy quit(&menuBar, &MenuBarScene::quitRequested);
   menuBar.show("MenuBarIcon.png");
   open();

@@ -32,33 +32,33 @@ QIcon iconFrom(const std::filesystem::path& image) {
 
 SystemTrayMenuBarExtra::SystemTrayMenuBarExtra() = default;
 
-void SystemTrayMenuBarExtra::show(const std::filesystem::path& image, ActivationHandler activated,
-                                  MissingHandler missing) {
+void SystemTrayMenuBarExtra::show(const std::filesystem::path& image, Handlers handlers) {
   QObject::connect(&m_icon, &QSystemTrayIcon::activated, &m_icon,
-                   [this, activated = std::move(activated)](QSystemTrayIcon::ActivationReason reason) {
+                   [this, activated = handlers.activated](QSystemTrayIcon::ActivationReason reason) {
                      // The second click of a double click counts like the first: it closes again.
                      if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
                        const QRect place = m_icon.geometry();
-                       activated(place.isValid() ? place.center() : QCursor::pos());
+                       activated(place.isValid() ? place : QRect(QCursor::pos(), QSize(1, 1)));
                      }
                    });
   m_icon.setIcon(iconFrom(image));
   m_icon.setToolTip(QCoreApplication::applicationName());
   m_icon.show();
   if (!isPlaced()) {
-    QTimer::singleShot(timeForBarToStart, &m_icon,
-                       [this, missing = std::move(missing)] { reportIfMissing(missing); });
+    QTimer::singleShot(timeForBarToStart, &m_icon, [this, missing = handlers.missing] {
+      if (!isPlaced()) {
+        missing();
+      }
+    });
   }
+}
+
+void SystemTrayMenuBarExtra::setToolTip(const QString& text) {
+  m_icon.setToolTip(QCoreApplication::applicationName() + QLatin1Char('\n') + text);
 }
 
 bool SystemTrayMenuBarExtra::isPlaced() const {
   return QSystemTrayIcon::isSystemTrayAvailable();
-}
-
-void SystemTrayMenuBarExtra::reportIfMissing(const MissingHandler& missing) const {
-  if (!isPlaced()) {
-    missing();
-  }
 }
 
 }  // namespace mireval

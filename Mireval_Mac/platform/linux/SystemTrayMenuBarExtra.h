@@ -13,11 +13,11 @@ class SystemTrayMenuBarExtra final : public MenuBarExtra {
   /// Needs the application object.
   SystemTrayMenuBarExtra();
 
-  void show(const std::filesystem::path& image, ActivationHandler activated, MissingHandler missing) override;
+  void show(const std::filesystem::path& image, Handlers handlers) override;
+  void setToolTip(const QString& text) override;
   bool isPlaced() const override;
 
  private:
-  void reportIfMissing(const MissingHandler& missing) const;
 
   QSystemTrayIcon m_icon;
 };

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArray>
+#include <QPoint>
+#include <QSize>
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace mireval {
+
+/// Questions to the X server, over the application's own connection. They wait for the server's answer. What
+/// cannot be answered, because a window is just gone or a property is of another type, counts as absent.
+class X11Connection final {
+ public:
+  /// Nothing when the application does not show its windows on an X server.
+  static std::optional<X11Connection> ofApplication();
+
+  bool hasExtension(std::string_view name) const;
+  bool selectionHasOwner(std::string_view selection) const;
+
+  xcb_window_t root() const { return m_screen->root; }
+  /// In pixels, over all screens.
+  QSize rootSize() const { return {m_screen->width_in_pixels, m_screen->height_in_pixels}; }
+  /// Of the pointer, in pixels on the root window.
+  std::optional<QPoint> pointer() const;
+
+  /// XCB_ATOM_NONE if nobody has used the name yet: then there is nothing to find under it.
+  xcb_atom_t atom(std::string_view name) const;
+  std::vector<xcb_window_t> windows(xcb_window_t window, xcb_atom_t property) const;
+  std::vector<std::uint32_t> cardinals(xcb_window_t window, xcb_atom_t property) const;
+  /// In UTF-8.
+  QByteArray text(xcb_window_t window, xcb_atom_t property) const;
+
+ private:
+  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen)
+      : m_connection(connection), m_screen(screen) {}
+
+  QByteArray bytes(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, int format) const;
+
+  xcb_connection_t* m_connection;
+  const xcb_screen_t* m_screen;
+};
+
+}  // namespace mireval
