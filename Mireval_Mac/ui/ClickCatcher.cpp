@@ -1,5 +1,6 @@
 #include "ui/ClickCatcher.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -8,6 +9,15 @@
 #include <QSurfaceFormat>
 
 namespace mireval {
+namespace {
+
+QPoint inPixelsOfTheWindowSystem(QPointF place) {
+  const QScreen* const shown = QGuiApplication::screenAt(place.toPoint());
+  const QScreen* const screen = shown != nullptr ? shown : QGuiApplication::primaryScreen();
+  return ScreenArea{.geometry = screen->geometry(), .scale = screen->devicePixelRatio()}.toNative(place);
+}
+
+}  // namespace
 
 ClickCatcher::ClickCatcher() {
   QSurfaceFormat format;
@@ -16,6 +26,10 @@ ClickCatcher::ClickCatcher() {
   // Not for the keyboard, and not for the window manager.
   setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
   setGeometry(QGuiApplication::primaryScreen()->virtualGeometry());
+}
+
+QPoint ClickCatcher::lastSeenPointer() {
+  return inPixelsOfTheWindowSystem(QCursor::pos());
 }
 
 void ClickCatcher::leaveOut(const QRect& area) {
@@ -31,11 +45,7 @@ void ClickCatcher::paintEvent(QPaintEvent*) {
 void ClickCatcher::mouseMoveEvent(QMouseEvent* event) {
   // An arrival alone would not do: the first one tells where the pointer was when it was last above one of
   // the X server's windows.
-  const QPointF place = event->globalPosition();
-  const QScreen* const shown = QGuiApplication::screenAt(place.toPoint());
-  const QScreen* const screen = shown != nullptr ? shown : QGuiApplication::primaryScreen();
-  Q_EMIT pointerSeen(
-      ScreenArea{.geometry = screen->geometry(), .scale = screen->devicePixelRatio()}.toNative(place));
+  Q_EMIT pointerSeen(inPixelsOfTheWindowSystem(event->globalPosition()));
 }
 
 void ClickCatcher::mousePressEvent(QMouseEvent*) {

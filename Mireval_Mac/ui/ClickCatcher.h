@@ -18,12 +18,15 @@ class ClickCatcher final : public QRasterWindow {
  public:
   ClickCatcher();
 
+  /// Where the pointer was seen last, in the window system's own pixels. It may be elsewhere by now.
+  static QPoint lastSeenPointer();
+
   /// Covers the screens, except for the area, which is in device-independent pixels of the desktop.
   void leaveOut(const QRect& area);
 
  Q_SIGNALS:
-  /// The pointer has come from some window that is not ours, or moves. `place` is in the window system's own
-  /// pixels. The window must not be deleted in a direct connection.
+  /// The pointer is above the window, and was not at this place when it was seen before. `place` is in the
+  /// window system's own pixels. The window must not be deleted in a direct connection.
   void pointerSeen(QPoint place);
 
   /// A button was pressed on the window, and released again. As above.

@@ -12,15 +12,15 @@ namespace {
 
 // A click on the icon may first take the focus away and so dismiss the panel that it is meant to close.
 constexpr qint64 reopeningGuardMs = 300;
-// The pointer is told when the button is released. Who holds it for longer waits for nothing yet.
-constexpr auto finderPatience = std::chrono::seconds(2);
+// The pointer's place is told when the button is released, unless it is the same as the last time.
+constexpr auto patienceWithSamePlace = std::chrono::milliseconds(150);
+constexpr auto patienceWithNewPlace = std::chrono::seconds(2);
 
 }  // namespace
 
 MenuBarScene::MenuBarScene(Surroundings surroundings) : m_surroundings(surroundings) {
   connect(&m_closedPanels, &ClosedWindows::deleted, this, &MenuBarScene::panelDidClose);
   m_finderPatience.setSingleShot(true);
-  m_finderPatience.setInterval(finderPatience);
   connect(&m_finderPatience, &QTimer::timeout, this, &MenuBarScene::openDropDown);
   const AudioPlayerController* const player = &m_surroundings.audioPlayer;
   connect(player, &AudioPlayerController::currentTrackChanged, this, &MenuBarScene::updateToolTip);
@@ -63,7 +63,8 @@ void MenuBarScene::findIcon() {
       },
       Qt::SingleShotConnection);
   m_finder->show();
-  m_finderPatience.start();
+  const bool samePlace = m_place && m_place->center() == ClickCatcher::lastSeenPointer();
+  m_finderPatience.start(samePlace ? patienceWithSamePlace : patienceWithNewPlace);
 }
 
 void MenuBarScene::showPanel() {

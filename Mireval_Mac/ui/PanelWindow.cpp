@@ -101,9 +101,7 @@ void PanelWindow::open(const std::optional<QRect>& icon, std::unique_ptr<ClickCa
   }
   show();
   requestActivate();
-  if (m_dropDown == WindowSystem::DropDown::grabbing) {
-    grabPointer(grabAttempts);
-  }
+  grabInput(grabAttempts);
 }
 
 void PanelWindow::place() {
@@ -121,10 +119,22 @@ void PanelWindow::place() {
   cutCornersOff();
 }
 
-void PanelWindow::grabPointer(int attemptsLeft) {
-  // The tray that was clicked may still hold the pointer.
-  if (isVisible() && !setMouseGrabEnabled(true) && attemptsLeft > 1) {
-    QTimer::singleShot(grabRetryInterval, this, [this, attemptsLeft] { grabPointer(attemptsLeft - 1); });
+void PanelWindow::grabInput(int attemptsLeft) {
+  if (!isVisible()) {
+    return;
+  }
+  bool grabbed = true;
+  if (m_dropDown == WindowSystem::DropDown::grabbing) {
+    // The keyboard is left alone: grabbing it would swallow the media keys.
+    grabbed = setMouseGrabEnabled(true);
+  } else if (m_dropDown == WindowSystem::DropDown::unmanaged) {
+    // The desktop lets the X server have the keyboard, but does not tell the server for which window. The
+    // desktop's own keys, such as the media keys, do not come this way.
+    grabbed = setKeyboardGrabEnabled(true);
+  }
+  // The tray that was clicked may still hold the pointer, and the window may not be on the screen yet.
+  if (!grabbed && attemptsLeft > 1) {
+    QTimer::singleShot(grabRetryInterval, this, [this, attemptsLeft] { grabInput(attemptsLeft - 1); });
   }
 }
 

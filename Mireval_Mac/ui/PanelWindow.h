@@ -73,7 +73,7 @@ class PanelWindow final : public ViewWindow {
  private:
   void cutCornersOff();
   void dismiss(Dismissal how);
-  void grabPointer(int attemptsLeft);
+  void grabInput(int attemptsLeft);
   void place();
   void setDropDown();
 

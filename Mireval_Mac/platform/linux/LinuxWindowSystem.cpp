@@ -14,7 +14,10 @@ namespace {
 
 /// Whether the X server shows its windows on a Wayland desktop.
 bool isInsideWayland(const X11Connection& x11) {
-  return x11.hasExtension("XWAYLAND");
+  // Before its version 23.1, Xwayland could be told only by what it calls its screens.
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  return x11.hasExtension("XWAYLAND") ||
+         (screen != nullptr && screen->name().startsWith(QLatin1String("XWAYLAND")));
 }
 
 QByteArray windowManager(const X11Connection& x11) {
