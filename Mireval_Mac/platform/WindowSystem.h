@@ -4,6 +4,8 @@
 
 #include <vector>
 
+class QWindow;
+
 namespace mireval {
 
 /// What the desktop lets windows do and knows about its screens. All of it may change while the desktop runs.
@@ -31,6 +33,10 @@ class WindowSystem {
 
   /// True when transparent parts of a window show what lies behind it; without a compositor they are black.
   virtual bool blendsWindows() const = 0;
+
+  /// Asks the desktop not to list the window, which has not been shown yet, among those that can be switched
+  /// to.
+  virtual void keepOutOfLists(QWindow& window) const = 0;
 
   /// In the order of QGuiApplication::screens, the primary one first; never empty.
   virtual std::vector<ScreenArea> screens() const = 0;

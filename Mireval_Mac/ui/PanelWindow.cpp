@@ -99,6 +99,9 @@ void PanelWindow::open(const std::optional<QRect>& icon, std::unique_ptr<ClickCa
     connect(m_catcher.get(), &ClickCatcher::clicked, this, [this] { dismiss(Dismissal::turnedAway); });
     m_catcher->show();
   }
+  if (m_dropDown == WindowSystem::DropDown::managed) {
+    m_windowSystem.keepOutOfLists(*this);
+  }
   show();
   requestActivate();
   grabInput(grabAttempts);

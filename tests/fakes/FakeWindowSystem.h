@@ -14,6 +14,7 @@ class FakeWindowSystem final : public WindowSystem {
 
   DropDown dropDown() const override { return m_dropDown; }
   bool blendsWindows() const override { return m_blends; }
+  void keepOutOfLists(QWindow& window) const override { m_unlisted = &window; }
 
   std::vector<ScreenArea> screens() const override {
     std::vector<ScreenArea> areas;
@@ -25,12 +26,16 @@ class FakeWindowSystem final : public WindowSystem {
     return areas;
   }
 
+  /// The last window that was to be kept out of lists; only for comparisons.
+  const QWindow* unlisted() const { return m_unlisted; }
+
   void setDropDown(DropDown dropDown) { m_dropDown = dropDown; }
   void setBlends(bool blends) { m_blends = blends; }
 
  private:
   DropDown m_dropDown = DropDown::grabbing;
   bool m_blends = true;
+  mutable const QWindow* m_unlisted = nullptr;
 };
 
 }  // namespace mireval

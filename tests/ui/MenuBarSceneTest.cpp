@@ -252,6 +252,16 @@ INSTANTIATE_TEST_SUITE_P(DropDown, CaughtClicksTest,
                            return dropDown.param == WindowSystem::DropDown::managed ? "managed" : "unmanaged";
                          });
 
+TEST_F(MenuBarSceneTest, ManagedPanelIsNotListedAmongTheWindows) {
+  m_menuBarExtra.click(iconPlace);
+  EXPECT_EQ(m_windowSystem.unlisted(), nullptr);
+  m_menuBarExtra.click(iconPlace);
+  m_windowSystem.setDropDown(WindowSystem::DropDown::managed);
+  m_menuBarExtra.click(iconPlace);
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_EQ(m_windowSystem.unlisted(), m_scene.panel());
+}
+
 TEST_F(MenuBarSceneTest, DesktopThatChoosesThePlaceGetsAWindowOfOneSize) {
   m_windowSystem.setDropDown(WindowSystem::DropDown::placedByDesktop);
   m_menuBarExtra.click(std::nullopt);

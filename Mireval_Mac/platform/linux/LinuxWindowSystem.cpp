@@ -5,6 +5,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 #include <QtMath>
 
 #include <utility>
@@ -57,6 +58,14 @@ bool LinuxWindowSystem::blendsWindows() const {
   const auto x11 = X11Connection::ofApplication();
   // A compositor owns this selection as long as it runs; Wayland desktops are compositors.
   return !x11 || x11->selectionHasOwner("_NET_WM_CM_S0") || isInsideWayland(*x11);
+}
+
+void LinuxWindowSystem::keepOutOfLists(QWindow& window) const {
+  if (const auto x11 = X11Connection::ofApplication()) {
+    // Qt keeps what it does not know in this property.
+    x11->addAtoms(static_cast<xcb_window_t>(window.winId()), "_NET_WM_STATE",
+                  {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
+  }
 }
 
 std::vector<ScreenArea> LinuxWindowSystem::screens() const {

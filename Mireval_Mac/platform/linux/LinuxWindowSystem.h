@@ -14,6 +14,7 @@ class LinuxWindowSystem final : public WindowSystem {
  public:
   DropDown dropDown() const override;
   bool blendsWindows() const override;
+  void keepOutOfLists(QWindow& window) const override;
   std::vector<ScreenArea> screens() const override;
 
   /// Where the pointer is, in the X server's pixels, if the server knows: on Wayland desktops it does only

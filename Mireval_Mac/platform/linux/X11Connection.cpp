@@ -74,10 +74,22 @@ QByteArray X11Connection::text(xcb_window_t window, xcb_atom_t property) const {
   return bytes(window, property, atom("UTF8_STRING"), 8);
 }
 
-xcb_atom_t X11Connection::atom(std::string_view name) const {
-  const ReplyPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-      m_connection, xcb_intern_atom(m_connection, 1, static_cast<std::uint16_t>(name.size()), name.data()),
-      nullptr));
+void X11Connection::addAtoms(xcb_window_t window, std::string_view property,
+                             std::initializer_list<std::string_view> added) const {
+  std::vector<xcb_atom_t> atoms;
+  for (const std::string_view name : added) {
+    atoms.push_back(atom(name, Make::yes));
+  }
+  xcb_change_property(m_connection, XCB_PROP_MODE_APPEND, window, atom(property, Make::yes), XCB_ATOM_ATOM,
+                      32, static_cast<std::uint32_t>(atoms.size()), atoms.data());
+}
+
+xcb_atom_t X11Connection::atom(std::string_view name, Make make) const {
+  const ReplyPointer<xcb_intern_atom_reply_t> reply(
+      xcb_intern_atom_reply(m_connection,
+                            xcb_intern_atom(m_connection, make == Make::no ? 1 : 0,
+                                            static_cast<std::uint16_t>(name.size()), name.data()),
+                            nullptr));
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 

@@ -7,6 +7,7 @@
 #include <xcb/xcb.h>
 
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -30,16 +31,23 @@ class X11Connection final {
   std::optional<QPoint> pointer() const;
 
   /// XCB_ATOM_NONE if nobody has used the name yet: then there is nothing to find under it.
-  xcb_atom_t atom(std::string_view name) const;
+  xcb_atom_t atom(std::string_view name) const { return atom(name, Make::no); }
   std::vector<xcb_window_t> windows(xcb_window_t window, xcb_atom_t property) const;
   std::vector<std::uint32_t> cardinals(xcb_window_t window, xcb_atom_t property) const;
   /// In UTF-8.
   QByteArray text(xcb_window_t window, xcb_atom_t property) const;
 
+  /// Adds to a property that lists atoms.
+  void addAtoms(xcb_window_t window, std::string_view property,
+                std::initializer_list<std::string_view> added) const;
+
  private:
   X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen)
       : m_connection(connection), m_screen(screen) {}
 
+  enum class Make : std::uint8_t { no, yes };
+
+  xcb_atom_t atom(std::string_view name, Make make) const;
   QByteArray bytes(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, int format) const;
 
   xcb_connection_t* m_connection;
