@@ -17,8 +17,9 @@
 #include "platform/linux/SingleInstanceServer.h"
 #include "platform/linux/StandardOutput.h"
 #include "platform/linux/SystemLocale.h"
-#include "platform/linux/SystemTrayMenuBarExtra.h"
+#include "platform/linux/TrayMenuBarExtra.h"
 #include "platform/linux/UnusedMemory.h"
+#include "platform/linux/XEmbedIcon.h"
 #include "playback/AudioPlayerController.h"
 #include "ui/CommandLine.h"
 #include "ui/MenuBarScene.h"
@@ -98,7 +99,7 @@ int runScenes(const SingleInstance& instance, bool withSettings) {
   SystemLocale systemLocale;
   PortalColorScheme colorScheme;
   const LinuxWindowSystem windowSystem;
-  SystemTrayMenuBarExtra menuBarExtra;
+  TrayMenuBarExtra menuBarExtra({.pointer = &LinuxWindowSystem::pointer, .embed = &XEmbedIcon::make});
   const KernelMemoryPressure memoryPressure;
 
   const std::shared_ptr<AudioPlayerController> audioPlayer = AudioPlayerController::create(

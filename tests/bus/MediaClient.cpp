@@ -1,37 +1,21 @@
 #include "bus/MediaClient.h"
 
+#include "bus/WaitForAnswer.h"
+
 #include <QDBusArgument>
-#include <QDBusPendingCall>
-#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
-#include <QEventLoop>
-#include <QTimer>
 #include <QUuid>
 
-#include <chrono>
 #include <utility>
 
 namespace mireval {
 namespace {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
-constexpr auto hang = 10s;
 const QString objectPath = u"/org/mpris/MediaPlayer2"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
 const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
-
-QDBusMessage wait(const QDBusPendingCall& call) {
-  QDBusPendingCallWatcher watcher(call);
-  if (!watcher.isFinished()) {
-    QEventLoop loop;
-    QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
-    QTimer::singleShot(hang, &loop, &QEventLoop::quit);
-    loop.exec();
-  }
-  return watcher.isFinished() ? watcher.reply() : QDBusMessage();
-}
 
 }  // namespace
 
@@ -48,7 +32,7 @@ MediaClient::~MediaClient() {
 }
 
 QStringList MediaClient::players() const {
-  const QDBusMessage names = wait(m_bus.asyncCall(QDBusMessage::createMethodCall(
+  const QDBusMessage names = waitForAnswer(m_bus.asyncCall(QDBusMessage::createMethodCall(
       u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"ListNames"_s)));
   return names.arguments().value(0).toStringList().filter(u"org.mpris.MediaPlayer2."_s);
 }
@@ -57,7 +41,7 @@ QDBusMessage MediaClient::call(const QString& player, const QString& interface, 
                                const QVariantList& arguments) const {
   QDBusMessage message = QDBusMessage::createMethodCall(player, objectPath, interface, method);
   message.setArguments(arguments);
-  return wait(m_bus.asyncCall(message));
+  return waitForAnswer(m_bus.asyncCall(message));
 }
 
 QDBusMessage MediaClient::command(const QString& player, const QString& method,

@@ -7,6 +7,7 @@
 #include <poll.h>
 
 #include <cstdint>
+#include <utility>
 
 namespace mireval {
 namespace {
@@ -15,6 +16,24 @@ namespace {
 constexpr int messagesAtATime = 32;
 
 }  // namespace
+
+// One object for both callbacks of a rule, which share their user data.
+struct MessageBus::Listener {
+  MessageBus& bus;
+  std::function<void(sd_bus_message* message)> handle;
+
+  static int handleMessage(sd_bus_message* message, void* userdata, sd_bus_error*) {
+    static_cast<Listener*>(userdata)->handle(message);
+    return 0;
+  }
+
+  static int handleRuleReply(sd_bus_message* reply, void* userdata, sd_bus_error*) {
+    if (sd_bus_message_is_method_error(reply, nullptr) == 0) {
+      static_cast<Listener*>(userdata)->bus.m_hasListened = true;
+    }
+    return 0;
+  }
+};
 
 MessageBus::MessageBus(Kind kind) : m_kind(kind) {}
 
@@ -39,13 +58,32 @@ bool MessageBus::open() {
   return isOpen();
 }
 
+bool MessageBus::keepOpen() {
+  m_keepsOpen = true;
+  if (!open()) {
+    return false;
+  }
+  Q_EMIT opened();
+  return isOpen();
+}
+
+void MessageBus::listen(const char* rule, std::function<void(sd_bus_message* message)> handle) {
+  m_listeners.push_back(std::unique_ptr<Listener>(new Listener{*this, std::move(handle)}));
+  sd_bus_add_match_async(m_connection.get(), nullptr, rule, Listener::handleMessage,
+                         Listener::handleRuleReply, m_listeners.back().get());
+}
+
 void MessageBus::process() {
   m_processingSoon = false;
   for (int i = 0; isOpen() && i < messagesAtATime; ++i) {
     const int progress = sd_bus_process(m_connection.get(), nullptr);
     if (progress < 0) {
+      const bool again = m_keepsOpen && m_hasListened;
       close();
       Q_EMIT lost();
+      if (again) {
+        keepOpen();
+      }
       return;
     }
     if (progress == 0) {
@@ -89,6 +127,8 @@ void MessageBus::close() {
   m_writable.reset();
   m_descriptor = -1;
   m_connection.reset();
+  m_listeners.clear();
+  m_hasListened = false;
 }
 
 }  // namespace mireval

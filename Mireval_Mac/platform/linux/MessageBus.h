@@ -3,9 +3,12 @@
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 struct sd_bus;
+struct sd_bus_message;
 
 namespace mireval {
 
@@ -24,15 +27,26 @@ class MessageBus final : public QObject {
   /// take as long as they like. False when there is no bus to connect to.
   bool open();
 
+  /// Opens, now and again at once whenever the connection is lost, as long as the bus lets this connection
+  /// listen: one that never has would only do the same again. False when there is no bus to connect to now.
+  bool keepOpen();
+
   bool isOpen() const { return m_connection != nullptr; }
 
   /// For calls that belong to this connection; nullptr unless it is open. Call `flush` after sending.
   sd_bus* connection() const { return m_connection.get(); }
 
+  /// Asks the bus for the messages that match the rule; each is handed over until the connection is lost. To
+  /// be called while it is open; call `flush` after it.
+  void listen(const char* rule, std::function<void(sd_bus_message* message)> handle);
+
   /// Sees to it that what has been sent leaves, now or as soon as the bus takes it.
   void flush() { watch(); }
 
  Q_SIGNALS:
+  /// There is a connection to listen and to register on. Emitted by `keepOpen` and after it.
+  void opened();
+
   /// The connection is gone, with everything that was registered on it. It may be opened anew.
   void lost();
 
@@ -40,12 +54,16 @@ class MessageBus final : public QObject {
   struct Close {
     void operator()(sd_bus* connection) const;
   };
+  struct Listener;
 
   void process();
   void watch();
   void close();
 
   const Kind m_kind;
+  bool m_keepsOpen = false;
+  bool m_hasListened = false;
+  std::vector<std::unique_ptr<Listener>> m_listeners;
   std::unique_ptr<sd_bus, Close> m_connection;
   int m_descriptor = -1;
   std::unique_ptr<QSocketNotifier> m_readable;

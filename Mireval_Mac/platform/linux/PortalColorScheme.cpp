@@ -51,16 +51,10 @@ std::optional<bool> readPreference(sd_bus_message* message) {
 struct PortalColorScheme::Bus {
   using Self = PortalColorScheme;
 
-  static int handleRuleReply(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    static_cast<Self*>(userdata)->m_isListening = sd_bus_message_is_method_error(reply, nullptr) == 0;
-    return 0;
-  }
-
-  static int handleOwner(sd_bus_message* message, void* userdata, sd_bus_error*) {
-    Self& self = *static_cast<Self*>(userdata);
+  static void handleOwner(sd_bus_message* message, Self& self) {
     const char* newOwner = nullptr;
     if (sd_bus_message_read(message, "sss", nullptr, nullptr, &newOwner) < 0) {
-      return 0;
+      return;
     }
     if (*newOwner != '\0') {
       self.ask(Start::no);
@@ -68,14 +62,12 @@ struct PortalColorScheme::Bus {
       self.m_question.reset();
       self.setPreference(std::nullopt);
     }
-    return 0;
   }
 
-  static int handleSetting(sd_bus_message* message, void* userdata, sd_bus_error*) {
+  static void handleSetting(sd_bus_message* message, Self& self) {
     if (sd_bus_message_read(message, "ss", nullptr, nullptr) >= 0) {
-      static_cast<Self*>(userdata)->setPreference(readPreference(message));
+      self.setPreference(readPreference(message));
     }
-    return 0;
   }
 
   static int handleAnswer(sd_bus_message* reply, void* userdata, sd_bus_error*) {
@@ -90,12 +82,9 @@ PortalColorScheme::PortalColorScheme() {
   connect(&m_bus, &MessageBus::lost, this, [this] {
     m_question.reset();
     setPreference(std::nullopt);
-    // A bus that never let us listen would only do the same again.
-    if (std::exchange(m_isListening, false)) {
-      connectToPortal();
-    }
   });
-  connectToPortal();
+  connect(&m_bus, &MessageBus::opened, this, &PortalColorScheme::follow);
+  m_bus.keepOpen();
 }
 
 PortalColorScheme::~PortalColorScheme() = default;
@@ -104,14 +93,10 @@ void PortalColorScheme::DropCall::operator()(sd_bus_slot* call) const {
   sd_bus_slot_unref(call);
 }
 
-void PortalColorScheme::connectToPortal() {
-  if (!m_bus.open()) {
-    return;
-  }
+void PortalColorScheme::follow() {
   // The rules first: nothing is missed between the answer and the first change.
-  sd_bus* const bus = m_bus.connection();
-  sd_bus_add_match_async(bus, nullptr, ownerRule, Bus::handleOwner, Bus::handleRuleReply, this);
-  sd_bus_add_match_async(bus, nullptr, settingRule, Bus::handleSetting, Bus::handleRuleReply, this);
+  m_bus.listen(ownerRule, [this](sd_bus_message* message) { Bus::handleOwner(message, *this); });
+  m_bus.listen(settingRule, [this](sd_bus_message* message) { Bus::handleSetting(message, *this); });
   ask(Start::yes);
 }
 

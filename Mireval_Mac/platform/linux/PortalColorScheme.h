@@ -38,7 +38,7 @@ class PortalColorScheme final : public ColorScheme {
   /// Whether to start the portal where it does not run.
   enum class Start { no, yes };
 
-  void connectToPortal();
+  void follow();
   void ask(Start start);
   void setPreference(std::optional<bool> dark);
   void update();
@@ -47,7 +47,6 @@ class PortalColorScheme final : public ColorScheme {
   std::optional<bool> m_prefersDark;
   bool m_dark = m_palette.isDark();
   MessageBus m_bus{MessageBus::Kind::session};
-  bool m_isListening = false;
   std::unique_ptr<sd_bus_slot, DropCall> m_question;
 };
 

@@ -45,17 +45,11 @@ std::optional<QByteArrayList> readTextsOfVariant(sd_bus_message* message) {
 struct SystemLocale::Bus {
   using Self = SystemLocale;
 
-  static int handleRuleReply(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    static_cast<Self*>(userdata)->m_isListening = sd_bus_message_is_method_error(reply, nullptr) == 0;
-    return 0;
-  }
-
-  static int handleAnnouncement(sd_bus_message* message, void* userdata, sd_bus_error*) {
-    Self& self = *static_cast<Self*>(userdata);
+  static void handleAnnouncement(sd_bus_message* message, Self& self) {
     // Only of what is sent to everybody has the bus checked that it comes from the service.
     if (sd_bus_message_get_destination(message) != nullptr ||
         sd_bus_message_has_signature(message, "sa{sv}as") <= 0) {
-      return 0;
+      return;
     }
     sd_bus_message_skip(message, "s");
     std::optional<QByteArrayList> announced;
@@ -75,7 +69,6 @@ struct SystemLocale::Bus {
     } else if (readTexts(message).contains(localeProperty)) {
       self.ask();
     }
-    return 0;
   }
 
   static int handleAnswer(sd_bus_message* reply, void* userdata, sd_bus_error*) {
@@ -87,24 +80,15 @@ struct SystemLocale::Bus {
 };
 
 SystemLocale::SystemLocale() {
-  connect(&m_bus, &MessageBus::lost, this, [this] {
-    // A bus that never let us listen would only do the same again.
-    if (std::exchange(m_isListening, false)) {
-      listen();
-    }
+  connect(&m_bus, &MessageBus::opened, this, [this] {
+    m_bus.listen(announcementRule,
+                 [this](sd_bus_message* message) { Bus::handleAnnouncement(message, *this); });
+    m_bus.flush();
   });
-  listen();
+  m_bus.keepOpen();
 }
 
 SystemLocale::~SystemLocale() = default;
-
-void SystemLocale::listen() {
-  if (m_bus.open()) {
-    sd_bus_add_match_async(m_bus.connection(), nullptr, announcementRule, Bus::handleAnnouncement,
-                           Bus::handleRuleReply, this);
-    m_bus.flush();
-  }
-}
 
 void SystemLocale::ask() {
   sd_bus_call_method_async(m_bus.connection(), nullptr, service, objectPath, propertiesInterface, "Get",

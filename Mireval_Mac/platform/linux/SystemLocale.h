@@ -35,7 +35,6 @@ class SystemLocale final : public LocaleChanges, public SystemLanguages {
   /// The callbacks of the bus.
   struct Bus;
 
-  void listen();
   void ask();
   LocaleVariables variables() const;
   void setAnnounced(QByteArrayList assignments);
@@ -43,7 +42,6 @@ class SystemLocale final : public LocaleChanges, public SystemLanguages {
   /// "LANG=ja_JP.UTF-8" and so on.
   std::optional<QByteArrayList> m_announced;
   MessageBus m_bus{MessageBus::Kind::system};
-  bool m_isListening = false;
 };
 
 }  // namespace mireval
