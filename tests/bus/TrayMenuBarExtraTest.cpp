@@ -239,6 +239,7 @@ TEST_F(TrayMenuBarExtraTest, AfterAHostThatDoesNotComeBackTheIconIsEmbedded) {
   ASSERT_TRUE(becomesPlaced(false));
   EXPECT_TRUE(nothingIsEmbeddedFor(1500ms));
   EXPECT_TRUE(waitFor([this] { return m_embedded != nullptr; }));
+  EXPECT_EQ(m_missing, 0);
   m_host->appear();
   EXPECT_TRUE(waitFor([this] { return m_embedded == nullptr; }));
   EXPECT_TRUE(becomesPlaced());

@@ -42,7 +42,8 @@ void TrayMenuBarExtra::show(const std::filesystem::path& image, Handlers handler
   m_item->setToolTip(m_toolTip);
   m_item->appear();
   QTimer::singleShot(timeForBarToStart, this, [this] {
-    if (!isPlaced()) {
+    // A bar that has crashed meanwhile is not a desktop without one.
+    if (!isPlaced() && !m_itemHasBeenPlaced) {
       m_handlers.missing();
     }
   });
