@@ -1,5 +1,7 @@
 #include "ui/ClickCatcher.h"
 
+#include "platform/ScreenArea.h"
+
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -8,8 +10,13 @@
 #include <QScreen>
 #include <QSurfaceFormat>
 
+#include <chrono>
+
 namespace mireval {
 namespace {
+
+// Only while a click on the icon is waited for.
+constexpr auto lookInterval = std::chrono::milliseconds(10);
 
 QPoint inPixelsOfTheWindowSystem(QPointF place) {
   const QScreen* const shown = QGuiApplication::screenAt(place.toPoint());
@@ -26,10 +33,24 @@ ClickCatcher::ClickCatcher() {
   // Not for the keyboard, and not for the window manager.
   setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
   setGeometry(QGuiApplication::primaryScreen()->virtualGeometry());
+  connect(&m_looking, &QTimer::timeout, this, &ClickCatcher::look);
 }
 
-QPoint ClickCatcher::lastSeenPointer() {
-  return inPixelsOfTheWindowSystem(QCursor::pos());
+void ClickCatcher::findPointer() {
+  // The X server believes the pointer where it was last above one of its windows. Once that is a place where
+  // no icon is, any other place is the true one. The real pointer, above a window that is not the server's,
+  // stays where it is.
+  m_wrongPlace = QGuiApplication::primaryScreen()->geometry().center();
+  QCursor::setPos(m_wrongPlace);
+  m_looking.start(lookInterval);
+}
+
+void ClickCatcher::look() {
+  // The server tells the true place only to those who ask.
+  if (const QPoint place = QCursor::pos(); place != m_wrongPlace) {
+    m_looking.stop();
+    Q_EMIT pointerFound(inPixelsOfTheWindowSystem(place));
+  }
 }
 
 void ClickCatcher::leaveOut(const QRect& area) {
@@ -40,12 +61,6 @@ void ClickCatcher::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setCompositionMode(QPainter::CompositionMode_Clear);
   painter.fillRect(QRect(QPoint(), size()), Qt::transparent);
-}
-
-void ClickCatcher::mouseMoveEvent(QMouseEvent* event) {
-  // An arrival alone would not do: the first one tells where the pointer was when it was last above one of
-  // the X server's windows.
-  Q_EMIT pointerSeen(inPixelsOfTheWindowSystem(event->globalPosition()));
 }
 
 void ClickCatcher::mousePressEvent(QMouseEvent*) {

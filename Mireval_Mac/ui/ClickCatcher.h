@@ -1,11 +1,9 @@
 #pragma once
 
-#include "platform/ScreenArea.h"
-
+#include <QPoint>
 #include <QRasterWindow>
 #include <QRect>
-
-#include <vector>
+#include <QTimer>
 
 namespace mireval {
 
@@ -18,28 +16,32 @@ class ClickCatcher final : public QRasterWindow {
  public:
   ClickCatcher();
 
-  /// Where the pointer was seen last, in the window system's own pixels. It may be elsewhere by now.
-  static QPoint lastSeenPointer();
+  /// Finds out where the pointer is: the window must be shown soon, and hears of it as soon as the desktop
+  /// lets go of the button that is pressed on some window that is not ours.
+  void findPointer();
 
   /// Covers the screens, except for the area, which is in device-independent pixels of the desktop.
   void leaveOut(const QRect& area);
 
  Q_SIGNALS:
-  /// The pointer is above the window, and was not at this place when it was seen before. `place` is in the
-  /// window system's own pixels. The window must not be deleted in a direct connection.
-  void pointerSeen(QPoint place);
+  /// `findPointer` has found it. `place` is in the window system's own pixels. The window must not be deleted
+  /// in a direct connection.
+  void pointerFound(QPoint place);
 
   /// A button was pressed on the window, and released again. As above.
   void clicked();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  void look();
+
   bool m_pressed = false;
+  QTimer m_looking;
+  QPoint m_wrongPlace;
 };
 
 }  // namespace mireval

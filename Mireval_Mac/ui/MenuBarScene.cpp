@@ -12,9 +12,10 @@ namespace {
 
 // A click on the icon may first take the focus away and so dismiss the panel that it is meant to close.
 constexpr qint64 reopeningGuardMs = 300;
-// The pointer's place is told when the button is released, unless it is the same as the last time.
-constexpr auto patienceWithSamePlace = std::chrono::milliseconds(150);
-constexpr auto patienceWithNewPlace = std::chrono::seconds(2);
+// The icon's place is told when the button is released, and sometimes not at all. Who knows an earlier place
+// has less to lose.
+constexpr auto patienceWithKnownPlace = std::chrono::milliseconds(400);
+constexpr auto patienceWithoutPlace = std::chrono::seconds(2);
 
 }  // namespace
 
@@ -55,16 +56,13 @@ void MenuBarScene::toggle(const std::optional<QRect>& place) {
 
 void MenuBarScene::findIcon() {
   m_finder = std::make_unique<ClickCatcher>();
-  connect(
-      m_finder.get(), &ClickCatcher::pointerSeen, this,
-      [this](QPoint pointer) {
-        m_place = QRect(pointer, QSize(1, 1));
-        openDropDown();
-      },
-      Qt::SingleShotConnection);
+  connect(m_finder.get(), &ClickCatcher::pointerFound, this, [this](QPoint pointer) {
+    m_place = QRect(pointer, QSize(1, 1));
+    openDropDown();
+  });
+  m_finder->findPointer();
   m_finder->show();
-  const bool samePlace = m_place && m_place->center() == ClickCatcher::lastSeenPointer();
-  m_finderPatience.start(samePlace ? patienceWithSamePlace : patienceWithNewPlace);
+  m_finderPatience.start(m_place ? patienceWithKnownPlace : patienceWithoutPlace);
 }
 
 void MenuBarScene::showPanel() {
@@ -79,6 +77,9 @@ void MenuBarScene::showPanel() {
 
 void MenuBarScene::openDropDown() {
   m_finderPatience.stop();
+  if (m_finder) {
+    m_finder->disconnect(this);
+  }
   makePanel(PanelWindow::Style::dropDown).open(m_place, std::move(m_finder));
 }
 

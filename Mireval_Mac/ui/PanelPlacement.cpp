@@ -9,6 +9,8 @@ namespace {
 constexpr int gap = 4;
 // From a pixel of an icon to the end of its bar, where the desktop does not tell how thick the bar is.
 constexpr int reach = 14;
+// Room for a bar at the top that the desktop does not tell of.
+constexpr int usualBar = 40;
 // No further is an icon, or a menu that opens from it, from the edge of the screen or from its bar.
 constexpr int nearby = 64;
 
@@ -80,8 +82,13 @@ QPoint clamped(QPoint position, QSize panel, const QRect& area) {
 QPoint usualPlace(QSize panel, const ScreenArea& screen) {
   const QRect& all = screen.geometry;
   const QRect& work = screen.workArea;
-  const bool barAtBottom = work.top() == all.top() && work.bottom() < all.bottom();
-  return {work.right() + 1 - panel.width(), barAtBottom ? work.bottom() + 1 - panel.height() : work.top()};
+  const bool barAtTop = work.top() > all.top();
+  const bool barAtBottom = work.bottom() < all.bottom();
+  const int x = work.right() + 1 - panel.width();
+  if (barAtBottom && !barAtTop) {
+    return {x, work.bottom() + 1 - panel.height()};
+  }
+  return {x, barAtTop ? work.top() : work.top() + usualBar};
 }
 
 QPoint besideIcon(const QRect& icon, QSize panel, const ScreenArea& screen) {

@@ -26,6 +26,8 @@ using namespace std::chrono_literals;
 // Of the panel, and the room around it.
 constexpr qreal cornerRadius = 28;
 constexpr qreal margin = 1;
+constexpr Qt::WindowFlags unmanagedWindow =
+    Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint;
 constexpr auto grabRetryInterval = 30ms;
 constexpr int grabAttempts = 40;
 
@@ -75,6 +77,12 @@ void PanelWindow::setDropDown() {
       break;
     case WindowSystem::DropDown::unmanaged:
       setFlags(Qt::Popup | Qt::FramelessWindowHint);
+      // Qt hides pop-ups from screen readers. What is shown and has the keyboard keeps it as another kind.
+      connect(this, &QWindow::activeChanged, this, [this] {
+        if (isActive()) {
+          setFlags(unmanagedWindow);
+        }
+      });
       break;
     case WindowSystem::DropDown::placedByDesktop:
       setFlags(Qt::Window | Qt::FramelessWindowHint);

@@ -4,7 +4,7 @@
 #include "ui/ClickCatcher.h"
 #include "ui/PanelFixture.h"
 
-#include <QEnterEvent>
+#include <QCursor>
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -213,23 +213,33 @@ TEST_P(CaughtClicksTest, EscapeAndTheIconCloseTheCatcherToo) {
 }
 
 TEST_P(CaughtClicksTest, UnknownPlaceIsFoundByThePointer) {
+  // Where the pointer was long ago.
+  QCursor::setPos(iconPlace.center());
   m_menuBarExtra.click(std::nullopt);
-  EXPECT_EQ(m_scene.panel(), nullptr);
   ASSERT_NE(catcher(), nullptr);
   EXPECT_TRUE(catcher()->mask().isEmpty());
-  // The first arrival tells where the pointer was long ago.
-  QEnterEvent arrival({10, 10}, {10, 10}, {10, 10});
-  QCoreApplication::sendEvent(catcher(), &arrival);
+  QTest::qWait(100);
   EXPECT_EQ(m_scene.panel(), nullptr);
-  send(QEvent::MouseMove, iconPlace.center());
-  ASSERT_NE(m_scene.panel(), nullptr);
+  QCursor::setPos(iconPlace.center());
+  ASSERT_TRUE(QTest::qWaitFor([this] { return m_scene.panel() != nullptr; }, 1000));
   EXPECT_EQ(m_scene.panel()->x() + m_scene.panel()->width() / 2, iconPlace.x());
   const QPoint place = m_scene.panel()->position();
-  send(QEvent::MouseMove, QPoint(20, 300));
+  QCursor::setPos(QPoint(20, 300));
+  QTest::qWait(100);
   EXPECT_EQ(m_scene.panel()->position(), place);
   send(QEvent::MouseButtonPress, iconPlace.center());
   send(QEvent::MouseButtonRelease, iconPlace.center());
   EXPECT_EQ(m_scene.panel(), nullptr);
+}
+
+TEST_P(CaughtClicksTest, PointerThatIsNotToldThisTimeMeansTheLastPlace) {
+  m_menuBarExtra.click(iconPlace);
+  const QPoint place = m_scene.panel()->position();
+  m_menuBarExtra.click(std::nullopt);
+  m_menuBarExtra.click(std::nullopt);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return m_scene.panel() != nullptr; }, 1500));
+  EXPECT_EQ(m_scene.panel()->position(), place);
 }
 
 TEST_P(CaughtClicksTest, SecondClickWhileTheIconIsSearchedForEndsTheSearch) {

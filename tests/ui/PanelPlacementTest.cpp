@@ -98,8 +98,8 @@ TEST(PanelPlacementTest, FarFromAnyBarThePanelIsBesideThePoint) {
 TEST(PanelPlacementTest, WithoutAnIconWhereIconsUsuallyAre) {
   EXPECT_EQ(placed(std::nullopt, {0, 26, 1280, 774}).topLeft(), QPoint(1280 - gap - 338, 26 + gap));
   EXPECT_EQ(placed(std::nullopt, {0, 0, 1280, 774}).topLeft(), QPoint(1280 - gap - 338, 774 - gap - 337));
-  EXPECT_EQ(placed(std::nullopt, screen).topLeft(), QPoint(1280 - gap - 338, gap));
-  EXPECT_EQ(placed(std::nullopt, {0, 0, 1232, 800}).topLeft(), QPoint(1232 - gap - 338, gap));
+  EXPECT_EQ(placed(std::nullopt, screen).topLeft(), QPoint(1280 - gap - 338, 40));
+  EXPECT_EQ(placed(std::nullopt, {0, 0, 1232, 800}).topLeft(), QPoint(1232 - gap - 338, 40));
 }
 
 TEST(PanelPlacementTest, ScreenThatJustHoldsThePanel) {
