@@ -76,10 +76,15 @@ class Accessibility:
     def _roots_of(self, application):
         if not self._connect():
             return []
-        roots = self.call("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root", ACCESSIBLE, "GetChildren")
-        return [(name, path) for name, path in (roots or [[]])[0]
+        roots = self._children_of("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
+        return [(name, path) for name, path in roots
                 if self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE,
                                 "Name") == application]
+
+    def windows(self, application):
+        """The windows of the running application of that name."""
+        found = [self._describe(*place) for root in self._roots_of(application) for place in self._children_of(*root)]
+        return [window for window in found if window is not None]
 
     def elements(self, application):
         """All named elements of the running application of that name, depth first."""
@@ -113,9 +118,12 @@ class Accessibility:
                     self._collect(name, path, found)
         return found
 
-    def _collect(self, name, path, found):
+    def _children_of(self, name, path):
         children = self.call(name, path, ACCESSIBLE, "GetChildren")
-        for child_name, child_path in (children or [[]])[0]:
+        return (children or [[]])[0]
+
+    def _collect(self, name, path, found):
+        for child_name, child_path in self._children_of(name, path):
             element = self._describe(child_name, child_path)
             if element is not None and element.name:
                 found.append(element)

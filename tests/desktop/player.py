@@ -50,6 +50,10 @@ class Player:
     def _elements(self):
         return self._session.accessibility.elements("Mireval")
 
+    def panel(self):
+        """The window that is open; None while there is none."""
+        return next(iter(self._session.accessibility.windows("Mireval")), None)
+
     def wait_for_text(self, text, seconds=15):
         return wait_for(lambda: text in self.texts(), f"the text '{text}', showing {self.texts()}", seconds)
 

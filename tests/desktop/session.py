@@ -34,7 +34,8 @@ def _die_with_parent():
     LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
 
 
-def _children_of(pid):
+def children_of(pid):
+    """The running processes that a process has started."""
     children = []
     for status in Path("/proc").glob("[0-9]*/stat"):
         try:
@@ -89,16 +90,19 @@ PANEL_WITH_PLAYERS = """<?xml version="1.0" encoding="UTF-8"?>
   </property>
 </channel>
 """
+BUTTONS = {"left": 1, "middle": 2, "right": 3}
 # The middle of the button that opens the menu.
 PLAYERS_MENU = (1267, 13)
 
 
 class Session:
-    def __init__(self, screenshots, *, screen=True, tray=True, sound=True, players_in_panel=False, system_bus=False):
+    def __init__(self, screenshots, *, screen=True, tray=True, sound=True, players_in_panel=False, system_bus=False,
+                 screen_size="1280x800"):
         # Services that the bus starts are then our children in the end, and can be found and ended.
         LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1)
         self._folder = tempfile.TemporaryDirectory(prefix="mireval-desktop-", ignore_cleanup_errors=True)
         self.folder = Path(self._folder.name)
+        self._screen_size = screen_size
         self._screenshots = Path(screenshots)
         self._screenshots.mkdir(parents=True, exist_ok=True)
         self.environment = self._private_environment()
@@ -113,10 +117,9 @@ class Session:
             if sound:
                 self._start_sound_server()
             if players_in_panel:
-                self._configure_panel(PANEL_WITH_PLAYERS)
+                self.configure_panel(PANEL_WITH_PLAYERS)
             if tray:
-                self.start(["xfce4-panel", "--disable-wm-check"])
-                wait_for(lambda: self._bus_has("org.kde.StatusNotifierWatcher"), "the tray", 30)
+                self.start_tray()
         except BaseException:
             self.end()
             raise
@@ -140,10 +143,10 @@ class Session:
         return environment
 
     def start(self, command, *, environment=None, **options):
-        options.setdefault("stdout", subprocess.DEVNULL)
-        options.setdefault("stderr", subprocess.DEVNULL)
+        for stream in ("stdin", "stdout", "stderr"):
+            options.setdefault(stream, subprocess.DEVNULL)
         process = subprocess.Popen(command, env={**self.environment, **(environment or {})},
-                                   stdin=subprocess.DEVNULL, preexec_fn=_die_with_parent, **options)
+                                   preexec_fn=_die_with_parent, **options)
         self._processes.append(process)
         return process
 
@@ -197,7 +200,8 @@ class Session:
         """A service on a message bus that python3-dbusmock plays; the arguments are its."""
         return self.start([DEBIAN_PYTHON, "-B", "-m", "dbusmock", *arguments])
 
-    def _configure_panel(self, configuration):
+    def configure_panel(self, configuration):
+        """The settings that xfce4-panel starts with."""
         folder = Path(self.environment["XDG_CONFIG_HOME"], "xfce4/xfconf/xfce-perchannel-xml")
         folder.mkdir(parents=True)
         (folder / "xfce4-panel.xml").write_text(configuration, encoding="utf-8")
@@ -208,11 +212,21 @@ class Session:
 
     def _start_screen(self):
         # Without a reset whenever its last client leaves: it would take a window manager that is just coming along.
-        _, display = self._start_announcing("Xvfb", "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset",
-                                            "-displayfd", "{}")
+        _, display = self._start_announcing("Xvfb", "-screen", "0", f"{self._screen_size}x24", "-nolisten", "tcp",
+                                            "-noreset", "-displayfd", "{}")
         self.environment["DISPLAY"] = f":{display}"
         self.start(["openbox"])
         wait_for(lambda: self.run("xdotool", "get_desktop").returncode == 0, "the window manager")
+
+    def start_tray(self):
+        self.start(["xfce4-panel", "--disable-wm-check"])
+        self.wait_for_tray()
+
+    def has_tray(self):
+        return self._bus_has("org.kde.StatusNotifierWatcher")
+
+    def wait_for_tray(self):
+        wait_for(self.has_tray, "the tray", 30)
 
     def _start_sound_server(self):
         self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
@@ -224,12 +238,31 @@ class Session:
         shot.save(self._screenshots / f"{name}.png")
         return shot
 
-    def click(self, position):
+    def windows(self, *criteria):
+        """The visible windows that meet xdotool's criteria."""
+        return self.run("xdotool", "search", "--onlyvisible", *criteria).stdout.split()
+
+    def rectangle(self, window):
+        """Left, top, width and height of a window in pixels of the screen; None when it is gone."""
+        lines = self.run("xdotool", "getwindowgeometry", "--shell", window).stdout.splitlines()
+        values = dict(line.split("=") for line in lines)
+        return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")) if values else None
+
+    def set_background(self, colour):
+        """Fills the desktop, also for a compositor."""
+        self.run("hsetroot", "-solid", "#{:02x}{:02x}{:02x}".format(*colour))
+
+    def move_pointer(self, position):
         x, y = position
         self.run("xdotool", "mousemove", str(x), str(y))
         # The tray needs a moment to see that the pointer has come.
         time.sleep(0.1)
-        self.run("xdotool", "click", "1")
+
+    def click(self, position, *, button="left", hold=0.02, times=1):
+        self.move_pointer(position)
+        number = str(BUTTONS[button])
+        press = ["mousedown", number, "sleep", str(hold), "mouseup", number, "sleep", "0.08"]
+        self.run("xdotool", *press * times)
 
     def press_key(self, key):
         self.run("xdotool", "key", key)
@@ -240,11 +273,11 @@ class Session:
         for process in self._processes:
             process.kill()
             process.wait(10)
-            if process.stdout:
-                process.stdout.close()
+            for pipe in filter(None, (process.stdin, process.stdout)):
+                pipe.close()
         # What they started has become ours.
         limit = time.monotonic() + 10
-        while (orphans := _children_of(os.getpid())) and time.monotonic() < limit:
+        while (orphans := children_of(os.getpid())) and time.monotonic() < limit:
             for pid in orphans:
                 os.kill(pid, signal.SIGKILL)
                 os.waitpid(pid, 0)

@@ -52,7 +52,7 @@ class ShellCase(DesktopTest):
         self.assertEqual((copy.output, copy.errors), ("", ""))
 
     def windows(self):
-        return self.session.run("xdotool", "search", "--onlyvisible", "--name", "^Mireval$").stdout.split()
+        return self.session.windows("--name", "^Mireval$")
 
     def focus(self, window):
         self.session.run("xdotool", "windowfocus", "--sync", window)

@@ -45,6 +45,16 @@ class Recorder:
                 raise AssertionError("the sound server delivers no recording")
             time.sleep(0.02)
 
+    def mark(self):
+        """This moment, for `since`."""
+        with self._lock:
+            return len(self._samples)
+
+    def since(self, mark):
+        """What was played since that moment."""
+        with self._lock:
+            return self._samples[mark:]
+
 
 def is_silent(samples):
     return max(map(abs, samples), default=0) <= SILENCE

@@ -1,0 +1,130 @@
+"""The bars of desktops that have a place for tray icons."""
+
+import os
+import signal
+
+from session import children_of, wait_for
+
+HORIZONTAL, VERTICAL = 0, 1
+# The panel's own number of each edge of the screen, and its direction there.
+EDGES = {"top": (6, HORIZONTAL), "bottom": (8, HORIZONTAL), "left": (6, VERTICAL), "right": (2, VERTICAL)}
+# An icon between two springs. Without the second it is at the bar's end.
+CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="mode" type="uint" value="0"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="size" type="uint" value="{thickness}"/>
+      <property name="plugin-ids" type="array">
+        <value type="int" value="1"/>
+        <value type="int" value="2"/>
+        <value type="int" value="3"/>
+      </property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="separator">
+      <property name="expand" type="bool" value="true"/>
+      <property name="style" type="uint" value="0"/>
+    </property>
+    <property name="plugin-2" type="string" value="systray">
+      <property name="icon-size" type="int" value="{icon}"/>
+      <property name="square-icons" type="bool" value="true"/>
+    </property>
+    <property name="plugin-3" type="string" value="separator">
+      <property name="expand" type="bool" value="false"/>
+      <property name="style" type="uint" value="0"/>
+    </property>
+  </property>
+</channel>
+"""
+
+
+class Bar:
+    def __init__(self, session, command, window_class, environment=None):
+        self._session = session
+        self._command = command
+        self._class = window_class
+        self._environment = environment
+        self.start()
+
+    def start(self):
+        self._process = self._session.start(self._command, environment=self._environment)
+
+    def kill(self):
+        """Ends it without a chance to say good-bye."""
+        self._process.kill()
+        self._process.wait(10)
+
+    def rectangle(self):
+        """Left, top, width and height of its window; None while there is none."""
+        shown = [self._session.rectangle(window) for window in self._session.windows("--class", self._class)]
+        return max(filter(None, shown), key=lambda rectangle: rectangle[2] * rectangle[3], default=None)
+
+
+class XfcePanel(Bar):
+    """It speaks the tray's protocol on the message bus, and the one of X."""
+
+    def __init__(self, session, *, thickness=26, environment=None):
+        session.configure_panel(CONFIGURATION.format(thickness=thickness, icon=thickness - 4))
+        super().__init__(session, ["xfce4-panel", "--disable-wm-check"], "xfce4-panel", environment)
+
+    def start(self):
+        super().start()
+        wait_for(self._session.has_tray, "the tray", 30)
+
+    def kill(self):
+        super().kill()
+        wait_for(lambda: not self._session.has_tray(), "the tray to go")
+
+    def freeze(self):
+        self._signal(signal.SIGSTOP)
+
+    def thaw(self):
+        self._signal(signal.SIGCONT)
+
+    def _signal(self, number):
+        # The tray is a process of its own.
+        for pid in (self._process.pid, *children_of(self._process.pid)):
+            os.kill(pid, number)
+
+    def _set(self, name, value):
+        result = self._session.run("xfconf-query", "--channel", "xfce4-panel", "--property", name, "--set", value)
+        assert result.returncode == 0, (name, value, result.stderr)
+
+    def move(self, edge, *, at_end=False):
+        """To an edge of the screen, with the icon in its middle or at its right or lower end."""
+        position, mode = EDGES[edge]
+        self._set("/panels/panel-1/mode", str(mode))
+        self._set("/panels/panel-1/position", f"p={position};x=0;y=0")
+        self._set("/plugins/plugin-3/expand", str(not at_end).lower())
+
+
+TINT2_CONFIGURATION = """
+rounded = 0
+border_width = 0
+background_color = #{colour:06x} 100
+panel_items = S
+panel_position = bottom center horizontal
+panel_size = 100% 30
+panel_background_id = 1
+strut_policy = follow_size
+systray_padding = 4 3 4
+systray_icon_size = 22
+systray_icon_asb = 100 0 0
+"""
+
+
+class Tint2(Bar):
+    """At the bottom, with the icon at its left end. It speaks the tray's protocol of X only."""
+
+    def __init__(self, session, colour):
+        configuration = session.folder / "tint2rc"
+        configuration.write_text(TINT2_CONFIGURATION.format(colour=colour))
+        super().__init__(session, ["tint2", "-c", configuration], "tint2")
+        wait_for(self.rectangle, "the bar")

@@ -1,0 +1,525 @@
+#!/usr/bin/env python3
+"""Looks for the icon on bars of all kinds, and for the panel beside it.
+
+usage: tray_test.py [test class], with the environment of desktop_test.py
+"""
+
+import json
+import sys
+import time
+import unittest
+
+from bars import EDGES, HORIZONTAL, Tint2, XfcePanel
+from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
+from player import Player
+from screen import ICON_COLOUR, centre_of
+from session import wait_for
+from sound import longest_silence
+
+SCREEN = (0, 0, 1280, 800)
+BACKGROUND = (0x20, 0xC0, 0x40)
+# Of the panel, in device-independent pixels.
+CORNER = 28
+LARGEST_GAP = 12
+DISTANCE_FROM_EDGE = 4
+TOLERANCE = 3
+ITEM = "org.kde.StatusNotifierItem"
+WATCHER = ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher")
+
+
+def clamp(value, lowest, highest):
+    return max(lowest, min(value, highest))
+
+
+def is_near(pixel, colour):
+    return max(abs(a - b) for a, b in zip(pixel, colour)) < 24
+
+
+class TrayCase(DesktopTest):
+    desktop = {"tray": False, "sound": False}
+    resources = BUNDLE
+    scale = 1
+    PANEL = ("--name", "^Mireval$")
+
+    def setUp(self):
+        super().setUp()
+        self.session.set_background(BACKGROUND)
+
+    def start_player(self, **environment):
+        self.player = Player(self.session, PROGRAM, self.resources, environment=environment)
+        return self.player
+
+    def end_player(self):
+        self.player.process.kill()
+        self.player.process.wait(10)
+        wait_for(lambda: not self.icons(), "the icon to go")
+
+    def start_copy(self):
+        """Starts the player again, which opens the panel of the one that runs."""
+        copy = Player(self.session, PROGRAM, self.resources, name="copy")
+        self.assertEqual(copy.exit_status(), 0, copy.errors)
+
+    def start_compositor(self):
+        compositor = self.session.start(["picom", "--backend", "xrender", "--config", "/dev/null"])
+        wait_for(lambda: self.session.run("xdotool", "search", "--name", "^picom$").stdout, "the compositor")
+        return compositor
+
+    # The icon
+
+    def item(self, name):
+        """A property of the icon, as bars read it."""
+        items = self.get(*WATCHER, "RegisteredStatusNotifierItems")
+        self.assertEqual(len(items), 1)
+        service, _, path = items[0].partition("/")
+        return self.get(service, f"/{path}", ITEM, name)
+
+    def get(self, *place):
+        result = self.session.run("busctl", "--user", "--json=short", "get-property", *place)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return json.loads(result.stdout)["data"]
+
+    def icons(self):
+        return self.session.screenshot("icons").icons()
+
+    def find_icon(self, bar, what="one icon, on the bar"):
+        """The rectangle of the icon, which is the only one and on the bar."""
+        def icon():
+            left, top, width, height = bar.rectangle() or (0, 0, 0, 0)
+            icons = self.icons()
+            inside = [(x, y) for x, y in map(centre_of, icons) if left <= x < left + width and top <= y < top + height]
+            return icons if len(icons) == len(inside) == 1 else None
+        return wait_for(icon, what)[0]
+
+    def move(self, bar, edge, screen, *, at_end):
+        """Moves the bar; returns the icon's rectangle there."""
+        bar.move(edge, at_end=at_end)
+        along = 0 if EDGES[edge][1] == HORIZONTAL else 1
+        middle = screen[along] + screen[2 + along] // 2
+        end = screen[along] + screen[2 + along] - 20 * self.scale
+        left, top, width, height = screen
+        edge_middle = {"top": (left + width // 2, top), "bottom": (left + width // 2, top + height - 1),
+                       "left": (left, top + height // 2), "right": (left + width - 1, top + height // 2)}[edge]
+
+        def icon():
+            bar_left, bar_top, bar_width, bar_height = bar.rectangle() or (0, 0, 0, 0)
+            x, y = edge_middle
+            if not (bar_left <= x < bar_left + bar_width and bar_top <= y < bar_top + bar_height):
+                return None
+            icons = self.icons()
+            return icons if len(icons) == 1 and abs(
+                centre_of(icons[0])[along] - (end if at_end else middle)) <= 10 * self.scale else None
+        return wait_for(icon, f"the icon at the {edge}")[0]
+
+    # The panel
+
+    def panel(self):
+        """The rectangle of the panel's window; None while it is closed."""
+        windows = self.session.windows(*self.PANEL)
+        self.assertLessEqual(len(windows), 1)
+        return self.session.rectangle(windows[0]) if windows else None
+
+    def wait_for_panel(self):
+        panel = wait_for(self.panel, "the panel", 5)
+        # It is drawn a moment later.
+        time.sleep(0.3)
+        return panel
+
+    def wait_until_closed(self):
+        wait_for(lambda: not self.panel(), "the panel to close", 5)
+
+    def open_panel(self, position, **click):
+        self.session.click(position, **click)
+        return self.wait_for_panel()
+
+    def has_keyboard(self):
+        return self.session.run("xdotool", "getwindowfocus").stdout.split() == self.session.windows(*self.PANEL)
+
+    def close_panel(self):
+        wait_for(self.has_keyboard, "the panel to have the keyboard", 5)
+        self.session.press_key("Escape")
+        self.wait_until_closed()
+
+    def assert_beside(self, panel, edge, bar, click, screen):
+        """The panel is beside the bar and next to what was clicked, on the screen of that rectangle."""
+        where = panel, bar.rectangle(), click
+        along = 0 if EDGES[edge][1] == HORIZONTAL else 1
+        across = 1 - along
+        near, far = sorted((panel, bar.rectangle()), key=lambda rectangle: rectangle[across])
+        self.assertIs(near if edge in ("bottom", "right") else far, panel, where)
+        gap = far[across] - (near[across] + near[2 + across])
+        self.assertTrue(0 <= gap <= LARGEST_GAP * self.scale, (gap, where))
+        room = screen[2 + across] - panel[2 + across]
+        self.assertTrue(0 <= panel[across] - screen[across] <= room, where)
+
+        length = panel[2 + along]
+        first = screen[along] + DISTANCE_FROM_EDGE * self.scale
+        last = screen[along] + screen[2 + along] - length - DISTANCE_FROM_EDGE * self.scale
+        self.assertAlmostEqual(panel[along], clamp(click[along] - length // 2, first, last),
+                               delta=TOLERANCE * self.scale, msg=where)
+
+    def assert_corners(self, shot, panel, *, blended):
+        """The desktop shows at the panel's corners. The panel has no colours, so what is mixed of both has one."""
+        left, top, width, height = panel
+        side = int(CORNER * self.scale)
+        for x, y in ((left, top), (left + width - side, top), (left, top + height - side),
+                     (left + width - side, top + height - side)):
+            pixels = shot.crop((x, y, side, side))
+            uncovered = pixels.count(BACKGROUND)
+            self.assertGreater(uncovered, side * side // 20, "the corner is not cut")
+            self.assertLess(uncovered, side * side // 3, "too much is cut")
+            self.assertEqual([pixel for pixel in pixels if max(pixel) < 100], [], "black in the corner")
+            mixed = sum(max(pixel) - min(pixel) > 8 for pixel in pixels) - uncovered
+            if blended:
+                self.assertGreater(mixed, side // 2, "the edge is not smooth")
+            else:
+                self.assertEqual(mixed, 0, "something shines through")
+
+
+class PlaceCase(TrayCase):
+    def open_at(self, bar, edge, screen, *, at_end, name):
+        """Moves the bar, opens the panel and looks where it is; returns its rectangle and a screenshot."""
+        click = centre_of(self.move(bar, edge, screen, at_end=at_end))
+        panel = self.open_panel(click)
+        try:
+            shot = self.session.screenshot(name)
+            self.assert_beside(panel, edge, bar, click, screen)
+            return panel, shot
+        finally:
+            self.close_panel()
+
+    def look_at_each_edge(self, bar, screen, *, blended=False, name):
+        for edge in EDGES:
+            for at_end in (False, True):
+                place = f"{name}-{edge}-{'end' if at_end else 'middle'}"
+                with self.subTest(place):
+                    panel, shot = self.open_at(bar, edge, screen, at_end=at_end, name=place)
+                    self.assert_corners(shot, panel, blended=blended)
+
+
+class PanelPlaceTest(PlaceCase):
+    def test_beside_the_bar_with_and_without_a_compositor(self):
+        bar = XfcePanel(self.session)
+        self.start_player()
+        self.look_at_each_edge(bar, SCREEN, name="plain")
+        compositor = self.start_compositor()
+        self.look_at_each_edge(bar, SCREEN, blended=True, name="blended")
+        compositor.kill()
+        compositor.wait(10)
+        panel, shot = self.open_at(bar, "top", SCREEN, at_end=True, name="plain-again")
+        self.assert_corners(shot, panel, blended=False)
+        self.assertEqual(self.player.errors, "")
+
+
+class HighResolutionTest(PlaceCase):
+    SCREEN = (0, 0, 2560, 1600)
+    desktop = {**TrayCase.desktop, "screen_size": "2560x1600"}
+    scale = 2
+
+    def test_a_large_bar(self):
+        bar = XfcePanel(self.session, thickness=52)
+        self.start_player(QT_SCALE_FACTOR="2")
+        self.look_at_each_edge(bar, self.SCREEN, name="large")
+        self.assert_sharp(self.find_icon(bar), "large-icon")
+
+    def test_a_bar_that_scales(self):
+        bar = XfcePanel(self.session, environment={"GDK_SCALE": "2"})
+        self.start_player(QT_SCALE_FACTOR="2")
+        self.look_at_each_edge(bar, self.SCREEN, name="scaled")
+        self.assert_sharp(self.find_icon(bar), "scaled-icon")
+
+    def assert_sharp(self, icon, name):
+        """Few pixels are between two colours. About three times as many are, where a smaller picture is enlarged."""
+        left, top, width, height = icon
+        self.assertGreater(width, 36)
+        shot = self.session.screenshot(name)
+        colours = (shot.pixel(left - 1, top), ICON_COLOUR, (255, 255, 255))
+        between = sum(not any(is_near(pixel, colour) for colour in colours) for pixel in shot.crop(icon))
+        self.assertLess(between / (width * height), 0.16)
+
+
+class TwoScreensTest(PlaceCase):
+    """The bar knows that screen only which has an output, and claims false room at the sides of the other: there the
+    icon is in its middle, where it tells by itself on which side it is."""
+
+    SCREENS = {"left": (0, 0, 1280, 800), "right": (1280, 0, 1280, 800)}
+    desktop = {**TrayCase.desktop, "screen_size": "2560x800"}
+
+    def set_screens(self, connected):
+        for name in self.SCREENS:
+            self.session.run("xrandr", "--delmonitor", name)
+        for name, (left, top, width, height) in self.SCREENS.items():
+            result = self.session.run("xrandr", "--setmonitor", name, f"{width}/320x{height}/200+{left}+{top}",
+                                      "screen" if name == connected else "none")
+            self.assertEqual(result.returncode, 0, result.stderr)
+
+    def test_opens_on_the_screen_of_the_bar(self):
+        self.set_screens("left")
+        bar = XfcePanel(self.session)
+        for left_scale, right_scale in ((1, 1), (1, 2), (2, 1)):
+            self.start_player(QT_SCREEN_SCALE_FACTORS=f"left={left_scale};right={right_scale}")
+            for name, self.scale in (("left", left_scale), ("right", right_scale)):
+                bar.kill()
+                self.set_screens(name)
+                bar.start()
+                self.find_icon(bar)
+                for edge in EDGES:
+                    place = f"{name}-{left_scale}-{right_scale}-{edge}"
+                    with self.subTest(place):
+                        self.open_at(bar, edge, self.SCREENS[name], at_end=EDGES[edge][1] == HORIZONTAL, name=place)
+            self.end_player()
+
+
+class ClicksTest(TrayCase):
+    # From the first click on.
+    SETTLING_SECONDS = 0.6
+
+    def watch(self, seconds):
+        """Whether the panel is open, as it changes during the next so many seconds."""
+        states = [self.panel() is not None]
+        limit = time.monotonic() + seconds
+        while time.monotonic() < limit:
+            if (state := self.panel() is not None) != states[-1]:
+                states.append(state)
+        return states
+
+    def test_a_click_of_any_kind(self):
+        bar = XfcePanel(self.session)
+        self.start_player()
+        icon = centre_of(self.find_icon(bar))
+
+        with self.subTest("held"):
+            self.open_panel(icon, hold=1.5)
+            self.assertEqual(self.watch(1), [True])
+            self.session.click(icon, hold=1.5)
+            self.wait_until_closed()
+            self.assertEqual(self.watch(1), [False])
+
+        with self.subTest("short"):
+            for _ in range(3):
+                self.open_panel(icon)
+                self.session.click(icon)
+                self.wait_until_closed()
+                self.assertEqual(self.watch(self.SETTLING_SECONDS), [False])
+
+        with self.subTest("double"):
+            for _ in range(3):
+                self.session.click(icon, times=2)
+                states = self.watch(1)
+                self.assertFalse(states[-1], states)
+                self.assertLessEqual(len(states), 3, states)
+
+        with self.subTest("at the icon's edge"):
+            panel = self.open_panel((icon[0] - 8, icon[1]))
+            self.session.screenshot("icon-edge")
+            self.assert_beside(panel, "top", bar, (icon[0] - 8, icon[1]), SCREEN)
+            self.close_panel()
+
+        with self.subTest("elsewhere"):
+            for position in ((200, 600), (200, icon[1])):
+                self.open_panel(icon)
+                self.session.click(position)
+                self.wait_until_closed()
+                self.assertEqual(self.watch(self.SETTLING_SECONDS), [False])
+
+        with self.subTest("middle button"):
+            self.open_panel(icon, button="middle")
+            self.close_panel()
+        self.assertEqual(self.player.errors, "")
+
+    def test_the_menu_of_a_bar_that_wants_one(self):
+        self.session.accessibility.listen()
+        bar = XfcePanel(self.session)
+        self.start_player()
+        icon = centre_of(self.find_icon(bar))
+        self.session.click(icon, button="right")
+        time.sleep(0.5)
+        self.session.screenshot("menu")
+        items = wait_for(lambda: [element for element in self.session.accessibility.opened_elements("wrapper-2.0")
+                                  if "menu item" in element.role], "the menu")
+        self.assertEqual([item.name for item in items], ["Mireval"])
+        self.assertIsNone(self.panel())
+        panel = self.open_panel(items[0].centre)
+        self.session.screenshot("from-menu")
+        self.assert_beside(panel, "top", bar, items[0].centre, SCREEN)
+        self.close_panel()
+
+
+class EmbeddedIconTest(TrayCase):
+    """A tray that has never heard of the message bus."""
+
+    def test_shown_in_its_own_colours_until_there_is_a_better_place(self):
+        seen = []
+        bar = None
+        self.start_player()
+        for name, colour in (("dark", 0x101010), ("light", 0xF0F0F0)):
+            if bar:
+                bar.kill()
+            bar = Tint2(self.session, colour)
+            left, top, width, height = self.find_icon(bar)
+            shot = self.session.screenshot(name)
+            seen.append(shot.crop((left + 4, top + 4, width - 8, height - 8)))
+            around = (colour >> 16,) * 3
+            for place in ((left - 2, top - 2), (left, top), (left + width - 1, top + height - 1)):
+                self.assertEqual(shot.pixel(*place), around, "no square behind the icon")
+        self.assertEqual(*seen)
+        self.assertGreater(sum(is_near(pixel, ICON_COLOUR) for pixel in seen[0]), len(seen[0]) // 3)
+
+        icon = centre_of((left, top, width, height))
+        for button in ("left", "right", "middle"):
+            with self.subTest(button):
+                panel = self.open_panel(icon, button=button)
+                shot = self.session.screenshot(f"{button}-click")
+                self.assert_beside(panel, "bottom", bar, icon, SCREEN)
+                self.assert_corners(shot, panel, blended=False)
+                self.session.click(icon, button=button)
+                self.wait_until_closed()
+                time.sleep(0.4)
+                self.assertIsNone(self.panel())
+
+        compositor = self.start_compositor()
+        icon = centre_of(self.find_icon(bar))
+        panel = self.open_panel(icon)
+        shot = self.session.screenshot("blended")
+        self.assert_beside(panel, "bottom", bar, icon, SCREEN)
+        self.assert_corners(shot, panel, blended=True)
+        self.close_panel()
+        compositor.kill()
+        compositor.wait(10)
+
+        other = XfcePanel(self.session)
+        self.find_icon(other, "one icon, on the bar that has come")
+        self.assertEqual(self.item("Id"), "mireval")
+        self.session.screenshot("moved")
+        other.kill()
+        icon = centre_of(self.find_icon(bar, "one icon, back on the bar that has stayed"))
+        self.session.screenshot("moved-back")
+        self.open_panel(icon)
+        self.close_panel()
+        self.assertEqual(self.player.errors, "")
+
+
+class LateBarTest(TrayCase):
+    def frame(self):
+        """The sum of the frame's extents around the one window."""
+        window, = self.session.windows(*self.PANEL)
+        values = self.session.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").stdout.partition("=")[2]
+        return sum(map(int, values.split(","))) if values else 0
+
+    def test_a_window_until_there_is_a_bar(self):
+        self.start_player()
+        self.wait_for_panel()
+        self.assertGreater(self.frame(), 0)
+        self.session.screenshot("window")
+        window, = self.session.windows(*self.PANEL)
+        self.session.run("xdotool", "windowminimize", "--sync", window)
+        self.assertIsNone(self.panel())
+        self.start_copy()
+        self.wait_for_panel()
+        self.assertGreater(self.frame(), 0)
+
+        bar = XfcePanel(self.session)
+        icon = centre_of(self.find_icon(bar))
+        self.assertEqual(self.item("Id"), "mireval")
+        self.session.screenshot("icon")
+        self.session.run("xdotool", "windowfocus", "--sync", self.session.windows(*self.PANEL)[0])
+        self.session.press_key("alt+F4")
+        self.wait_until_closed()
+        panel = self.open_panel(icon)
+        self.session.screenshot("drop-down")
+        self.assertEqual(self.frame(), 0)
+        self.assert_beside(panel, "top", bar, icon, SCREEN)
+        self.close_panel()
+        self.start_copy()
+        self.wait_for_panel()
+        self.session.screenshot("copy")
+        self.assertEqual(self.frame(), 0)
+        self.close_panel()
+
+        # Without a bar again, the player stays and can be called.
+        bar.kill()
+        wait_for(lambda: not self.icons(), "the icon to go")
+        self.start_copy()
+        self.wait_for_panel()
+        self.assertGreater(self.frame(), 0)
+        self.session.screenshot("window-again")
+        self.assertTrue(self.player.is_running())
+
+
+class BarCrashTest(TrayCase):
+    ROUNDS = 20
+    LONGEST_SILENCE = 0.15
+    LARGEST_GROWTH = 1024  # Kilobytes.
+    desktop = {"tray": False}
+
+    def setUp(self):
+        super().setUp()
+        self.resources = make_tones(self.session.folder / "resources", 60)
+
+    def test_the_music_goes_on(self):
+        bar = XfcePanel(self.session)
+        player = self.start_player()
+        self.open_panel(centre_of(self.find_icon(bar)))
+        player.press("Focus")
+        recorder = self.listen()
+        self.hear_sound(recorder)
+        _, _, title, text = self.item("ToolTip")
+        self.assertEqual(title, "Mireval")
+        self.assertIn(text, player.texts())
+        self.close_panel()
+        start = recorder.mark()
+        memory = []
+        for number in range(self.ROUNDS):
+            bar.kill()
+            bar.start()
+            icon = self.find_icon(bar, f"one icon, in round {number}")
+            # Not the icon for other trays, which this one shows as well.
+            self.assertEqual(self.item("Id"), "mireval")
+            memory.append(player.resident_kilobytes())
+        self.assertIsNone(self.panel(), "no window without need")
+        self.session.move_pointer(centre_of(icon))
+        time.sleep(0.8)
+        self.session.screenshot("tooltip")
+        self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
+        self.assertLess(memory[-1] - memory[1], self.LARGEST_GROWTH, memory)
+
+        start = recorder.mark()
+        bar.freeze()
+        self.start_copy()
+        self.wait_for_panel()
+        self.close_panel()
+        time.sleep(1)
+        bar.thaw()
+        icon = centre_of(self.find_icon(bar))
+        self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
+        panel = self.open_panel(icon)
+        self.assert_beside(panel, "top", bar, icon, SCREEN)
+        self.session.screenshot("opened")
+        player.press("Quit")
+        self.assertEqual(player.exit_status(), 0)
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+
+class ThemelessTest(TrayCase):
+    """An icon without a file of that name is shown from its pixels."""
+
+    def test_without_files_for_the_theme(self):
+        bar = XfcePanel(self.session)
+        self.start_player()
+        self.find_icon(bar)
+        self.assertEqual(self.item("IconName"), "mireval")
+        self.end_player()
+        for folder in ("none", "empty"):
+            with self.subTest(folder):
+                self.resources = make_tones(self.session.folder / folder, 2, modes=())
+                if folder == "empty":
+                    (self.resources / "icons").mkdir()
+                self.start_player()
+                self.find_icon(bar)
+                if folder == "none":
+                    self.assertEqual(self.item("IconName"), "")
+                self.session.screenshot(folder)
+                self.end_player()
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,0 +1,29 @@
+// A window of another application, in the colour that is its argument.
+
+#include <QColor>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QRasterWindow>
+
+namespace {
+
+class OtherWindow final : public QRasterWindow {
+ public:
+  explicit OtherWindow(const QColor& color) : m_color(color) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(0, 0, width(), height(), m_color); }
+
+ private:
+  const QColor m_color;
+};
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  const QGuiApplication application(argc, argv);
+  OtherWindow window(QColor(QGuiApplication::arguments().value(1)));
+  window.resize(400, 300);
+  window.show();
+  return QGuiApplication::exec();
+}
