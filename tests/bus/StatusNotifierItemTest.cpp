@@ -410,7 +410,9 @@ TEST_F(StatusNotifierItemTest, ItsPixmapsAreTheImageInEachSize) {
 }
 
 TEST_F(StatusNotifierItemTest, TheThemeBesideTheImageHasTheIconByName) {
-  ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"icons"_s));
+  ASSERT_TRUE(QDir(m_folder.path()).mkpath(u"icons/hicolor/scalable/apps"_s));
+  QFile icon(m_folder.filePath(u"icons/hicolor/scalable/apps/mireval.svg"_s));
+  ASSERT_TRUE(icon.open(QIODevice::WriteOnly));
   settle(QDir::current().relativeFilePath(imageFile()));
   const QVariantMap properties = m_host->itemProperties();
   EXPECT_EQ(properties.value(u"IconName"_s), u"mireval"_s);

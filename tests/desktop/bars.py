@@ -9,25 +9,7 @@ HORIZONTAL, VERTICAL = 0, 1
 # The panel's own number of each edge of the screen, and its direction there.
 EDGES = {"top": (6, HORIZONTAL), "bottom": (8, HORIZONTAL), "left": (6, VERTICAL), "right": (2, VERTICAL)}
 # An icon between two springs. Without the second it is at the bar's end.
-CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
-<channel name="xfce4-panel" version="1.0">
-  <property name="configver" type="int" value="2"/>
-  <property name="panels" type="array">
-    <value type="int" value="1"/>
-    <property name="panel-1" type="empty">
-      <property name="position" type="string" value="p=6;x=0;y=0"/>
-      <property name="mode" type="uint" value="0"/>
-      <property name="position-locked" type="bool" value="true"/>
-      <property name="length" type="uint" value="100"/>
-      <property name="size" type="uint" value="{thickness}"/>
-      <property name="plugin-ids" type="array">
-        <value type="int" value="1"/>
-        <value type="int" value="2"/>
-        <value type="int" value="3"/>
-      </property>
-    </property>
-  </property>
-  <property name="plugins" type="empty">
+PLUGINS = """
     <property name="plugin-1" type="string" value="separator">
       <property name="expand" type="bool" value="true"/>
       <property name="style" type="uint" value="0"/>
@@ -39,10 +21,7 @@ CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
     <property name="plugin-3" type="string" value="separator">
       <property name="expand" type="bool" value="false"/>
       <property name="style" type="uint" value="0"/>
-    </property>
-  </property>
-</channel>
-"""
+    </property>"""
 
 
 class Bar:
@@ -71,7 +50,7 @@ class XfcePanel(Bar):
     """It speaks the tray's protocol on the message bus, and the one of X."""
 
     def __init__(self, session, *, thickness=26, environment=None):
-        session.configure_panel(CONFIGURATION.format(thickness=thickness, icon=thickness - 4))
+        session.configure_panel(thickness, PLUGINS.format(icon=thickness - 4))
         super().__init__(session, ["xfce4-panel", "--disable-wm-check"], "xfce4-panel", environment)
 
     def start(self):

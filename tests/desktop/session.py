@@ -61,17 +61,18 @@ SYSTEM_BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-
   </policy>
 </busconfig>
 """
-# A panel with a tray, and with a menu of the media players on the bus.
-PANEL_WITH_PLAYERS = """<?xml version="1.0" encoding="UTF-8"?>
+# A panel of three plugins.
+PANEL = """<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
   <property name="configver" type="int" value="2"/>
   <property name="panels" type="array">
     <value type="int" value="1"/>
     <property name="panel-1" type="empty">
       <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="mode" type="uint" value="0"/>
       <property name="position-locked" type="bool" value="true"/>
       <property name="length" type="uint" value="100"/>
-      <property name="size" type="uint" value="26"/>
+      <property name="size" type="uint" value="{thickness}"/>
       <property name="plugin-ids" type="array">
         <value type="int" value="1"/>
         <value type="int" value="2"/>
@@ -79,17 +80,19 @@ PANEL_WITH_PLAYERS = """<?xml version="1.0" encoding="UTF-8"?>
       </property>
     </property>
   </property>
-  <property name="plugins" type="empty">
+  <property name="plugins" type="empty">{plugins}
+  </property>
+</channel>
+"""
+# A tray, and a menu of the media players on the bus.
+TRAY_AND_PLAYERS = """
     <property name="plugin-1" type="string" value="separator">
       <property name="expand" type="bool" value="true"/>
     </property>
     <property name="plugin-2" type="string" value="systray"/>
     <property name="plugin-3" type="string" value="pulseaudio">
       <property name="enable-mpris" type="bool" value="true"/>
-    </property>
-  </property>
-</channel>
-"""
+    </property>"""
 BUTTONS = {"left": 1, "middle": 2, "right": 3}
 # The middle of the button that opens the menu.
 PLAYERS_MENU = (1267, 13)
@@ -117,7 +120,7 @@ class Session:
             if sound:
                 self._start_sound_server()
             if players_in_panel:
-                self.configure_panel(PANEL_WITH_PLAYERS)
+                self.configure_panel(26, TRAY_AND_PLAYERS)
             if tray:
                 self.start_tray()
         except BaseException:
@@ -200,10 +203,11 @@ class Session:
         """A service on a message bus that python3-dbusmock plays; the arguments are its."""
         return self.start([DEBIAN_PYTHON, "-B", "-m", "dbusmock", *arguments])
 
-    def configure_panel(self, configuration):
-        """The settings that xfce4-panel starts with."""
+    def configure_panel(self, thickness, plugins):
+        """What xfce4-panel starts with: its thickness in pixels, and settings of three plugins."""
         folder = Path(self.environment["XDG_CONFIG_HOME"], "xfce4/xfconf/xfce-perchannel-xml")
         folder.mkdir(parents=True)
+        configuration = PANEL.format(thickness=thickness, plugins=plugins)
         (folder / "xfce4-panel.xml").write_text(configuration, encoding="utf-8")
 
     def _bus_has(self, name):
@@ -240,7 +244,11 @@ class Session:
 
     def windows(self, *criteria):
         """The visible windows that meet xdotool's criteria."""
-        return self.run("xdotool", "search", "--onlyvisible", *criteria).stdout.split()
+        def search():
+            result = self.run("xdotool", "search", "--onlyvisible", *criteria)
+            # It fails when it comes to a window that has gone since it began.
+            return None if "X Error" in result.stderr else (result.stdout.split(),)
+        return wait_for(search, "a search of the windows")[0]
 
     def rectangle(self, window):
         """Left, top, width and height of a window in pixels of the screen; None when it is gone."""

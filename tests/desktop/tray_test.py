@@ -238,8 +238,8 @@ class HighResolutionTest(PlaceCase):
 
 
 class TwoScreensTest(PlaceCase):
-    """The bar knows that screen only which has an output, and claims false room at the sides of the other: there the
-    icon is in its middle, where it tells by itself on which side it is."""
+    """The bar knows only the screen that has an output. At its sides it claims false room, so there the icon is in the
+    middle, where it tells by itself on which side the bar is."""
 
     SCREENS = {"left": (0, 0, 1280, 800), "right": (1280, 0, 1280, 800)}
     desktop = {**TrayCase.desktop, "screen_size": "2560x800"}
@@ -500,7 +500,7 @@ class BarCrashTest(TrayCase):
 
 
 class ThemelessTest(TrayCase):
-    """An icon without a file of that name is shown from its pixels."""
+    """Without a file of that name the icon is shown from its pixels."""
 
     def test_without_files_for_the_theme(self):
         bar = XfcePanel(self.session)
@@ -515,8 +515,7 @@ class ThemelessTest(TrayCase):
                     (self.resources / "icons").mkdir()
                 self.start_player()
                 self.find_icon(bar)
-                if folder == "none":
-                    self.assertEqual(self.item("IconName"), "")
+                self.assertEqual(self.item("IconName"), "")
                 self.session.screenshot(folder)
                 self.end_player()
 

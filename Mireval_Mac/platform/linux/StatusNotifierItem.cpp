@@ -37,8 +37,9 @@ constexpr const char* iconName = "mireval";
 QByteArray themeBeside(const std::filesystem::path& image) {
   std::error_code error;
   const std::filesystem::path folder = std::filesystem::absolute(image, error).parent_path() / "icons";
-  return std::filesystem::is_directory(folder, error) ? QFile::decodeName(folder.c_str()).toUtf8()
-                                                      : QByteArray();
+  // Some hosts show nothing for an icon that is named and not there, and do not ask for its pixels either.
+  const bool hasIcon = std::filesystem::is_regular_file(folder / "hicolor/scalable/apps/mireval.svg", error);
+  return hasIcon ? QFile::decodeName(folder.c_str()).toUtf8() : QByteArray();
 }
 
 QByteArray processName(std::uint32_t process) {

@@ -37,8 +37,8 @@ class StatusNotifierItem final : public QObject {
   enum class ActivationTokens { unwanted, wanted };
 
   /// `image` is a file; the folder `icons` beside it may hold an icon theme that has the icon in several
-  /// sizes. Hosts that are asked for activation tokens make one for each click. It has to be used up: GNOME
-  /// Shell shows a busy pointer until then.
+  /// sizes, among them scalable. Hosts that are asked for activation tokens make one for each click. It has
+  /// to be used up: GNOME Shell shows a busy pointer until then.
   StatusNotifierItem(std::filesystem::path image, ActivationTokens tokens);
   ~StatusNotifierItem() override;
 
