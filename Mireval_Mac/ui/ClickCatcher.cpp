@@ -40,15 +40,19 @@ void ClickCatcher::findPointer() {
   // The X server believes the pointer where it was last above one of its windows. Once that is a place where
   // no icon is, any other place is the true one. The real pointer, above a window that is not the server's,
   // stays where it is.
-  m_wrongPlace = QGuiApplication::primaryScreen()->geometry().center();
-  QCursor::setPos(m_wrongPlace);
+  QCursor::setPos(QGuiApplication::primaryScreen()->geometry().center());
+  m_wrongPlace = QCursor::pos();
   m_looking.start(lookInterval);
+}
+
+void ClickCatcher::stopFinding() {
+  m_looking.stop();
 }
 
 void ClickCatcher::look() {
   // The server tells the true place only to those who ask.
   if (const QPoint place = QCursor::pos(); place != m_wrongPlace) {
-    m_looking.stop();
+    stopFinding();
     Q_EMIT pointerFound(inPixelsOfTheWindowSystem(place));
   }
 }

@@ -19,6 +19,7 @@ class ClickCatcher final : public QRasterWindow {
   /// Finds out where the pointer is: the window must be shown soon, and hears of it as soon as the desktop
   /// lets go of the button that is pressed on some window that is not ours.
   void findPointer();
+  void stopFinding();
 
   /// Covers the screens, except for the area, which is in device-independent pixels of the desktop.
   void leaveOut(const QRect& area);

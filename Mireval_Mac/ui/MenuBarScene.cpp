@@ -78,7 +78,7 @@ void MenuBarScene::showPanel() {
 void MenuBarScene::openDropDown() {
   m_finderPatience.stop();
   if (m_finder) {
-    m_finder->disconnect(this);
+    m_finder->stopFinding();
   }
   makePanel(PanelWindow::Style::dropDown).open(m_place, std::move(m_finder));
 }

@@ -70,7 +70,7 @@ bool PanelWindow::needsCatcher(WindowSystem::DropDown dropDown) {
 void PanelWindow::setDropDown() {
   switch (m_dropDown) {
     case WindowSystem::DropDown::grabbing:
-      setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint);
+      setFlags(unmanagedWindow | Qt::WindowStaysOnTopHint);
       break;
     case WindowSystem::DropDown::managed:
       setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);

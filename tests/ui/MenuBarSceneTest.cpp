@@ -238,8 +238,13 @@ TEST_P(CaughtClicksTest, PointerThatIsNotToldThisTimeMeansTheLastPlace) {
   m_menuBarExtra.click(std::nullopt);
   m_menuBarExtra.click(std::nullopt);
   EXPECT_EQ(m_scene.panel(), nullptr);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return m_scene.panel() != nullptr; }, 1500));
-  EXPECT_EQ(m_scene.panel()->position(), place);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return m_scene.panel() != nullptr; }, 1500));
+  const PanelWindow* const panel = m_scene.panel();
+  EXPECT_EQ(panel->position(), place);
+  // It is not looked for any more.
+  QCursor::setPos(iconPlace.center() - QPoint(200, 0));
+  QTest::qWait(50);
+  EXPECT_EQ(m_scene.panel(), panel);
 }
 
 TEST_P(CaughtClicksTest, SecondClickWhileTheIconIsSearchedForEndsTheSearch) {
