@@ -2,8 +2,6 @@
 
 #include <QMetaObject>
 
-#include <systemd/sd-bus.h>
-
 #include <poll.h>
 
 #include <cstdint>
@@ -46,6 +44,10 @@ void MessageBus::Close::operator()(sd_bus* connection) const {
   sd_bus_close_unref(connection);
 }
 
+void MessageBus::DropSlot::operator()(sd_bus_slot* slot) const {
+  sd_bus_slot_unref(slot);
+}
+
 bool MessageBus::open() {
   close();
   sd_bus* connection = nullptr;
@@ -71,6 +73,25 @@ void MessageBus::listen(const char* rule, std::function<void(sd_bus_message* mes
   m_listeners.push_back(std::unique_ptr<Listener>(new Listener{*this, std::move(handle)}));
   sd_bus_add_match_async(m_connection.get(), nullptr, rule, Listener::handleMessage,
                          Listener::handleRuleReply, m_listeners.back().get());
+}
+
+MessageBus::Slot MessageBus::call(const Method& method, std::initializer_list<const char*> arguments,
+                                  Start start, AnswerHandler handle, void* userdata) {
+  sd_bus_message* message = nullptr;
+  sd_bus_slot* slot = nullptr;
+  int result = sd_bus_message_new_method_call(m_connection.get(), &message, method.service, method.path,
+                                              method.interface, method.name);
+  for (const char* const argument : arguments) {
+    if (result >= 0) {
+      result = sd_bus_message_append(message, "s", argument);
+    }
+  }
+  if (result >= 0 && sd_bus_message_set_auto_start(message, start == Start::yes ? 1 : 0) >= 0) {
+    sd_bus_call_async(m_connection.get(), &slot, message, handle, userdata, 0);
+  }
+  sd_bus_message_unref(message);
+  flush();
+  return Slot(slot);
 }
 
 void MessageBus::process() {

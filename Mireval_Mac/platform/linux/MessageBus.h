@@ -3,12 +3,13 @@
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <systemd/sd-bus.h>
+
+#include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <vector>
-
-struct sd_bus;
-struct sd_bus_message;
 
 namespace mireval {
 
@@ -19,6 +20,22 @@ class MessageBus final : public QObject {
 
  public:
   enum class Kind { session, system };
+
+  struct DropSlot {
+    void operator()(sd_bus_slot* slot) const;
+  };
+  /// An object on the connection, or the wait for an answer, which ends with the slot.
+  using Slot = std::unique_ptr<sd_bus_slot, DropSlot>;
+
+  struct Method {
+    const char* service;
+    const char* path;
+    const char* interface;
+    const char* name;
+  };
+  /// Whether a call starts a service that does not run.
+  enum class Start : std::uint8_t { no, yes };
+  using AnswerHandler = int (*)(sd_bus_message* answer, void* userdata, sd_bus_error* error);
 
   explicit MessageBus(Kind kind);
   ~MessageBus() override;
@@ -39,6 +56,12 @@ class MessageBus final : public QObject {
   /// Asks the bus for the messages that match the rule; each is handed over until the connection is lost. To
   /// be called while it is open; call `flush` after it.
   void listen(const char* rule, std::function<void(sd_bus_message* message)> handle);
+
+  /// Calls a method that takes texts. The answer, which may be an error, is handed over with the user data;
+  /// not once the slot has gone. To be called while the connection is open. An empty slot if nothing could be
+  /// sent.
+  [[nodiscard]] Slot call(const Method& method, std::initializer_list<const char*> arguments, Start start,
+                          AnswerHandler handle, void* userdata);
 
   /// Sees to it that what has been sent leaves, now or as soon as the bus takes it.
   void flush() { watch(); }

@@ -8,9 +8,10 @@
 namespace mireval {
 namespace {
 
-constexpr const char* portal = "org.freedesktop.portal.Desktop";
-constexpr const char* objectPath = "/org/freedesktop/portal/desktop";
-constexpr const char* settingsInterface = "org.freedesktop.portal.Settings";
+constexpr MessageBus::Method readSetting{.service = "org.freedesktop.portal.Desktop",
+                                         .path = "/org/freedesktop/portal/desktop",
+                                         .interface = "org.freedesktop.portal.Settings",
+                                         .name = "Read"};
 constexpr const char* settingsNamespace = "org.freedesktop.appearance";
 constexpr const char* settingsKey = "color-scheme";
 constexpr const char* ownerRule =
@@ -57,7 +58,7 @@ struct PortalColorScheme::Bus {
       return;
     }
     if (*newOwner != '\0') {
-      self.ask(Start::no);
+      self.ask(MessageBus::Start::no);
     } else {
       self.m_question.reset();
       self.setPreference(std::nullopt);
@@ -89,30 +90,16 @@ PortalColorScheme::PortalColorScheme() {
 
 PortalColorScheme::~PortalColorScheme() = default;
 
-void PortalColorScheme::DropCall::operator()(sd_bus_slot* call) const {
-  sd_bus_slot_unref(call);
-}
-
 void PortalColorScheme::follow() {
   // The rules first: nothing is missed between the answer and the first change.
   m_bus.listen(ownerRule, [this](sd_bus_message* message) { Bus::handleOwner(message, *this); });
   m_bus.listen(settingRule, [this](sd_bus_message* message) { Bus::handleSetting(message, *this); });
-  ask(Start::yes);
+  ask(MessageBus::Start::yes);
 }
 
-void PortalColorScheme::ask(Start start) {
-  sd_bus_message* call = nullptr;
-  sd_bus_slot* question = nullptr;
-  if (sd_bus_message_new_method_call(m_bus.connection(), &call, portal, objectPath, settingsInterface,
-                                     "Read") >= 0 &&
-      sd_bus_message_append(call, "ss", settingsNamespace, settingsKey) >= 0 &&
-      sd_bus_message_set_auto_start(call, start == Start::yes) >= 0) {
-    sd_bus_call_async(m_bus.connection(), &question, call, Bus::handleAnswer, this, 0);
-  }
-  sd_bus_message_unref(call);
+void PortalColorScheme::ask(MessageBus::Start start) {
   // An answer to the question before is not waited for any more.
-  m_question.reset(question);
-  m_bus.flush();
+  m_question = m_bus.call(readSetting, {settingsNamespace, settingsKey}, start, Bus::handleAnswer, this);
 }
 
 void PortalColorScheme::setPreference(std::optional<bool> dark) {

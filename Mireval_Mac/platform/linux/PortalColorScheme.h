@@ -4,10 +4,7 @@
 #include "platform/linux/MessageBus.h"
 #include "platform/linux/PaletteColorScheme.h"
 
-#include <memory>
 #include <optional>
-
-struct sd_bus_slot;
 
 namespace mireval {
 
@@ -32,14 +29,9 @@ class PortalColorScheme final : public ColorScheme {
  private:
   /// The callbacks of the bus.
   struct Bus;
-  struct DropCall {
-    void operator()(sd_bus_slot* call) const;
-  };
-  /// Whether to start the portal where it does not run.
-  enum class Start { no, yes };
 
   void follow();
-  void ask(Start start);
+  void ask(MessageBus::Start start);
   void setPreference(std::optional<bool> dark);
   void update();
 
@@ -47,7 +39,7 @@ class PortalColorScheme final : public ColorScheme {
   std::optional<bool> m_prefersDark;
   bool m_dark = m_palette.isDark();
   MessageBus m_bus{MessageBus::Kind::session};
-  std::unique_ptr<sd_bus_slot, DropCall> m_question;
+  MessageBus::Slot m_question;
 };
 
 }  // namespace mireval

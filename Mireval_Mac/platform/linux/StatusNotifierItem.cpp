@@ -18,9 +18,19 @@ namespace {
 constexpr const char* objectPath = "/StatusNotifierItem";
 constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
 constexpr const char* watcher = "org.kde.StatusNotifierWatcher";
-constexpr const char* watcherPath = "/StatusNotifierWatcher";
 constexpr const char* watcherInterface = "org.kde.StatusNotifierWatcher";
-constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
+constexpr MessageBus::Method getProcess{.service = "org.freedesktop.DBus",
+                                        .path = "/org/freedesktop/DBus",
+                                        .interface = "org.freedesktop.DBus",
+                                        .name = "GetConnectionUnixProcessID"};
+constexpr MessageBus::Method registerWithWatcher{.service = watcher,
+                                                 .path = "/StatusNotifierWatcher",
+                                                 .interface = watcherInterface,
+                                                 .name = "RegisterStatusNotifierItem"};
+constexpr MessageBus::Method getFromWatcher{.service = watcher,
+                                            .path = "/StatusNotifierWatcher",
+                                            .interface = "org.freedesktop.DBus.Properties",
+                                            .name = "Get"};
 constexpr const char* ownerRule =
     "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
     "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='org.kde.StatusNotifierWatcher'";
@@ -231,10 +241,6 @@ StatusNotifierItem::StatusNotifierItem(std::filesystem::path image, ActivationTo
 
 StatusNotifierItem::~StatusNotifierItem() = default;
 
-void StatusNotifierItem::DropSlot::operator()(sd_bus_slot* slot) const {
-  sd_bus_slot_unref(slot);
-}
-
 void StatusNotifierItem::appear() {
   if (!m_bus.keepOpen()) {
     setPlacement(Placement::nowhere);
@@ -271,22 +277,17 @@ void StatusNotifierItem::introduce() {
 
 void StatusNotifierItem::forgetWatcher() {
   m_call.reset();
+  m_menuProperty.reset();
   m_isRegistered = false;
 }
 
 void StatusNotifierItem::findWatcher() {
   // Also says whether there is one.
-  sd_bus_slot* call = nullptr;
-  sd_bus_call_method_async(m_bus.connection(), &call, "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                           "org.freedesktop.DBus", "GetConnectionUnixProcessID", Bus::handleProcess, this,
-                           "s", watcher);
-  m_call.reset(call);
-  m_bus.flush();
+  m_call = m_bus.call(getProcess, {watcher}, MessageBus::Start::no, Bus::handleProcess, this);
 }
 
 void StatusNotifierItem::registerItem(QByteArray hostProcess) {
   m_host = TrayHost(std::move(hostProcess));
-  m_menuProperty.reset();
   if (m_host.needsMenu()) {
     sd_bus_slot* property = nullptr;
     sd_bus_add_object_vtable(m_bus.connection(), &property, objectPath, itemInterface, Bus::menuProperty,
@@ -296,31 +297,12 @@ void StatusNotifierItem::registerItem(QByteArray hostProcess) {
   // By the connection's own name: GNOME Shell does not show items that use another.
   const char* name = nullptr;
   sd_bus_get_unique_name(m_bus.connection(), &name);
-  callWatcher(watcherInterface, "RegisterStatusNotifierItem", Bus::handleRegistered, {name});
+  m_call = m_bus.call(registerWithWatcher, {name}, MessageBus::Start::no, Bus::handleRegistered, this);
 }
 
 void StatusNotifierItem::askForHost() {
-  callWatcher(propertiesInterface, "Get", Bus::handleHost,
-              {watcherInterface, "IsStatusNotifierHostRegistered"});
-}
-
-void StatusNotifierItem::callWatcher(const char* interface, const char* method, AnswerHandler handleAnswer,
-                                     std::initializer_list<const char*> arguments) {
-  sd_bus_message* message = nullptr;
-  sd_bus_slot* call = nullptr;
-  int result =
-      sd_bus_message_new_method_call(m_bus.connection(), &message, watcher, watcherPath, interface, method);
-  for (const char* const argument : arguments) {
-    if (result >= 0) {
-      result = sd_bus_message_append(message, "s", argument);
-    }
-  }
-  if (result >= 0 && sd_bus_message_set_auto_start(message, 0) >= 0) {
-    sd_bus_call_async(m_bus.connection(), &call, message, handleAnswer, this, 0);
-  }
-  sd_bus_message_unref(message);
-  m_call.reset(call);
-  m_bus.flush();
+  m_call = m_bus.call(getFromWatcher, {watcherInterface, "IsStatusNotifierHostRegistered"},
+                      MessageBus::Start::no, Bus::handleHost, this);
 }
 
 void StatusNotifierItem::setPlacement(Placement placement) {

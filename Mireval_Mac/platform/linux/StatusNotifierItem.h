@@ -9,11 +9,7 @@
 #include <QPoint>
 #include <QString>
 
-#include <systemd/sd-bus.h>
-
 #include <filesystem>
-#include <initializer_list>
-#include <memory>
 #include <optional>
 
 namespace mireval {
@@ -63,19 +59,12 @@ class StatusNotifierItem final : public QObject {
  private:
   /// The callbacks of the bus.
   struct Bus;
-  struct DropSlot {
-    void operator()(sd_bus_slot* slot) const;
-  };
-  using Slot = std::unique_ptr<sd_bus_slot, DropSlot>;
-  using AnswerHandler = int (*)(sd_bus_message* reply, void* userdata, sd_bus_error* error);
 
   void introduce();
   void forgetWatcher();
   void findWatcher();
   void registerItem(QByteArray hostProcess);
   void askForHost();
-  void callWatcher(const char* interface, const char* method, AnswerHandler handleAnswer,
-                   std::initializer_list<const char*> arguments);
   void setPlacement(Placement placement);
   void activate(std::optional<QPoint> told);
 
@@ -89,9 +78,9 @@ class StatusNotifierItem final : public QObject {
   bool m_isRegistered = false;
   StatusNotifierMenu m_menu;
   MessageBus m_bus{MessageBus::Kind::session};
-  Slot m_menuProperty;
+  MessageBus::Slot m_menuProperty;
   /// The call whose answer is the next step.
-  Slot m_call;
+  MessageBus::Slot m_call;
 };
 
 }  // namespace mireval
