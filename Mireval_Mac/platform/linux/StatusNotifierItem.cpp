@@ -41,16 +41,6 @@ constexpr const char* hostCameRule =
 constexpr const char* hostWentRule =
     "type='signal',sender='org.kde.StatusNotifierWatcher',path='/StatusNotifierWatcher',"
     "interface='org.kde.StatusNotifierWatcher',member='StatusNotifierHostUnregistered'";
-// Of the file in the icon theme, and of the application among other items.
-constexpr const char* iconName = "mireval";
-
-QByteArray themeBeside(const std::filesystem::path& image) {
-  std::error_code error;
-  const std::filesystem::path folder = std::filesystem::absolute(image, error).parent_path() / "icons";
-  // Some hosts show nothing for an icon that is named and not there, and do not ask for its pixels either.
-  const bool hasIcon = std::filesystem::is_regular_file(folder / "hicolor/scalable/apps/mireval.svg", error);
-  return hasIcon ? QFile::decodeName(folder.c_str()).toUtf8() : QByteArray();
-}
 
 QByteArray processName(std::uint32_t process) {
   QFile file(QStringLiteral("/proc/%1/comm").arg(process));
@@ -58,14 +48,13 @@ QByteArray processName(std::uint32_t process) {
 }
 
 /// The picture in all sizes that trays use, as bytes of alpha, red, green and blue.
-int appendPixmaps(sd_bus_message* reply, const QImage& drawing) {
+int appendPixmaps(sd_bus_message* reply, const IconImages& icon) {
   int result = sd_bus_message_open_container(reply, 'a', "(iiay)");
-  for (const int size : {16, 22, 24, 32, 48, 64}) {
-    if (result < 0 || drawing.isNull()) {
+  for (const int side : {16, 22, 24, 32, 48, 64}) {
+    const QImage image = icon.image(side).convertToFormat(QImage::Format_ARGB32);
+    if (result < 0 || image.isNull()) {
       break;
     }
-    const QImage image = drawing.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                             .convertToFormat(QImage::Format_ARGB32);
     QByteArray bytes(image.sizeInBytes(), Qt::Uninitialized);
     qToBigEndian<std::uint32_t>(image.constBits(), bytes.size() / 4, bytes.data());
     if ((result = sd_bus_message_open_container(reply, 'r', "iiay")) >= 0 &&
@@ -93,7 +82,7 @@ struct StatusNotifierItem::Bus {
   }
 
   static int category(sd_bus_message* reply, Self&) { return text(reply, "ApplicationStatus"); }
-  static int id(sd_bus_message* reply, Self&) { return text(reply, iconName); }
+  static int id(sd_bus_message* reply, Self&) { return text(reply, IconImages::name); }
   static int status(sd_bus_message* reply, Self&) { return text(reply, "Active"); }
   static int windowId(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "i", 0); }
   static int no(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "b", 0); }
@@ -107,22 +96,21 @@ struct StatusNotifierItem::Bus {
     return text(reply, QCoreApplication::applicationName().toUtf8().constData());
   }
 
+  /// Some hosts show nothing for an icon that is named and not there, and do not ask for its pixels either.
   static int themedIcon(sd_bus_message* reply, Self& self) {
-    return text(reply, self.m_iconThemePath.isEmpty() ? "" : iconName);
+    return text(reply, self.m_iconThemePath.isEmpty() ? "" : IconImages::name);
   }
 
   static int iconThemePath(sd_bus_message* reply, Self& self) {
     return text(reply, self.m_iconThemePath.constData());
   }
 
-  static int iconPixmap(sd_bus_message* reply, Self& self) {
-    return appendPixmaps(reply, QImage(QFile::decodeName(self.m_image.c_str())));
-  }
+  static int iconPixmap(sd_bus_message* reply, Self& self) { return appendPixmaps(reply, self.m_icon); }
 
   static int toolTip(sd_bus_message* reply, Self& self) {
-    return sd_bus_message_append(reply, "(sa(iiay)ss)", self.m_iconThemePath.isEmpty() ? "" : iconName, 0U,
-                                 QCoreApplication::applicationName().toUtf8().constData(),
-                                 self.m_toolTip.constData());
+    return sd_bus_message_append(
+        reply, "(sa(iiay)ss)", self.m_iconThemePath.isEmpty() ? "" : IconImages::name, 0U,
+        QCoreApplication::applicationName().toUtf8().constData(), self.m_toolTip.constData());
   }
 
   static int handleClick(sd_bus_message* call, void* userdata, sd_bus_error*) {
@@ -230,7 +218,9 @@ const sd_bus_vtable StatusNotifierItem::Bus::tokenMethod[] = {
 };
 
 StatusNotifierItem::StatusNotifierItem(std::filesystem::path image, ActivationTokens tokens)
-    : m_image(std::move(image)), m_tokens(tokens), m_iconThemePath(themeBeside(m_image)) {
+    : m_icon(std::move(image)),
+      m_tokens(tokens),
+      m_iconThemePath(QFile::decodeName(m_icon.themeFolder().c_str()).toUtf8()) {
   connect(&m_menu, &StatusNotifierMenu::chosen, this, [this] { activate(std::nullopt); });
   connect(&m_bus, &MessageBus::lost, this, [this] {
     forgetWatcher();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/IconImages.h"
 #include "platform/linux/MessageBus.h"
 #include "platform/linux/StatusNotifierMenu.h"
 #include "platform/linux/TrayHost.h"
@@ -68,7 +69,7 @@ class StatusNotifierItem final : public QObject {
   void setPlacement(Placement placement);
   void activate(std::optional<QPoint> told);
 
-  const std::filesystem::path m_image;
+  const IconImages m_icon;
   const ActivationTokens m_tokens;
   QByteArray m_iconThemePath;
   QByteArray m_toolTip;

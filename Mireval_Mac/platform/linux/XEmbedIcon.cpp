@@ -1,8 +1,8 @@
 #include "platform/linux/XEmbedIcon.h"
 
 #include "platform/ScreenArea.h"
+#include "platform/linux/IconImages.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPixmap>
@@ -12,11 +12,11 @@ namespace mireval {
 namespace {
 
 QIcon iconFrom(const std::filesystem::path& image) {
-  const QPixmap drawing(QFile::decodeName(image.c_str()));
+  const IconImages images(image);
   QIcon icon;
-  // Scaled here because trays scale a single size without smoothing.
-  for (const int size : {16, 22, 24, 32, 48}) {
-    icon.addPixmap(drawing.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+  // Each drawn for itself, because trays scale a single size without smoothing.
+  for (const int side : {16, 22, 24, 32, 48}) {
+    icon.addPixmap(QPixmap::fromImage(images.image(side)));
   }
   return icon;
 }
