@@ -3,6 +3,9 @@
 #include "platform/MenuBarExtra.h"
 #include "playback/AudioPlayerController.h"
 
+#include <QFile>
+#include <QIcon>
+
 #include <chrono>
 #include <cstdio>
 #include <utility>
@@ -31,6 +34,7 @@ MenuBarScene::MenuBarScene(Surroundings surroundings) : m_surroundings(surroundi
 MenuBarScene::~MenuBarScene() = default;
 
 void MenuBarScene::show(const std::filesystem::path& icon) {
+  m_icon = icon;
   m_surroundings.menuBarExtra.show(icon,
                                    {.activated = [this](const std::optional<QRect>& place) { toggle(place); },
                                     .missing = [this] { handleMissingMenuBar(); }});
@@ -84,7 +88,9 @@ void MenuBarScene::openDropDown() {
 }
 
 void MenuBarScene::openFramed() {
-  makePanel(PanelWindow::Style::framed).open();
+  PanelWindow& panel = makePanel(PanelWindow::Style::framed);
+  panel.setIcon(QIcon(QFile::decodeName(m_icon.c_str())));
+  panel.open();
 }
 
 PanelWindow& MenuBarScene::makePanel(PanelWindow::Style style) {

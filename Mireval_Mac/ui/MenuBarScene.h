@@ -39,7 +39,7 @@ class MenuBarScene final : public QObject {
   explicit MenuBarScene(Surroundings surroundings);
   ~MenuBarScene() override;
 
-  /// Shows the image file as the icon.
+  /// Shows the image file as the icon, also of a framed window.
   void show(const std::filesystem::path& icon);
 
   /// Opens the panel where it was opened last or, without an icon, as a framed window. An open panel comes to
@@ -73,6 +73,7 @@ class MenuBarScene final : public QObject {
   void updateToolTip();
 
   const Surroundings m_surroundings;
+  std::filesystem::path m_icon;
   std::unique_ptr<PanelWindow> m_panel;
   /// The icon's last known place, as for `placePanel`.
   std::optional<QRect> m_place;

@@ -33,6 +33,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -121,7 +122,8 @@ int runScenes(const SingleInstance& instance, bool withSettings) {
       [&mediaControls, player = audioPlayer.get()] { mediaControls.setVolume(player->volume()); });
 
   MenuBarScene scene({menuBarExtra, colorScheme, windowSystem, *audioPlayer, localization});
-  SettingsScene settings(localization, colorScheme);
+  const std::filesystem::path icon = resourceBundle.folder() / "MenuBarIcon.png";
+  SettingsScene settings(localization, colorScheme, icon);
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
                    [&audioPlayerFactory] { audioPlayerFactory.warmUp(); });
   QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, releaseUnusedMemory);
@@ -146,7 +148,7 @@ int runScenes(const SingleInstance& instance, bool withSettings) {
                          break;
                      }
                    });
-  scene.show(resourceBundle.folder() / "MenuBarIcon.png");
+  scene.show(icon);
   if (withSettings) {
     settings.show();
   }

@@ -1,11 +1,15 @@
 #include "ui/SettingsScene.h"
 
+#include <QFile>
+#include <QIcon>
+
 #include <utility>
 
 namespace mireval {
 
-SettingsScene::SettingsScene(AppLocalization& localization, ColorScheme& colorScheme)
-    : m_localization(localization), m_colorScheme(colorScheme) {
+SettingsScene::SettingsScene(AppLocalization& localization, ColorScheme& colorScheme,
+                             std::filesystem::path icon)
+    : m_localization(localization), m_colorScheme(colorScheme), m_icon(std::move(icon)) {
   connect(&m_closedWindows, &ClosedWindows::deleted, this, &SettingsScene::windowDidClose);
 }
 
@@ -18,6 +22,7 @@ void SettingsScene::show() {
   }
   m_window = std::make_unique<SettingsWindow>(m_localization, m_colorScheme);
   connect(m_window.get(), &SettingsWindow::closed, this, &SettingsScene::letGo);
+  m_window->setIcon(QIcon(QFile::decodeName(m_icon.c_str())));
   m_window->open();
 }
 

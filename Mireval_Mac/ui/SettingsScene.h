@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <filesystem>
 #include <memory>
 
 namespace mireval {
@@ -17,8 +18,8 @@ class SettingsScene final : public QObject {
   Q_OBJECT
 
  public:
-  /// The objects are not owned and must outlive the scene.
-  SettingsScene(AppLocalization& localization, ColorScheme& colorScheme);
+  /// The objects are not owned and must outlive the scene. The window has the icon in the file.
+  SettingsScene(AppLocalization& localization, ColorScheme& colorScheme, std::filesystem::path icon);
   ~SettingsScene() override;
 
   /// Opens the window. An open one comes to the front.
@@ -36,6 +37,7 @@ class SettingsScene final : public QObject {
 
   AppLocalization& m_localization;
   ColorScheme& m_colorScheme;
+  const std::filesystem::path m_icon;
   std::unique_ptr<SettingsWindow> m_window;
   ClosedWindows m_closedWindows;
 };

@@ -101,6 +101,7 @@ class WithoutTrayTest(DesktopTest):
         self.session.screenshot("window")
         self.assertIn("no tray", player.errors)
         self.assertEqual(len(player.errors.splitlines()), 1, player.errors)
+        self.assertIn("Icon (64 x 64)", self.session.run("xprop", "-name", "Mireval", "_NET_WM_ICON").stdout)
         self.session.press_key("Escape")
         self.session.click((5, 5))
         self.assertIn("Select a mode", player.texts())

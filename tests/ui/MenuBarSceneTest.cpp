@@ -20,7 +20,7 @@ class MenuBarSceneTest : public PanelFixture {
  protected:
   static constexpr QRect iconPlace{500, 12, 1, 1};
 
-  MenuBarSceneTest() { m_scene.show("MenuBarIcon.png"); }
+  MenuBarSceneTest() { m_scene.show(ICON); }
 
   static void runEventLoopOnce() { QCoreApplication::processEvents(); }
 
@@ -29,7 +29,7 @@ class MenuBarSceneTest : public PanelFixture {
 };
 
 TEST_F(MenuBarSceneTest, NothingButTheIconAtFirst) {
-  EXPECT_EQ(m_menuBarExtra.image(), "MenuBarIcon.png");
+  EXPECT_EQ(m_menuBarExtra.image(), ICON);
   EXPECT_EQ(m_scene.panel(), nullptr);
 }
 
@@ -315,6 +315,7 @@ TEST_F(MenuBarSceneTest, WithoutTrayAWindowWhoseClosingQuits) {
   const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
   m_menuBarExtra.findNoPlace();
   ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_EQ(m_scene.panel()->icon().availableSizes(), QList<QSize>{QSize(64, 64)});
   EXPECT_FALSE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
   m_scene.panel()->close();
   EXPECT_EQ(quit.size(), 1);

@@ -23,7 +23,7 @@ class SettingsSceneTest : public PanelFixture {
 
   static void runEventLoopOnce() { QCoreApplication::processEvents(); }
 
-  SettingsScene m_scene{m_localization, m_colorScheme};
+  SettingsScene m_scene{m_localization, m_colorScheme, ICON};
 };
 
 TEST_F(SettingsSceneTest, NothingAtFirst) {
@@ -43,6 +43,10 @@ TEST_F(SettingsSceneTest, AFramedWindowOfTheViewsSizeForGood) {
   EXPECT_GT(window.height(), 60);
   EXPECT_EQ(window.minimumSize(), window.size());
   EXPECT_EQ(window.maximumSize(), window.size());
+}
+
+TEST_F(SettingsSceneTest, TheWindowHasTheApplicationsIcon) {
+  EXPECT_EQ(open().icon().availableSizes(), QList<QSize>{QSize(64, 64)});
 }
 
 TEST_F(SettingsSceneTest, ThereIsOneAtMost) {
