@@ -19,6 +19,9 @@ std::optional<Action> longOption(std::string_view name) {
   if (name == "settings") {
     return Action::showSettings;
   }
+  if (name == "service") {
+    return Action::serve;
+  }
   if (name == "help") {
     return Action::showHelp;
   }
@@ -72,10 +75,12 @@ CommandLine CommandLine::parse(const std::vector<std::string_view>& arguments) {
       continue;
     }
     CommandLine option = argument[1] == '-' ? parseLong(argument) : parseShort(argument);
-    if (option.action != Action::showSettings) {
+    if (option.action != Action::showSettings && option.action != Action::serve) {
       return option;
     }
-    result = std::move(option);
+    if (result.action != Action::showSettings) {
+      result = std::move(option);
+    }
   }
   return result;
 }
@@ -85,6 +90,7 @@ std::string_view CommandLine::helpText() {
          "Music for work, from an icon in the tray. When the player runs already, its panel opens.\n"
          "\n"
          "  --settings     open the settings\n"
+         "  --service      started by the message bus: wait for its request\n"
          "  -h, --help     print this text\n"
          "  -v, --version  print the version\n";
 }

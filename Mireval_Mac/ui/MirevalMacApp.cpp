@@ -2,6 +2,7 @@
 
 #include "library/LocalLibraryProvider.h"
 #include "localization/AppLocalization.h"
+#include "platform/linux/BusActivation.h"
 #include "platform/linux/DisplayServer.h"
 #include "platform/linux/FolderResourceBundle.h"
 #include "platform/linux/IniUserDefaults.h"
@@ -54,6 +55,7 @@ int print(std::string_view text) {
 std::optional<int> answer(const CommandLine& commandLine) {
   switch (commandLine.action) {
     case CommandLine::Action::run:
+    case CommandLine::Action::serve:
     case CommandLine::Action::showSettings:
       return std::nullopt;
     case CommandLine::Action::showHelp:
@@ -68,9 +70,10 @@ std::optional<int> answer(const CommandLine& commandLine) {
 }
 
 /// Lets a copy that runs already do the work; nothing when this one is to run.
-std::optional<int> handOver(SingleInstance& instance, bool withSettings) {
+std::optional<int> handOver(SingleInstance& instance, CommandLine::Action action) {
   using Request = SingleInstance::Request;
-  switch (instance.elect(withSettings ? Request::showSettings : Request::showPanel)) {
+  const bool wantsSettings = action == CommandLine::Action::showSettings;
+  switch (instance.elect(wantsSettings ? Request::showSettings : Request::showPanel)) {
     case SingleInstance::Outcome::elected:
       break;
     case SingleInstance::Outcome::independent:
@@ -79,6 +82,11 @@ std::optional<int> handOver(SingleInstance& instance, bool withSettings) {
       }
       break;
     case SingleInstance::Outcome::handedOver:
+      if (action == CommandLine::Action::serve) {
+        // The bus would go on waiting for its name, and ask nobody else meanwhile.
+        std::fputs("mireval: a copy runs already, which the bus does not know; its panel opens\n", stderr);
+        return 1;
+      }
       return 0;
     case SingleInstance::Outcome::unanswered:
       std::fputs("mireval: a copy runs already, but does not answer\n", stderr);
@@ -87,12 +95,14 @@ std::optional<int> handOver(SingleInstance& instance, bool withSettings) {
   return std::nullopt;
 }
 
-int runScenes(const SingleInstance& instance, bool withSettings) {
+int runScenes(const SingleInstance& instance, CommandLine::Action action) {
   FolderResourceBundle resourceBundle = FolderResourceBundle::ofApplication();
   LazyAudioPlayerFactory audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication());
   QtRunLoop runLoop;
+  const QByteArray applicationId = QGuiApplication::desktopFileName().toUtf8();
   MprisMediaControls mediaControls({.identity = QGuiApplication::applicationDisplayName().toUtf8(),
-                                    .desktopEntry = QGuiApplication::desktopFileName().toUtf8()});
+                                    .busName = "mireval",
+                                    .desktopEntry = applicationId});
   QtImageDecoder imageDecoder;
   StandardOutput debugOutput;
   QtMainThread mainThread;
@@ -136,20 +146,27 @@ int runScenes(const SingleInstance& instance, bool withSettings) {
   QObject::connect(&mediaControls, &MprisMediaControls::raiseRequested, &scene, &MenuBarScene::showPanel,
                    Qt::QueuedConnection);
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
+  const auto serve = [&scene, &settings](SingleInstance::Request request) {
+    switch (request) {
+      case SingleInstance::Request::showPanel:
+        scene.showPanel();
+        break;
+      case SingleInstance::Request::showSettings:
+        settings.show();
+        break;
+    }
+  };
   const SingleInstanceServer laterCopies(instance);
-  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &scene,
-                   [&scene, &settings](SingleInstance::Request request) {
-                     switch (request) {
-                       case SingleInstance::Request::showPanel:
-                         scene.showPanel();
-                         break;
-                       case SingleInstance::Request::showSettings:
-                         settings.show();
-                         break;
-                     }
-                   });
+  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &scene, serve);
+  using StartedBy = BusActivation::StartedBy;
+  BusActivation busActivation(applicationId,
+                              action == CommandLine::Action::serve ? StartedBy::bus : StartedBy::user);
+  QObject::connect(&busActivation, &BusActivation::requested, &scene, serve, Qt::QueuedConnection);
+  // The bus that started a later copy may be one that came back, and does not know us yet.
+  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &busActivation, &BusActivation::appear);
   scene.show(icon);
-  if (withSettings) {
+  busActivation.appear();
+  if (action == CommandLine::Action::showSettings) {
     settings.show();
   }
   return QCoreApplication::exec();
@@ -165,9 +182,8 @@ int MirevalMacApp::main(int argc, char** argv) {
   if (const auto exitStatus = answer(commandLine)) {
     return *exitStatus;
   }
-  const bool withSettings = commandLine.action == CommandLine::Action::showSettings;
   SingleInstance instance = SingleInstance::ofUser();
-  if (const auto exitStatus = handOver(instance, withSettings)) {
+  if (const auto exitStatus = handOver(instance, commandLine.action)) {
     return *exitStatus;
   }
   returnLargeBlocksAtOnce();
@@ -183,13 +199,13 @@ int MirevalMacApp::main(int argc, char** argv) {
   QQuickWindow::setDefaultAlphaBuffer(true);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Mireval"));
-  QApplication::setDesktopFileName(QStringLiteral("mireval"));
+  QApplication::setDesktopFileName(QStringLiteral("org.mireval.Mireval"));
   QApplication::setQuitOnLastWindowClosed(false);
   // For a session that is restored, Qt proposes arguments of its own.
   QObject::connect(&application, &QApplication::saveStateRequest, &application, [](QSessionManager& session) {
     session.setRestartCommand({QCoreApplication::applicationFilePath()});
   });
-  return runScenes(instance, withSettings);
+  return runScenes(instance, commandLine.action);
 }
 
 }  // namespace mireval

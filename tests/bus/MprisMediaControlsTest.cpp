@@ -35,8 +35,8 @@ NowPlayingInfo makeInfo(const QString& title = u"Rain Veil"_s) {
 class MprisMediaControlsTest : public testing::Test {
  protected:
   static std::unique_ptr<MprisMediaControls> makeControls() {
-    return std::make_unique<MprisMediaControls>(
-        MprisMediaControls::Application{.identity = "Mireval", .desktopEntry = "mireval"});
+    return std::make_unique<MprisMediaControls>(MprisMediaControls::Application{
+        .identity = "Mireval", .busName = "mireval", .desktopEntry = "org.mireval.Mireval"});
   }
 
   /// Does what the controller does at its first track.
@@ -101,7 +101,7 @@ TEST_F(MprisMediaControlsTest, EveryPropertyAnswers) {
   EXPECT_EQ(m_client->allProperties(playerName, u"org.mpris.MediaPlayer2"_s),
             (QVariantMap{{u"CanQuit"_s, false},
                          {u"CanRaise"_s, true},
-                         {u"DesktopEntry"_s, u"mireval"_s},
+                         {u"DesktopEntry"_s, u"org.mireval.Mireval"_s},
                          {u"HasTrackList"_s, false},
                          {u"Identity"_s, u"Mireval"_s},
                          {u"SupportedMimeTypes"_s, QStringList()},

@@ -24,7 +24,7 @@ from sound import longest_silence
 
 APPLICATION_PROPERTIES = {
     "Identity": ("s", "read", "Mireval"),
-    "DesktopEntry": ("s", "read", "mireval"),
+    "DesktopEntry": ("s", "read", "org.mireval.Mireval"),
     "CanQuit": ("b", "read", False),
     "CanRaise": ("b", "read", True),
     "HasTrackList": ("b", "read", False),
@@ -487,7 +487,7 @@ class PlayersInPanelTest(MediaControlsCase):
         applications.mkdir()
         shutil.copy(BUNDLE / "MenuBarIcon.png", applications)
         # The panel lists only players with such a file.
-        (applications / "mireval.desktop").write_text(
+        (applications / "org.mireval.Mireval.desktop").write_text(
             f"[Desktop Entry]\nType=Application\nName=Mireval\nExec={PROGRAM}\nIcon={applications}/MenuBarIcon.png\n",
             encoding="utf-8")
 

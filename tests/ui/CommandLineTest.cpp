@@ -24,6 +24,7 @@ TEST(CommandLineTest, WithoutArgumentsThePlayerRuns) {
 
 TEST(CommandLineTest, EachOption) {
   EXPECT_EQ(actionOf({"--settings"}), Action::showSettings);
+  EXPECT_EQ(actionOf({"--service"}), Action::serve);
   EXPECT_EQ(actionOf({"--help"}), Action::showHelp);
   EXPECT_EQ(actionOf({"-h"}), Action::showHelp);
   EXPECT_EQ(actionOf({"--version"}), Action::showVersion);
@@ -35,8 +36,14 @@ TEST(CommandLineTest, AnOptionMayComeTwice) {
   EXPECT_EQ(actionOf({"--help", "--help"}), Action::showHelp);
 }
 
+TEST(CommandLineTest, SettingsWinOverTheRequestOfTheBus) {
+  EXPECT_EQ(actionOf({"--service", "--settings"}), Action::showSettings);
+  EXPECT_EQ(actionOf({"--settings", "--service"}), Action::showSettings);
+}
+
 TEST(CommandLineTest, HelpAndVersionWinOverSettings) {
   EXPECT_EQ(actionOf({"--settings", "--help"}), Action::showHelp);
+  EXPECT_EQ(actionOf({"--service", "--help"}), Action::showHelp);
   EXPECT_EQ(actionOf({"--version", "--settings"}), Action::showVersion);
 }
 
@@ -84,7 +91,7 @@ TEST(CommandLineTest, NothingIsAnOptionAfterTheDashes) {
 }
 
 TEST(CommandLineTest, HelpNamesEveryOption) {
-  for (const char* const option : {"--settings", "-h, --help", "-v, --version"}) {
+  for (const char* const option : {"--settings", "--service", "-h, --help", "-v, --version"}) {
     EXPECT_NE(CommandLine::helpText().find(option), std::string_view::npos) << option;
   }
   EXPECT_EQ(CommandLine::helpText().back(), '\n');

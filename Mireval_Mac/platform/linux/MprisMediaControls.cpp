@@ -21,7 +21,7 @@ constexpr auto shortestRetryDelay = 1s;
 constexpr auto longestRetryDelay = 30s;
 
 QByteArray busNameOf(const MprisMediaControls::Application& application) {
-  return "org.mpris.MediaPlayer2." + application.desktopEntry;
+  return "org.mpris.MediaPlayer2." + application.busName;
 }
 
 }  // namespace

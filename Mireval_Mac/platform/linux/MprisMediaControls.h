@@ -28,7 +28,9 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
   struct Application {
     /// For people.
     QByteArray identity;
-    /// Name of the desktop file, without its suffix; the last part of the name on the bus, too.
+    /// The last part of the name on the bus.
+    QByteArray busName;
+    /// Name of the desktop file, without its suffix.
     QByteArray desktopEntry;
   };
 
