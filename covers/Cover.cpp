@@ -1,0 +1,44 @@
+#include "Cover.h"
+
+#include "CreativeCover.h"
+#include "FocusCover.h"
+#include "RelaxationCover.h"
+#include "TempoCover.h"
+
+#include <QPainter>
+
+namespace mireval {
+namespace {
+
+constexpr double unitsPerSide = 1000;
+
+void paint(Mood mood, QPainter& painter, int number) {
+  switch (mood) {
+    case Mood::relaxation:
+      RelaxationCover::paint(painter, number);
+      break;
+    case Mood::focus:
+      FocusCover::paint(painter, number);
+      break;
+    case Mood::creative:
+      CreativeCover::paint(painter, number);
+      break;
+    case Mood::tempo:
+      TempoCover::paint(painter, number);
+      break;
+  }
+}
+
+}  // namespace
+
+QImage Cover::draw(Mood mood, int number) {
+  QImage image(sidePixels, sidePixels, QImage::Format_RGB32);
+  image.fill(Qt::black);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(sidePixels / unitsPerSide, sidePixels / unitsPerSide);
+  paint(mood, painter, number);
+  return image;
+}
+
+}  // namespace mireval

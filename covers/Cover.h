@@ -1,0 +1,19 @@
+#pragma once
+
+#include "library/Mood.h"
+
+#include <QImage>
+
+namespace mireval {
+
+/// The pictures that stand for the tracks of a mode in the desktop's media controls.
+class Cover {
+ public:
+  static constexpr int countPerMood = 10;
+  static constexpr int sidePixels = 1200;
+
+  /// The picture of a mode with a number from 1 to `countPerMood`. The same at each call.
+  static QImage draw(Mood mood, int number);
+};
+
+}  // namespace mireval

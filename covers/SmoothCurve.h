@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QPainterPath>
+#include <QPolygonF>
+
+namespace mireval {
+
+/// Rounded lines through given points.
+class SmoothCurve {
+ public:
+  /// From the first point to the last.
+  static QPainterPath open(const QPolygonF& points);
+  /// Back to the first point.
+  static QPainterPath closed(const QPolygonF& points);
+};
+
+}  // namespace mireval
