@@ -22,8 +22,14 @@ else()
   add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,--as-needed)
   if(CMAKE_BUILD_TYPE MATCHES "Rel")
     add_compile_definitions(_FORTIFY_SOURCE=2)
+    # The same comes out of every folder.
+    set(folders -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=build)
+    add_compile_options(${folders})
+    add_link_options(${folders})
   endif()
 endif()
+
+set_property(GLOBAL PROPERTY RULE_LAUNCH_CUSTOM "\"${CMAKE_CURRENT_LIST_DIR}/reproducibly\"")
 
 include(CheckPIESupported)
 check_pie_supported()
