@@ -26,8 +26,9 @@ fs::path LazyAudioPlayerFactory::moduleOfApplication() {
   std::error_code error;
   const fs::path programFolder = fs::read_symlink("/proc/self/exe", error).parent_path();
   const fs::path besideProgram = programFolder / moduleName;
-  return fs::exists(besideProgram, error) ? besideProgram
-                                          : programFolder.parent_path() / "lib" / "mireval" / moduleName;
+  return fs::exists(besideProgram, error)
+             ? besideProgram
+             : programFolder.parent_path() / "lib" / "mireval" / "modules" / moduleName;
 }
 
 void LazyAudioPlayerFactory::warmUp() {

@@ -20,8 +20,8 @@ class LazyAudioPlayerFactory final : public AudioPlayerFactory {
   LazyAudioPlayerFactory& operator=(const LazyAudioPlayerFactory&) = delete;
   ~LazyAudioPlayerFactory() override;
 
-  /// The module of the running program: beside the executable (a build tree), else in `../lib/mireval` (an
-  /// installed tree).
+  /// The module of the running program: beside the executable (a build tree), else in
+  /// `../lib/mireval/modules` (an installed tree).
   static std::filesystem::path moduleOfApplication();
 
   /// Loads the module on a thread of its own.

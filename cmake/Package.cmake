@@ -1,0 +1,32 @@
+# One Debian package with all that is installed. `pack` has CPack make it.
+
+set(changelog ${CMAKE_BINARY_DIR}/changelog.gz)
+add_custom_command(
+  OUTPUT ${changelog}
+  COMMAND gzip --best --no-name --stdout ${PROJECT_SOURCE_DIR}/packaging/debian/changelog > ${changelog}
+  DEPENDS packaging/debian/changelog
+  VERBATIM)
+add_custom_target(changelog ALL DEPENDS ${changelog})
+install(FILES ${changelog} packaging/debian/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/mireval)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PACKAGE_NAME mireval)
+set(CPACK_PACKAGE_CONTACT "The Mireval authors <authors@mireval.org>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+# Nearly all of it is compressed already.
+set(CPACK_DEBIAN_COMPRESSION_TYPE gzip)
+set(CPACK_DEBIAN_PACKAGE_SECTION sound)
+set(CPACK_PACKAGE_DESCRIPTION
+"Click the icon, pick one of four modes (focus, tempo, creative, relaxation),
+and music plays, on and on, until you quit. There are sixteen tracks for each
+mode, in a new order at each start; all of them were composed for Mireval.
+.
+It needs neither an account nor the network.")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# What is loaded by name, and cannot be computed.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qml6-module-qtqml-workerscript, qml6-module-qtquick-shapes")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk, pulseaudio | pipewire-pulse, qt6-wayland")
+include(CPack)
