@@ -436,22 +436,22 @@ class FloodTest(MediaControlsCase):
         self.session.press_key("Escape")
         player.wait_until_closed()
         title = controls.title
-        resident = []
+        memory = []
         failures = []
-        flood = threading.Thread(target=self.flood, args=(player, resident, failures))
+        flood = threading.Thread(target=self.flood, args=(player, memory, failures))
         flood.start()
         silences = []
         while flood.is_alive():
             silences.append(longest_silence(recorder.next(0.5)))
         flood.join()
         self.assertEqual(failures, [])
-        self.assertEqual(len(resident), self.ROUNDS)
+        self.assertEqual(len(memory), self.ROUNDS)
         self.assertEqual(max(silences), 0, silences)
-        self.assertLess(resident[-1] - resident[1], 2048, resident)
+        self.assertLess(memory[-1] - memory[1], 2048, memory)
         self.assertEqual((controls.status, controls.title), ("Playing", title))
         self.end(player)
 
-    def flood(self, player, resident, failures):
+    def flood(self, player, memory, failures):
         try:
             for _ in range(self.ROUNDS):
                 for interface, method, arguments in ((PROPERTIES, "GetAll", ("s", PLAYER)), (PLAYER, "Next", ())):
@@ -468,7 +468,7 @@ class FloodTest(MediaControlsCase):
                     client.send(NAME, PATH, PROPERTIES, "GetAll", "s", PLAYER)
                 client.close()
                 MediaPlayer(self.session).get("PlaybackStatus")
-                resident.append(player.resident_kilobytes())
+                memory.append(player.anonymous_kilobytes())
         except Exception as error:  # In a thread nobody else would see it.
             failures.append(repr(error))
 

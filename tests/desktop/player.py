@@ -39,9 +39,10 @@ class Player:
     def find_icon(self, colour=ICON_COLOUR):
         return wait_for(lambda: self._session.screenshot("icon").icon_centre(colour), "the icon in the tray")
 
-    def resident_kilobytes(self):
+    def anonymous_kilobytes(self):
+        """Its own memory; the pages of programs and libraries come and go with the system's cache."""
         status = Path(f"/proc/{self.process.pid}/status").read_text(encoding="utf-8")
-        return next(int(line.split()[1]) for line in status.splitlines() if line.startswith("VmRSS:"))
+        return next(int(line.split()[1]) for line in status.splitlines() if line.startswith("RssAnon:"))
 
     def texts(self):
         """The names of all that the panel shows; nothing while it is closed."""
