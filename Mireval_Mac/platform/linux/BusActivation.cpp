@@ -76,11 +76,6 @@ struct BusActivation::Bus {
     return sd_bus_reply_method_return(call, nullptr);
   }
 
-  static int handleNameReply(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    static_cast<Self*>(userdata)->m_hasAnswer = sd_bus_message_is_method_error(reply, nullptr) == 0;
-    return 0;
-  }
-
   static const sd_bus_vtable application[];
 };
 
@@ -99,26 +94,22 @@ BusActivation::BusActivation(QByteArray applicationId, StartedBy startedBy)
     : m_applicationId(std::move(applicationId)),
       m_objectPath(objectPathOf(m_applicationId)),
       m_isStarting(startedBy == StartedBy::bus) {
-  connect(&m_bus, &MessageBus::lost, this, [this] {
-    // A bus that never answered would do the same again.
-    if (std::exchange(m_hasAnswer, false)) {
-      appear();
-    }
-  });
+  connect(&m_bus, &MessageBus::opened, this, &BusActivation::introduce);
 }
 
 BusActivation::~BusActivation() = default;
 
 void BusActivation::appear() {
-  if (m_bus.isOpen() || !m_bus.open()) {
-    return;
+  if (!m_bus.isOpen()) {
+    m_bus.keepOpen();
   }
+}
+
+void BusActivation::introduce() {
   // The object first: the bus passes on what has waited for the name at once.
-  sd_bus* const bus = m_bus.connection();
-  sd_bus_add_object_vtable(bus, nullptr, m_objectPath.constData(), applicationInterface, Bus::application,
-                           this);
-  sd_bus_request_name_async(bus, nullptr, m_applicationId.constData(), SD_BUS_NAME_QUEUE,
-                            Bus::handleNameReply, this);
+  sd_bus_add_object_vtable(m_bus.connection(), nullptr, m_objectPath.constData(), applicationInterface,
+                           Bus::application, this);
+  m_bus.requestName(m_applicationId.constData());
   m_bus.flush();
 }
 

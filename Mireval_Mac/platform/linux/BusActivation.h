@@ -44,6 +44,7 @@ class BusActivation final : public QObject {
   /// The callbacks of the bus.
   struct Bus;
 
+  void introduce();
   void request(SingleInstance::Request request, const QByteArray& token);
 
   const QByteArray m_applicationId;
@@ -51,7 +52,6 @@ class BusActivation final : public QObject {
   /// The bus has yet to pass on why it started the application.
   bool m_isStarting;
   MessageBus m_bus{MessageBus::Kind::session};
-  bool m_hasAnswer = false;
 };
 
 }  // namespace mireval

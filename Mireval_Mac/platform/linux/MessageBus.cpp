@@ -25,11 +25,8 @@ struct MessageBus::Listener {
     return 0;
   }
 
-  static int handleRuleReply(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    if (sd_bus_message_is_method_error(reply, nullptr) == 0) {
-      static_cast<Listener*>(userdata)->bus.m_hasListened = true;
-    }
-    return 0;
+  static int handleRuleReply(sd_bus_message* reply, void* userdata, sd_bus_error* error) {
+    return handleBusReply(reply, &static_cast<Listener*>(userdata)->bus, error);
   }
 };
 
@@ -75,6 +72,17 @@ void MessageBus::listen(const char* rule, std::function<void(sd_bus_message* mes
                          Listener::handleRuleReply, m_listeners.back().get());
 }
 
+void MessageBus::requestName(const char* name) {
+  sd_bus_request_name_async(m_connection.get(), nullptr, name, SD_BUS_NAME_QUEUE, handleBusReply, this);
+}
+
+int MessageBus::handleBusReply(sd_bus_message* reply, void* userdata, sd_bus_error*) {
+  if (sd_bus_message_is_method_error(reply, nullptr) == 0) {
+    static_cast<MessageBus*>(userdata)->m_isWelcome = true;
+  }
+  return 0;
+}
+
 MessageBus::Slot MessageBus::call(const Method& method, std::initializer_list<const char*> arguments,
                                   Start start, AnswerHandler handle, void* userdata) {
   sd_bus_message* message = nullptr;
@@ -99,7 +107,7 @@ void MessageBus::process() {
   for (int i = 0; isOpen() && i < messagesAtATime; ++i) {
     const int progress = sd_bus_process(m_connection.get(), nullptr);
     if (progress < 0) {
-      const bool again = m_keepsOpen && m_hasListened;
+      const bool again = m_keepsOpen && m_isWelcome;
       close();
       Q_EMIT lost();
       if (again) {
@@ -149,7 +157,7 @@ void MessageBus::close() {
   m_descriptor = -1;
   m_connection.reset();
   m_listeners.clear();
-  m_hasListened = false;
+  m_isWelcome = false;
 }
 
 }  // namespace mireval

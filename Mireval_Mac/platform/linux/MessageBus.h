@@ -45,7 +45,8 @@ class MessageBus final : public QObject {
   bool open();
 
   /// Opens, now and again at once whenever the connection is lost, as long as the bus lets this connection
-  /// listen: one that never has would only do the same again. False when there is no bus to connect to now.
+  /// listen or ask for a name: one that never has would only do the same again. False when there is no bus to
+  /// connect to now.
   bool keepOpen();
 
   bool isOpen() const { return m_connection != nullptr; }
@@ -56,6 +57,10 @@ class MessageBus final : public QObject {
   /// Asks the bus for the messages that match the rule; each is handed over until the connection is lost. To
   /// be called while it is open; call `flush` after it.
   void listen(const char* rule, std::function<void(sd_bus_message* message)> handle);
+
+  /// Asks for a name, and waits in its queue while it is another's. To be called while the connection is
+  /// open; call `flush` after it.
+  void requestName(const char* name);
 
   /// Calls a method that takes texts. The answer, which may be an error, is handed over with the user data;
   /// not once the slot has gone. To be called while the connection is open. An empty slot if nothing could be
@@ -79,13 +84,16 @@ class MessageBus final : public QObject {
   };
   struct Listener;
 
+  /// Of a request of our own to the bus itself.
+  static int handleBusReply(sd_bus_message* reply, void* userdata, sd_bus_error* error);
+
   void process();
   void watch();
   void close();
 
   const Kind m_kind;
   bool m_keepsOpen = false;
-  bool m_hasListened = false;
+  bool m_isWelcome = false;
   std::vector<std::unique_ptr<Listener>> m_listeners;
   std::unique_ptr<sd_bus, Close> m_connection;
   int m_descriptor = -1;
