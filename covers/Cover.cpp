@@ -2,6 +2,7 @@
 
 #include "CreativeCover.h"
 #include "FocusCover.h"
+#include "GeometricShapes.h"
 #include "RelaxationCover.h"
 #include "TempoCover.h"
 
@@ -9,8 +10,6 @@
 
 namespace mireval {
 namespace {
-
-constexpr double unitsPerSide = 1000;
 
 void paint(Mood mood, QPainter& painter, int number) {
   switch (mood) {
@@ -36,7 +35,7 @@ QImage Cover::draw(Mood mood, int number) {
   image.fill(Qt::black);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(sidePixels / unitsPerSide, sidePixels / unitsPerSide);
+  painter.scale(sidePixels / pictureSide, sidePixels / pictureSide);
   paint(mood, painter, number);
   return image;
 }

@@ -27,8 +27,6 @@ constexpr QRgb paper = 0xfff4f6fb;
 constexpr QRgb blue = 0xff5b7cff;
 constexpr QRgb ember = 0xffff7a52;
 
-const QPointF middle(pictureSide / 2, pictureSide / 2);
-
 // A colour between ink at 0 and paper at 1, without the greys of a straight mixture.
 QColor tone(double lightness) {
   return lightness < 0.5 ? mix(night, slate, lightness / 0.5) : mix(slate, paper, (lightness - 0.5) / 0.5);

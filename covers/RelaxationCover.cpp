@@ -1,6 +1,7 @@
 #include "RelaxationCover.h"
 
 #include "CoverRandom.h"
+#include "GeometricShapes.h"
 #include "Scenery.h"
 #include "SmoothCurve.h"
 
@@ -28,13 +29,6 @@ constexpr QRgb rose = 0xffee8f86;
 QColor sheer(QColor colour, double part) {
   colour.setAlpha(qRound(colour.alpha() * part));
   return colour;
-}
-
-QColor blend(QRgb from, QRgb to, double part) {
-  const QColor a(from);
-  const QColor b(to);
-  const auto channel = [part](int x, int y) { return qRound(x + (y - x) * part); };
-  return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
 }
 
 /// The light of a lamp, the sun or the moon on water: strips that widen towards the viewer, as their gaps do.
@@ -85,8 +79,8 @@ void paintHills(QPainter& painter) {
   for (int i = 0; i < count; ++i) {
     const double nearness = i / (count - 1.0);
     const QColor colour =
-        nearness < 0.5 ? blend(0xffa5d1c6, teal, nearness * 2) : blend(teal, ink, nearness * 2 - 1);
-    scenery.land(skylines[i], colour, blend(pale, deep, nearness), 300);
+        nearness < 0.5 ? mix(0xffa5d1c6, teal, nearness * 2) : mix(teal, ink, nearness * 2 - 1);
+    scenery.land(skylines[i], colour, mix(pale, deep, nearness), 300);
   }
 }
 
@@ -286,7 +280,7 @@ void paintTide(QPainter& painter) {
     QPainterPath water = foam;
     water.lineTo(1300, -300);
     water.lineTo(-300, -300);
-    scenery.shape(water, depths[i], blend(depths[i], haze, 0.3));
+    scenery.shape(water, depths[i], mix(depths[i], haze, 0.3));
     painter.strokePath(foam, QPen(sheer(0xfffffaf0, 0.82 - 0.13 * i), 13 - 2.0 * i));
   }
 }
@@ -381,7 +375,7 @@ void paintFirstLight(QPainter& painter) {
   constexpr std::array<QRgb, count> rings{0xff236273, 0xff388590, 0xff64aaa8, 0xffa3cfc0,
                                           0xffe8dfc0, 0xfffcc9a0, 0xfff8a58a};
   for (int i = 0; i < count; ++i) {
-    scenery.disc(source, 720 - 96.0 * i, rings[i], blend(rings[i], sand, 0.35));
+    scenery.disc(source, 720 - 96.0 * i, rings[i], mix(rings[i], sand, 0.35));
   }
   scenery.land({{0, 700}, {180, 680}, {400, 720}, {640, 705}, {840, 680}, {1000, 700}}, 0xff4b8f95,
                0xfff3dcc2, 170);

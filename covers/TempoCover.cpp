@@ -20,8 +20,6 @@ constexpr QRgb orange = 0xffff7417;
 constexpr QRgb amber = 0xffffae3d;
 constexpr QRgb straw = 0xffffe88a;
 
-const QPointF middle(pictureSide / 2, pictureSide / 2);
-
 void fillGround(QPainter& painter, QColor colour) {
   painter.fillRect(QRectF(0, 0, pictureSide, pictureSide), colour);
 }
