@@ -2,21 +2,23 @@
 
 #include <QHashFunctions>
 
-namespace {
-
-std::size_t hashOfOptional(const std::optional<QString>& text, std::size_t seed) {
-  const std::size_t presence = qHash(text.has_value(), seed);
-  return text ? qHash(*text, presence) : presence;
-}
-
-}  // namespace
-
 std::size_t std::hash<mireval::Track>::operator()(const mireval::Track& track) const noexcept {
-  std::size_t seed = qHash(track.id);
-  seed = qHash(mireval::rawValue(track.mood), seed);
-  seed = qHash(track.title, seed);
-  seed = qHash(track.detail, seed);
-  seed = hashOfOptional(track.resourceName, seed);
-  seed = hashOfOptional(track.fileExtension, seed);
-  return qHashMulti(seed, std::hash<mireval::TrackAvailability>{}(track.availability));
+  // Each part is hashed by itself before it is combined with those before it: fed into one another's seeds, a
+  // mark of presence and a text could cancel each other out.
+  std::size_t combined = 0;
+  const auto add = [&combined](const auto& part) { combined = qHashMulti(combined, part); };
+  const auto addOptional = [&add](const std::optional<QString>& text) {
+    add(text.has_value());
+    if (text) {
+      add(*text);
+    }
+  };
+  add(track.id);
+  add(mireval::rawValue(track.mood));
+  add(track.title);
+  add(track.detail);
+  addOptional(track.resourceName);
+  addOptional(track.fileExtension);
+  add(std::hash<mireval::TrackAvailability>{}(track.availability));
+  return combined;
 }

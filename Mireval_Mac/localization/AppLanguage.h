@@ -2,17 +2,18 @@
 
 #include <QObject>
 #include <QString>
+#include <QtGlobal>
 
 #include <array>
-#include <cstdint>
 #include <optional>
 
 namespace mireval {
 namespace app_language {
 Q_NAMESPACE
 
-/// A language that the interface speaks. English stands in wherever another one lacks something.
-enum class AppLanguage : std::uint8_t { english, chineseSimplified, chineseTraditional, japanese };
+/// A language that the interface speaks. English stands in wherever another one lacks something. QML's
+/// registration knows Qt's names of integers only.
+enum class AppLanguage : quint8 { english, chineseSimplified, chineseTraditional, japanese };
 Q_ENUM_NS(AppLanguage)
 
 }  // namespace app_language
