@@ -62,6 +62,24 @@ TEST_F(PanelWindowTest, Sizes) {
   }
 }
 
+TEST_F(PanelWindowTest, SymbolsAndTitlesShareTheCentreOfTheirButton) {
+  const auto panel = makePanel();
+  const auto centre = [&](const char* name, const char* inside = nullptr) {
+    const QQuickItem* const found = item(*panel, name, inside);
+    return found->mapToScene(QRectF({}, found->size()).center());
+  };
+  for (const char* const language : {"en", "ja"}) {
+    speak(language);
+    for (const char* const mode : {"mode-scope", "mode-metronome", "mode-sparkles", "mode-wind"}) {
+      EXPECT_DOUBLE_EQ(centre(mode, "symbol").x(), centre(mode).x()) << language << " " << mode;
+      EXPECT_DOUBLE_EQ(centre(mode, "modeTitle").x(), centre(mode).x()) << language << " " << mode;
+    }
+  }
+  for (const char* const button : {"transport-previous", "transport-playPause", "transport-next"}) {
+    EXPECT_EQ(centre(button, "symbol"), centre(button)) << button;
+  }
+}
+
 TEST_F(PanelWindowTest, EachModeButtonStartsItsMode) {
   const auto panel = makePanel();
   for (const ModeButton& button : modeButtons) {

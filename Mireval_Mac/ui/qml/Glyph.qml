@@ -26,8 +26,9 @@ Shape {
             "sparkles": "M 7.8 4.6 C 8.6 9.2 9.6 10.2 14.2 11 C 9.6 11.8 8.6 12.8 7.8 17.4 C 7 12.8 6 11.8 1.4 11 C 6 10.2 7 9.2 7.8 4.6 Z M 14.8 1.4 C 15.2 3.9 15.8 4.5 18.3 4.9 C 15.8 5.3 15.2 5.9 14.8 8.4 C 14.4 5.9 13.8 5.3 11.3 4.9 C 13.8 4.5 14.4 3.9 14.8 1.4 Z M 15.6 13.2 C 15.9 14.9 16.3 15.3 18 15.6 C 16.3 15.9 15.9 16.3 15.6 18 C 15.3 16.3 14.9 15.9 13.2 15.6 C 14.9 15.3 15.3 14.9 15.6 13.2 Z"
         })
 
-    implicitWidth: 20 * unit
-    implicitHeight: 20 * unit
+    // Newer shapes take the size of what is drawn for their implicit size, and symbols would leave the centre.
+    width: 20 * unit
+    height: 20 * unit
 
     ShapePath {
         fillColor: "transparent"

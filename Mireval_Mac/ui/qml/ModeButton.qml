@@ -15,9 +15,9 @@ PlainButton {
 
     opacity: selected && playing ? 1.0 : 0.98
 
+    // Placed by hand: an anchor to the centre would round to whole pixels, and each release of Qt does it differently.
     Circle {
         objectName: "circle"
-        // An anchor to the centre would round to whole pixels.
         x: (button.width - width) / 2
         y: (button.height - height) / 2
         width: button.diameter
@@ -31,24 +31,25 @@ PlainButton {
         }
     }
 
-    Column {
-        anchors.centerIn: parent
-        spacing: 2
+    Glyph {
+        id: glyph
 
-        Glyph {
-            objectName: "symbol"
-            anchors.horizontalCenter: parent.horizontalCenter
-            name: button.selected && !button.playing ? "play.fill" : button.symbol
-            fontSize: 16
-            color: button.foreground
-        }
+        objectName: "symbol"
+        x: (button.width - width) / 2
+        y: (button.height - height - 2 - title.height) / 2
+        name: button.selected && !button.playing ? "play.fill" : button.symbol
+        fontSize: 16
+        color: button.foreground
+    }
 
-        Text {
-            objectName: "modeTitle"
-            anchors.horizontalCenter: parent.horizontalCenter
-            text: button.label
-            color: button.foreground
-            font: button.font
-        }
+    Text {
+        id: title
+
+        objectName: "modeTitle"
+        x: (button.width - width) / 2
+        y: glyph.y + glyph.height + 2
+        text: button.label
+        color: button.foreground
+        font: button.font
     }
 }

@@ -25,7 +25,8 @@ PlainButton {
 
     Glyph {
         objectName: "symbol"
-        anchors.centerIn: parent
+        x: (button.width - width) / 2
+        y: (button.height - height) / 2
         name: button.symbol
         fontSize: 13
         color: button.colors.ink
