@@ -1,9 +1,19 @@
 # One Debian package with all that is installed. `pack` has CPack make it.
 
+# Packages of two releases of Debian have the same version but for its end, which sorts them like the releases.
+# Debian's unstable has no number.
+cmake_host_system_information(RESULT distribution QUERY DISTRIB_ID)
+cmake_host_system_information(RESULT release QUERY DISTRIB_VERSION_ID)
+set(package_version ${PROJECT_VERSION})
+if(distribution STREQUAL "debian" AND release)
+  string(APPEND package_version "~deb${release}")
+endif()
+
 set(changelog ${CMAKE_BINARY_DIR}/changelog.gz)
 add_custom_command(
   OUTPUT ${changelog}
-  COMMAND gzip --best --no-name --stdout ${PROJECT_SOURCE_DIR}/packaging/debian/changelog > ${changelog}
+  COMMAND sed "1s/(.*)/(${package_version})/" ${PROJECT_SOURCE_DIR}/packaging/debian/changelog |
+    gzip --best --no-name --stdout > ${changelog}
   DEPENDS packaging/debian/changelog
   VERBATIM)
 add_custom_target(changelog ALL DEPENDS ${changelog})
@@ -12,6 +22,7 @@ install(FILES ${changelog} packaging/debian/copyright DESTINATION ${CMAKE_INSTAL
 set(CPACK_GENERATOR DEB)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_PACKAGE_NAME mireval)
+set(CPACK_PACKAGE_VERSION ${package_version})
 set(CPACK_PACKAGE_CONTACT "The Mireval authors <authors@mireval.org>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)

@@ -1,28 +1,13 @@
-"""A Debian system in a folder, with no more than its package manager needs."""
+"""A Debian system in a folder, of the same release as this one, with no more than its package manager needs."""
 
-import re
 import shutil
 import stat
 import subprocess
 from pathlib import Path
 
-SUITES = "bookworm|bookworm-updates|bookworm-security"
+BARE_SYSTEM = Path(__file__).resolve().parents[2] / "script/bare-system"
 # What the package manager writes about each of its actions.
 JOURNALS = ("var/cache", "var/lib/apt", "var/lib/dpkg", "var/log")
-
-
-def _output(*command):
-    return subprocess.run(command, stdout=subprocess.PIPE, text=True, check=True, timeout=60).stdout
-
-
-def _sources():
-    """The machine's own sources of this Debian."""
-    lines = _output("apt-get", "indextargets", "--format", "deb $(REPO_URI) $(RELEASE) $(COMPONENT)",
-                    "Identifier: Packages", "Origin: Debian").splitlines()
-    sources = sorted({line for line in lines if re.fullmatch(SUITES, line.split()[2])})
-    if not sources:
-        raise AssertionError("apt knows no packages of Debian 12; does 'apt-get update' succeed?")
-    return sources
 
 
 class CleanSystem:
@@ -35,15 +20,7 @@ class CleanSystem:
         # What one that was killed has left; its mounts went with it.
         self.end()
         folder.mkdir(parents=True)
-        sources = folder / "sources.list"
-        sources.write_text("\n".join(_sources()) + "\n", encoding="utf-8")
-        # Proxies and the like.
-        options = folder / "apt.conf"
-        options.write_text("".join(line for line in _output(
-            "apt-config", "dump", "--no-empty", "--format", '%F "%v";%n', "Acquire").splitlines(keepends=True)),
-            encoding="utf-8")
-        subprocess.run(["mmdebstrap", "--quiet", "--mode=root", "--variant=minbase", f"--aptopt={options}",
-                        "--dpkgopt=force-unsafe-io", "bookworm", self.root, sources], check=True, timeout=300)
+        subprocess.run([BARE_SYSTEM, "make", "same", self.root], check=True, timeout=300)
         for name in ("hosts", "resolv.conf"):
             shutil.copy(f"/etc/{name}", self.root / "etc")
         self._mount(self.root / "proc", "--types", "proc", "proc")
