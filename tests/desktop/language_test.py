@@ -26,7 +26,9 @@ class LanguageCase(DesktopTest):
     desktop = {"system_bus": True}
 
     def start_player(self, **environment):
-        return Player(self.session, PROGRAM, self.resources, environment={"LANG": "en_GB.UTF-8", **environment})
+        # Characters in an encoding that there is on every system, or Qt would say that there is none.
+        return Player(self.session, PROGRAM, self.resources,
+                      environment={"LANG": "en_GB.UTF-8", "LC_CTYPE": "C.UTF-8", **environment})
 
     def ask(self, *arguments):
         copy = Player(self.session, PROGRAM, arguments=arguments, name="copy")

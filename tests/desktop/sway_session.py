@@ -4,6 +4,7 @@ program moves.
 
 import json
 import os
+import pwd
 import subprocess
 import sys
 import time
@@ -32,7 +33,9 @@ def leave_root():
     """Starts the program anew as an ordinary user who may still do with all files what root may: sway refuses to
     run as root."""
     if os.geteuid() == 0:
-        os.execvp("unshare", ["unshare", "--user", "--map-user=1000", "--map-group=1000",
+        # Message buses do not start for a user whom the system does not know; this one is on every Debian.
+        user = pwd.getpwnam("daemon")
+        os.execvp("unshare", ["unshare", "--user", f"--map-user={user.pw_uid}", f"--map-group={user.pw_gid}",
                               sys.executable, "-B", *sys.argv])
 
 

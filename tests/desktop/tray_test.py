@@ -239,8 +239,8 @@ class HighResolutionTest(PlaceCase):
 
 
 class TwoScreensTest(PlaceCase):
-    """The bar knows only the screen that has an output. At its sides it claims false room, so there the icon is in the
-    middle, where it tells by itself on which side the bar is."""
+    """The bar goes to the primary screen, which its older versions take for the one that has an output. At its sides it
+    claims false room, so there the icon is in the middle, where it tells by itself on which side the bar is."""
 
     SCREENS = {"left": (0, 0, 1280, 800), "right": (1280, 0, 1280, 800)}
     desktop = {**TrayCase.desktop, "screen_size": "2560x800"}
@@ -249,8 +249,9 @@ class TwoScreensTest(PlaceCase):
         for name in self.SCREENS:
             self.session.run("xrandr", "--delmonitor", name)
         for name, (left, top, width, height) in self.SCREENS.items():
-            result = self.session.run("xrandr", "--setmonitor", name, f"{width}/320x{height}/200+{left}+{top}",
-                                      "screen" if name == connected else "none")
+            marked, output = (f"*{name}", "screen") if name == connected else (name, "none")
+            result = self.session.run("xrandr", "--setmonitor", marked, f"{width}/320x{height}/200+{left}+{top}",
+                                      output)
             self.assertEqual(result.returncode, 0, result.stderr)
 
     def test_opens_on_the_screen_of_the_bar(self):
