@@ -42,6 +42,8 @@ class PlasmaSession(Session):
 
     def __init__(self, screenshots, *, scale=1, **options):
         self.scale = scale
+        # Of the screen.
+        self.size = round(WIDTH * scale), round(HEIGHT * scale)
         super().__init__(screenshots, tray=False, screen_size="{}x{}".format(*self.size), **options)
 
     def _start_screen(self):
@@ -102,11 +104,6 @@ class PlasmaSession(Session):
 
     def restore_bar(self):
         self._tell_shell(MOVE_BAR.format(edge="bottom", length="fill"))
-
-    @property
-    def size(self):
-        """Of the screen."""
-        return round(WIDTH * self.scale), round(HEIGHT * self.scale)
 
     @property
     def free_place(self):
@@ -186,8 +183,13 @@ class PlasmaWaylandSession(PlasmaSession):
                             "the compositor", 60)
         self.environment["DISPLAY"], self.environment["WAYLAND_DISPLAY"] = displays
         if self.scale != 1:
-            self._succeed("env", "QT_QPA_PLATFORM=wayland", "kscreen-doctor", f"output.1.scale.{self.scale}")
-            self._wait_for_resolution()
+            self.set_scale(self.scale)
+
+    def set_scale(self, scale):
+        """As Plasma's settings do. The screen keeps its number of pixels."""
+        self.scale = scale
+        self._succeed("env", "QT_QPA_PLATFORM=wayland", "kscreen-doctor", f"output.1.scale.{scale}")
+        self._wait_for_resolution()
 
     def _start_in_session(self, command):
         self.start([command], environment={"QT_QPA_PLATFORM": "wayland"})
