@@ -3,6 +3,7 @@
 Positions and pictures are in the screen's pixels, whatever the scale.
 """
 
+import re
 import subprocess
 import sys
 import time
@@ -44,7 +45,8 @@ class PlasmaSession(Session):
         self.scale = scale
         # Of the screen.
         self.size = round(WIDTH * scale), round(HEIGHT * scale)
-        super().__init__(screenshots, tray=False, screen_size="{}x{}".format(*self.size), **options)
+        options.setdefault("screen_size", "{}x{}".format(*self.size))
+        super().__init__(screenshots, tray=False, **options)
 
     def _start_screen(self):
         # Without a reset whenever its last client leaves, which may be one that only asked whether it is there.
@@ -75,8 +77,8 @@ class PlasmaSession(Session):
         lines = self._succeed("xrdb", "-query").splitlines()
         return next((int(line.split()[1]) for line in lines if line.startswith("Xft.dpi:")), None)
 
-    def _wait_for_resolution(self):
-        wait_for(lambda: self._resolution() == round(96 * self.scale), "the fonts' resolution", 30)
+    def _wait_for_resolution(self, scale):
+        wait_for(lambda: self._resolution() == round(96 * scale), "the fonts' resolution", 30)
 
     def _succeed(self, *command):
         result = self.run(*command)
@@ -124,6 +126,7 @@ class PlasmaSession(Session):
     def _run_on_screen(self, *command):
         result = subprocess.run(command, env=self._screen_environment, capture_output=True, text=True, timeout=20)
         assert result.returncode == 0, (command, result.stderr)
+        return result.stdout
 
     def move_pointer(self, position):
         self._run_on_screen("xdotool", "mousemove", *map(str, position))
@@ -158,7 +161,7 @@ class PlasmaX11Session(PlasmaSession):
         Path(self.environment["XDG_CONFIG_HOME"], "kcmfonts").write_text(
             f"[General]\nforceFontDPI={round(96 * self.scale)}\n", encoding="utf-8")
         self._succeed("kcminit", "kcm_fonts_init")
-        self._wait_for_resolution()
+        self._wait_for_resolution(self.scale)
 
 
 class PlasmaWaylandSession(PlasmaSession):
@@ -166,6 +169,7 @@ class PlasmaWaylandSession(PlasmaSession):
     which scale themselves. So Plasma has it by default."""
 
     kind = "wayland"
+    screen_count = 1
 
     def __init__(self, screenshots, **options):
         self._compositor = None
@@ -178,7 +182,8 @@ class PlasmaWaylandSession(PlasmaSession):
         announce.chmod(0o700)
         self._compositor = self.start([
             "kwin_wayland", "--x11-display", self.environment["DISPLAY"], "--width", str(self.size[0]),
-            "--height", str(self.size[1]), "--xwayland", "--no-lockscreen", announce])
+            "--height", str(self.size[1]), "--output-count", str(self.screen_count), "--xwayland", "--no-lockscreen",
+            announce])
         displays = wait_for(lambda: announcement.exists() and announcement.read_text(encoding="utf-8").split(),
                             "the compositor", 60)
         self.environment["DISPLAY"], self.environment["WAYLAND_DISPLAY"] = displays
@@ -188,8 +193,11 @@ class PlasmaWaylandSession(PlasmaSession):
     def set_scale(self, scale):
         """As Plasma's settings do. The screen keeps its number of pixels."""
         self.scale = scale
-        self._succeed("env", "QT_QPA_PLATFORM=wayland", "kscreen-doctor", f"output.1.scale.{scale}")
-        self._wait_for_resolution()
+        self._configure_screens(f"output.1.scale.{scale}")
+        self._wait_for_resolution(scale)
+
+    def _configure_screens(self, *settings):
+        self._succeed("env", "QT_QPA_PLATFORM=wayland", "kscreen-doctor", *settings)
 
     def _start_in_session(self, command):
         self.start([command], environment={"QT_QPA_PLATFORM": "wayland"})
@@ -200,3 +208,25 @@ class PlasmaWaylandSession(PlasmaSession):
             self._compositor.terminate()
             self._compositor.wait(20)
         super().end()
+
+
+class PlasmaWaylandScreensSession(PlasmaWaylandSession):
+    """A second screen to the right of the first, of as many pixels, but with twice as many for each of the desktop's
+    units. X11 programs count in the second's pixels on both. The bar is on the first."""
+
+    screen_count = 2
+    SECOND_SCALE = 2
+
+    def __init__(self, screenshots, **options):
+        super().__init__(screenshots, screen_size=f"{2 * WIDTH}x{HEIGHT}", **options)
+
+    def _start_window_manager(self):
+        super()._start_window_manager()
+        # The two are windows one on top of the other; the second is the younger one.
+        windows = re.findall('(0x[0-9a-f]+) "KDE Wayland', self._run_on_screen("xwininfo", "-root", "-children"))
+        assert len(windows) == self.screen_count, windows
+        second = max(windows, key=lambda window: int(window, 16))
+        self._run_on_screen("xdotool", "windowmove", second, str(WIDTH), "0")
+        self._configure_screens("output.1.position.0,0", f"output.2.position.{WIDTH},0",
+                                f"output.2.scale.{self.SECOND_SCALE}")
+        self._wait_for_resolution(self.SECOND_SCALE)

@@ -11,7 +11,7 @@ import unittest
 from contextlib import contextmanager
 
 # First: it tells where the others are.
-from plasma_session import PlasmaWaylandSession, PlasmaX11Session
+from plasma_session import PlasmaWaylandScreensSession, PlasmaWaylandSession, PlasmaX11Session
 from desktop_case import PROGRAM, SCREENSHOTS, DesktopTest, make_tones
 from media import Playerctl, wait_for_player
 from player import Player
@@ -271,6 +271,29 @@ class PlasmaWaylandRescaledTest(PlasmaCase):
         self.session.restore_bar()
         wait_for(lambda: self.bar_at("bottom"), "the bar at the bottom")
         self.assert_beside_icon(panel)
+
+
+class PlasmaWaylandScreensTest(PlasmaCase):
+    """A second screen has another scale."""
+
+    kind = PlasmaWaylandScreensSession
+
+    def panel(self):
+        panel = super().panel()
+        return tuple(value // self.session.SECOND_SCALE for value in panel) if panel else None
+
+    def test_first_click_opens_and_escape_closes(self):
+        behind = self.screenshot("behind")
+        panel = self.open_panel()
+        self.assert_seen(panel, behind, self.screenshot("opened"))
+        self.close_panel()
+
+    # Plasma 6.3 tells where the click was in pixels of the bar's screen, X11 programs count in those of the screen
+    # with the largest scale. The panel opens too far to the left.
+    @unittest.expectedFailure
+    def test_first_click_opens_at_the_icon(self):
+        left, _, width, _ = self.open_panel()
+        self.assertAlmostEqual(left + width / 2, self.icon[0], delta=TOLERANCE)
 
 
 if __name__ == "__main__":
