@@ -1,68 +1,44 @@
-"""A private Wayland desktop: sway, which draws into memory, with Xwayland, a bar, and a pointer and a keyboard that a
-program moves.
-"""
+"""A private Wayland desktop: sway, with either of its bars."""
 
 import json
 import os
-import pwd
-import subprocess
 import sys
-import time
 
-from screen import Screenshot
-from session import Session
+from wlroots_session import (ANNOUNCE_DISPLAYS, BACKGROUND_COLOUR, FIRST_SCREEN, SCREEN_SIZE, Waybar,
+                             WlrootsSession, hexadecimal)
 
-VIRTUAL_INPUT = os.environ["MIREVAL_VIRTUAL_INPUT"]
-FIRST_SCREEN, SECOND_SCREEN = "HEADLESS-1", "HEADLESS-2"
-SCREEN_SIZE = (1280, 800)
-BACKGROUND = (0x2F, 0x6F, 0x4F)
+SECOND_SCREEN = "HEADLESS-2"
 # Without a command of its own sway would start the bar, and no test could end and restart it.
 CONFIGURATION = """
 output {screen} resolution {size} position 0,0
 output * background {background} solid_color
-exec echo "$DISPLAY" "$WAYLAND_DISPLAY" > /dev/fd/$ANNOUNCE
+exec {announce}
 bar {{
   tray_output *
   swaybar_command true
 }}
 """
-WAYBAR_STYLE = "* { border-radius: 0; } window#waybar { background: #202020; }"
 
 
 def leave_root():
     """Starts the program anew as an ordinary user who may still do with all files what root may: sway refuses to
     run as root."""
     if os.geteuid() == 0:
-        # Message buses do not start for a user whom the system does not know; this one is on every Debian.
-        user = pwd.getpwnam("daemon")
-        os.execvp("unshare", ["unshare", "--user", f"--map-user={user.pw_uid}", f"--map-group={user.pw_gid}",
+        # Message buses do not start for a user without a name; this one is on every Debian.
+        os.execvp("unshare", ["unshare", "--user", "--map-user=daemon", "--map-group=daemon",
                               sys.executable, "-B", *sys.argv])
 
 
-class SwaySession(Session):
-    """What the kinds of bars have in common. There is none until `start_bar`."""
-
-    def __init__(self, screenshots, **options):
-        self._sway = self._bar = None
-        self._screens_size = SCREEN_SIZE
-        super().__init__(screenshots, tray=False, **options)
+class SwaySession(WlrootsSession):
+    """What the kinds of bars have in common."""
 
     def _start_screen(self):
         configuration = self.folder / "sway.conf"
-        configuration.write_text(CONFIGURATION.format(screen=FIRST_SCREEN, size="{}x{}".format(*SCREEN_SIZE),
-                                                      background="#{:02x}{:02x}{:02x}".format(*BACKGROUND)))
-        self.environment.update({"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1",
-                                 "WLR_RENDERER": "pixman", "SWAYSOCK": str(self.folder / "sway.socket")})
-        self._sway, displays = self._start_announcing("sh", "-c", f"ANNOUNCE={{}} exec sway -c {configuration}")
-        self.environment["DISPLAY"], self.environment["WAYLAND_DISPLAY"] = displays.split()
-        self._input = self.start([VIRTUAL_INPUT], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-
-    def end(self):
-        # Killed, it would leave the X display's lock and sockets behind.
-        if self._sway:
-            self._sway.terminate()
-            self._sway.wait(10)
-        super().end()
+        configuration.write_text(CONFIGURATION.format(
+            screen=FIRST_SCREEN, size="{}x{}".format(*SCREEN_SIZE), background=hexadecimal(BACKGROUND_COLOUR),
+            announce=ANNOUNCE_DISPLAYS))
+        self.environment["SWAYSOCK"] = str(self.folder / "sway.socket")
+        self._start_compositor(f"sway -c {configuration}")
 
     def sway(self, *command):
         result = self.run("swaymsg", *command)
@@ -107,57 +83,9 @@ class SwaySession(Session):
             nodes += node["nodes"] + node["floating_nodes"]
         return None
 
-    def _run_bar(self, *command):
-        self._bar = self.start(command)
-        self.wait_for_tray()
 
-    def stop_bar(self):
-        self._bar.kill()
-        self._bar.wait(10)
-
-    def screenshot(self, name):
-        # One pixel for each of the desktop's own, whatever the scale of the screens.
-        shot = Screenshot(self.environment, ("grim", "-s", "1", "-t", "ppm", "-"))
-        shot.save(self._screenshots / f"{name}.png")
-        return shot
-
-    def _input_command(self, *words):
-        self._input.stdin.write(" ".join(map(str, words)) + "\n")
-        self._input.stdin.flush()
-        if self._input.stdout.readline() != "done\n":
-            raise AssertionError(f"the virtual input has failed at {words}")
-
-    def move_pointer(self, position):
-        # No pointer arrives with a single motion, and Xwayland takes the first one in its windows for the place that
-        # the pointer has come from.
-        x, y = position
-        for place in ((x - 1, y), (x, y)):
-            self._input_command("move", *place, *self._screens_size)
-
-    def click(self, position, *, button="left", hold=0.1):
-        self.move_pointer(position)
-        # The tray needs a moment to see that the pointer has come.
-        time.sleep(0.1)
-        self._input_command("press", button)
-        time.sleep(hold)
-        self._input_command("release", button)
-
-    def scroll(self, notches):
-        self._input_command("scroll", notches)
-
-    def press_key(self, key):
-        self._input_command("type", key)
-
-
-class WaybarSession(SwaySession):
-    """Its tray may be at either end of the bar or in its middle: `left`, `right` or `center`."""
-
-    def start_bar(self, edge="top", place="right", screen=FIRST_SCREEN):
-        configuration = {"layer": "top", "output": screen, "position": edge, "height": 28,
-                         f"modules-{place}": ["tray"], "tray": {"icon-size": 20}}
-        (self.folder / "waybar.json").write_text(json.dumps(configuration), encoding="utf-8")
-        (self.folder / "waybar.css").write_text(WAYBAR_STYLE, encoding="utf-8")
-        self._run_bar("waybar", "-c", str(self.folder / "waybar.json"), "-s", str(self.folder / "waybar.css"))
+class WaybarSession(Waybar, SwaySession):
+    pass
 
 
 class SwaybarSession(SwaySession):

@@ -1,4 +1,4 @@
-// A window of another application, in the colour that is its argument.
+// A window of another application, in the colour that is its argument. It takes up all the room there is.
 
 #include <QColor>
 #include <QGuiApplication>
@@ -24,6 +24,6 @@ int main(int argc, char* argv[]) {
   const QGuiApplication application(argc, argv);
   OtherWindow window(QColor(QGuiApplication::arguments().value(1)));
   window.resize(400, 300);
-  window.show();
+  window.showMaximized();
   return QGuiApplication::exec();
 }
