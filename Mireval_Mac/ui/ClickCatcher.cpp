@@ -5,10 +5,8 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QRegion>
 #include <QScreen>
-#include <QSurfaceFormat>
 
 #include <chrono>
 
@@ -18,6 +16,10 @@ namespace {
 // Only while a click on the icon is waited for.
 constexpr auto lookInterval = std::chrono::milliseconds(10);
 
+// labwc looks what is under a pointer at rest when some window comes or goes, but not while a button is
+// pressed.
+constexpr int looksBetweenNudges = 10;
+
 QPoint inPixelsOfTheWindowSystem(QPointF place) {
   const QScreen* const shown = QGuiApplication::screenAt(place.toPoint());
   const QScreen* const screen = shown != nullptr ? shown : QGuiApplication::primaryScreen();
@@ -26,13 +28,9 @@ QPoint inPixelsOfTheWindowSystem(QPointF place) {
 
 }  // namespace
 
-ClickCatcher::ClickCatcher() {
-  QSurfaceFormat format;
-  format.setAlphaBufferSize(8);
-  setFormat(format);
-  // Not for the keyboard, and not for the window manager.
-  setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
-  setGeometry(QGuiApplication::primaryScreen()->virtualGeometry());
+ClickCatcher::ClickCatcher()
+    : InvisibleWindow(QGuiApplication::primaryScreen()->virtualGeometry()),
+      m_nudge(QRect(position(), QSize(1, 1))) {
   connect(&m_looking, &QTimer::timeout, this, &ClickCatcher::look);
 }
 
@@ -42,11 +40,13 @@ void ClickCatcher::findPointer() {
   // stays where it is.
   QCursor::setPos(QGuiApplication::primaryScreen()->geometry().center());
   m_wrongPlace = QCursor::pos();
+  m_looks = 0;
   m_looking.start(lookInterval);
 }
 
 void ClickCatcher::stopFinding() {
   m_looking.stop();
+  m_nudge.hide();
 }
 
 void ClickCatcher::look() {
@@ -54,17 +54,13 @@ void ClickCatcher::look() {
   if (const QPoint place = QCursor::pos(); place != m_wrongPlace) {
     stopFinding();
     Q_EMIT pointerFound(inPixelsOfTheWindowSystem(place));
+  } else if (++m_looks % looksBetweenNudges == 0) {
+    m_nudge.setVisible(!m_nudge.isVisible());
   }
 }
 
 void ClickCatcher::leaveOut(const QRect& area) {
   setMask(QRegion(QRect(QPoint(), size())) - area.translated(-position()));
-}
-
-void ClickCatcher::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setCompositionMode(QPainter::CompositionMode_Clear);
-  painter.fillRect(QRect(QPoint(), size()), Qt::transparent);
 }
 
 void ClickCatcher::mousePressEvent(QMouseEvent*) {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "ui/InvisibleWindow.h"
+
 #include <QPoint>
-#include <QRasterWindow>
 #include <QRect>
 #include <QTimer>
 
@@ -10,7 +11,7 @@ namespace mireval {
 /// An invisible window above everything else on all screens. It tells of clicks beside a panel where the
 /// desktop does not, and where the pointer is where that is known only above the own windows. Lives on the UI
 /// thread.
-class ClickCatcher final : public QRasterWindow {
+class ClickCatcher final : public InvisibleWindow {
   Q_OBJECT
 
  public:
@@ -33,7 +34,6 @@ class ClickCatcher final : public QRasterWindow {
   void clicked();
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
@@ -43,6 +43,8 @@ class ClickCatcher final : public QRasterWindow {
   bool m_pressed = false;
   QTimer m_looking;
   QPoint m_wrongPlace;
+  InvisibleWindow m_nudge;
+  int m_looks = 0;
 };
 
 }  // namespace mireval
