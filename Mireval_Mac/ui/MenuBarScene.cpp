@@ -118,8 +118,11 @@ void MenuBarScene::handleDismissal(PanelWindow::Dismissal how) {
   if (how == PanelWindow::Dismissal::turnedAway) {
     m_sinceTurningAway.start();
   }
+  // A drop-down has come from an icon; if that is away now, it is only the bar that is away.
+  const bool wasInsteadOfTheIcon =
+      m_panel->style() == PanelWindow::Style::framed && !m_surroundings.menuBarExtra.isPlaced();
   close();
-  if (!m_surroundings.menuBarExtra.isPlaced()) {
+  if (wasInsteadOfTheIcon) {
     Q_EMIT quitRequested();
   }
 }

@@ -40,6 +40,8 @@ class PanelWindow final : public ViewWindow {
               AppLocalization& localization, ColorScheme& colorScheme);
   ~PanelWindow() override;
 
+  Style style() const { return m_style; }
+
   /// Shows a framed window, where the desktop puts it.
   void open();
 

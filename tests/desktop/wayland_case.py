@@ -64,10 +64,9 @@ class WaylandCase(DesktopTest):
 
     def restart_bar(self, *place):
         """Starts a new bar, into which the icon has to find its way. The panel closes."""
-        self.session.press_key("Escape")
-        # If the bar went first, closing the panel would end the player.
-        wait_for(lambda: self.player.panel() is None, "the panel to close", 5)
         self.session.stop_bar()
+        self.session.press_key("Escape")
+        wait_for(lambda: self.player.panel() is None, "the panel to close", 5)
         self.session.start_bar(*place)
         self.find_icon()
 

@@ -321,6 +321,16 @@ TEST_F(MenuBarSceneTest, WithoutTrayAWindowWhoseClosingQuits) {
   EXPECT_EQ(quit.size(), 1);
 }
 
+TEST_F(MenuBarSceneTest, DropDownMayBeClosedWhileTheBarIsAway) {
+  const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
+  m_menuBarExtra.click(iconPlace);
+  ASSERT_NE(m_scene.panel(), nullptr);
+  m_menuBarExtra.removePlace();
+  QTest::keyClick(m_scene.panel(), Qt::Key_Escape);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  EXPECT_EQ(quit.size(), 0);
+}
+
 TEST_F(MenuBarSceneTest, TrayThatAppearsLaterTakesOver) {
   const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
   m_menuBarExtra.findNoPlace();
