@@ -8,14 +8,18 @@
 #include <QUrl>
 #include <QVariantMap>
 
-// Made by the build. Naming it keeps the registration of the QML types, which nothing else refers to, in the
-// program.
+// Made by the build. Naming them keeps the registration of the QML types and the compiled views, which
+// nothing else refers to, in the program. Without those each start would compile the views, and Qt would
+// write them to the user's cache.
 void qml_register_types_Mireval();
+extern int QT_MANGLE_NAMESPACE(qInitResources_qmlcache_mireval_ui)();
 
 namespace mireval {
 
 ViewWindow::ViewWindow(const QString& view, Objects objects) {
   [[maybe_unused]] static const volatile auto keepTypes = &qml_register_types_Mireval;
+  [[maybe_unused]] static const volatile auto keepViews =
+      &QT_MANGLE_NAMESPACE(qInitResources_qmlcache_mireval_ui);
   setTitle(QGuiApplication::applicationDisplayName());
   QVariantMap properties;
   for (const auto& [name, object] : objects) {

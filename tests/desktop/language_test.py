@@ -86,6 +86,8 @@ class OpenWindowsTest(LanguageCase):
         self.session.accessibility.press(player.find_button("Quit"))
         self.assertEqual(player.exit_status(), 0)
         self.assertEqual((player.output, player.errors), ("", ""))
+        # Views that are compiled only now would be kept there.
+        self.assertEqual(list(Path(self.session.environment["XDG_CACHE_HOME"]).rglob("*.qml*")), [])
 
     def assert_colours(self, player, paper, card):
         first_mode = player.buttons()[0]
