@@ -8,7 +8,7 @@ import sys
 import unittest
 
 from sway_session import SECOND_SCREEN, SwaybarSession, WaybarSession, leave_root
-from wayland_case import FIRST_TRACK, FREE_PLACE, LONG_CLICK_SECONDS, BarTests, MusicTests, WaylandCase
+from wayland_case import FIRST_TRACK, LONG_CLICK_SECONDS, BarTests, MusicTests, OtherWindowTests, WaylandCase
 from wlroots_session import FIRST_SCREEN
 
 
@@ -53,10 +53,11 @@ class SwayScreensTest(SwayCase):
                 self.assert_opens_on(*place)
 
 
-class SwayNativeTest(SwayCase):
+class SwayNativeTest(OtherWindowTests, SwayCase):
     """Without Xwayland no program can say where its windows go."""
 
     environment = {"QT_QPA_PLATFORM": "wayland"}
+    platforms = ("wayland",)
 
     def test_opens_as_a_small_window_in_the_middle(self):
         behind = self.screenshot("behind")
@@ -78,13 +79,6 @@ class SwayNativeTest(SwayCase):
         self.player.wait_for_text(FIRST_TRACK, 5)
         self.session.press_key("Escape")
         self.assert_closes()
-
-    def test_click_on_another_window_closes(self):
-        with self.other_window("wayland"):
-            self.open_panel()
-            self.screenshot("opened")
-            self.session.click(FREE_PLACE)
-            self.assert_closes()
 
 
 class SwayMusicTest(MusicTests, SwayCase):

@@ -145,7 +145,21 @@ class WaylandCase(DesktopTest):
             window.wait(10)
 
 
-class BarTests:
+class OtherWindowTests:
+    """What holds beside windows of other programs."""
+
+    platforms = ("wayland", "xcb")
+
+    def test_click_on_another_window_closes(self):
+        for platform in self.platforms:
+            with self.other_window(platform):
+                self.open_panel()
+                self.screenshot(platform)
+                self.session.click(FREE_PLACE)
+                self.assert_closes()
+
+
+class BarTests(OtherWindowTests):
     """What holds on every bar."""
 
     # What `start_bar` takes; the first is the edge.
@@ -205,14 +219,6 @@ class BarTests:
         self.open_panel()
         self.session.click((SCREEN_SIZE[0] // 2, self.icon[1]))
         self.assert_closes()
-
-    def test_click_on_another_window_closes(self):
-        for platform in ("wayland", "xcb"):
-            with self.other_window(platform):
-                self.open_panel()
-                self.screenshot(platform)
-                self.session.click(FREE_PLACE)
-                self.assert_closes()
 
     def test_click_in_the_panel_does_not_close(self):
         self.open_panel()

@@ -11,7 +11,7 @@ from gnome_session import SCREEN_SIZE, GnomeSession  # isort: skip, for the path
 from media import Playerctl
 from session import wait_for
 from sway_session import leave_root
-from wayland_case import FIRST_TRACK, FREE_PLACE, MediaTests, WaylandCase
+from wayland_case import FIRST_TRACK, FREE_PLACE, MediaTests, OtherWindowTests, WaylandCase
 
 
 class GnomeCase(WaylandCase):
@@ -31,7 +31,7 @@ class GnomeCase(WaylandCase):
         return super().open_panel(**click or {"times": 2})
 
 
-class GnomeTest(MediaTests, GnomeCase):
+class GnomeTest(MediaTests, OtherWindowTests, GnomeCase):
     desktop = {"sound": True}
 
     def test_double_click_opens_beside_the_icon(self):
@@ -85,13 +85,6 @@ class GnomeTest(MediaTests, GnomeCase):
         self.session.click((SCREEN_SIZE[0] // 4, self.icon[1]))
         self.assert_closes()
 
-    def test_click_on_another_window_closes(self):
-        for platform in ("wayland", "xcb"):
-            with self.other_window(platform):
-                self.open_panel()
-                self.session.click(FREE_PLACE)
-                self.assert_closes()
-
     def test_second_start_opens(self):
         self.assert_second_start_opens()
 
@@ -109,10 +102,11 @@ class GnomeTest(MediaTests, GnomeCase):
         self.assertIn("Mireval • Focus", self.session.menu())
 
 
-class GnomeNativeTest(GnomeCase):
+class GnomeNativeTest(OtherWindowTests, GnomeCase):
     """No program can say where its Wayland windows go."""
 
     environment = {"QT_QPA_PLATFORM": "wayland"}
+    platforms = ("wayland",)
     # Qt 6.8 tells that the shell takes the input of text away from a window that has already closed.
     known_errors = ("qt.qpa.wayland.textinput",)
 
@@ -126,13 +120,6 @@ class GnomeNativeTest(GnomeCase):
         self.assert_seen((left, top, width, height), behind, self.screenshot("opened"))
         self.session.press_key("Escape")
         self.assert_closes()
-
-    def test_click_on_another_window_closes(self):
-        with self.other_window("wayland"):
-            self.open_panel()
-            self.screenshot("opened")
-            self.session.click(FREE_PLACE)
-            self.assert_closes()
 
     @unittest.expectedFailure
     def test_click_on_the_background_closes(self):
