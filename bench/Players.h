@@ -3,15 +3,15 @@
 #include "ChildProcess.h"
 #include "SoundServer.h"
 
+#include "NoNowPlayingInfoCenter.h"
+#include "NoRemoteCommandCenter.h"
 #include "library/Catalogue.h"
-#include "platform/NoNowPlayingInfoCenter.h"
-#include "platform/NoRemoteCommandCenter.h"
-#include "platform/linux/FolderResourceBundle.h"
-#include "platform/linux/QtImageDecoder.h"
-#include "platform/linux/QtMainThread.h"
-#include "platform/linux/QtRunLoop.h"
-#include "platform/linux/StandardOutput.h"
 #include "platform/linux/audio/PulseAudioPlayerFactory.h"
+#include "platform/qt/FolderResourceBundle.h"
+#include "platform/qt/QtImageDecoder.h"
+#include "platform/qt/QtMainThread.h"
+#include "platform/qt/QtRunLoop.h"
+#include "platform/qt/StandardOutput.h"
 #include "playback/AudioPlayerController.h"
 
 #include <filesystem>

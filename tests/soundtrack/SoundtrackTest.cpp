@@ -3,7 +3,7 @@
 #include "library/Catalogue.h"
 #include "measures/Figures.h"
 #include "measures/Recording.h"
-#include "platform/linux/FolderResourceBundle.h"
+#include "platform/qt/FolderResourceBundle.h"
 
 #include <gtest/gtest.h>
 

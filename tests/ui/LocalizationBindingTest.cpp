@@ -1,5 +1,5 @@
+#include "support/QtPrinters.h"
 #include "ui/PanelFixture.h"
-#include "unit/QtPrinters.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>

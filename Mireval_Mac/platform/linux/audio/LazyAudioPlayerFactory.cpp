@@ -1,0 +1,66 @@
+#include "platform/linux/audio/LazyAudioPlayerFactory.h"
+
+#include <dlfcn.h>
+
+#include <system_error>
+#include <utility>
+
+namespace mireval {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* moduleName = "libmireval-audio.so";
+
+}  // namespace
+
+LazyAudioPlayerFactory::LazyAudioPlayerFactory(fs::path module) : m_module(std::move(module)) {}
+
+LazyAudioPlayerFactory::~LazyAudioPlayerFactory() {
+  if (m_loader.joinable()) {
+    m_loader.join();
+  }
+}
+
+fs::path LazyAudioPlayerFactory::moduleOfApplication() {
+  std::error_code error;
+  const fs::path programFolder = fs::read_symlink("/proc/self/exe", error).parent_path();
+  const fs::path besideProgram = programFolder / moduleName;
+  return fs::exists(besideProgram, error)
+             ? besideProgram
+             : programFolder.parent_path() / "lib" / "mireval" / "modules" / moduleName;
+}
+
+void LazyAudioPlayerFactory::warmUp() {
+  // While the thread runs, all but its handle belongs to it.
+  if (!m_loader.joinable() && !m_factory) {
+    m_loader = std::thread([this] {
+      load();
+      if (m_factory) {
+        m_factory->warmUp();
+      }
+    });
+  }
+}
+
+AudioPlayerResult LazyAudioPlayerFactory::create(const fs::path& file) {
+  if (m_loader.joinable()) {
+    m_loader.join();
+  }
+  if (!m_factory) {
+    load();
+  }
+  return m_factory ? m_factory->create(file) : AudioPlayerResult{.player = nullptr, .error = m_error};
+}
+
+void LazyAudioPlayerFactory::load() {
+  void* const module = dlopen(m_module.c_str(), RTLD_NOW | RTLD_LOCAL);
+  void* const entry = module != nullptr ? dlsym(module, "mirevalMakeAudioPlayerFactory") : nullptr;
+  if (entry == nullptr) {
+    m_error = QString::fromLocal8Bit(dlerror());
+    return;
+  }
+  m_factory.reset(reinterpret_cast<AudioPlayerFactory* (*)()>(entry)());
+}
+
+}  // namespace mireval

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "platform/NowPlayingInfoCenter.h"
+#include "platform/RemoteCommandCenter.h"
+#include "platform/linux/bus/MessageBus.h"
+#include "platform/linux/media/MprisMetadata.h"
+#include "platform/linux/media/MprisPosition.h"
+
+#include <QByteArray>
+#include <QObject>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace mireval {
+
+/// The desktop's media controls by way of MPRIS 2.2: media keys and players' lists on the desktop find this
+/// application on the session bus, show what plays, and send their commands.
+///
+/// It appears on the bus once a command has a handler, and stays there until it is destroyed. Where there is
+/// no bus, or the bus goes, it tries again from time to time, at a publication; nothing else is lost.
+class MprisMediaControls final : public QObject, public RemoteCommandCenter, public NowPlayingInfoCenter {
+  Q_OBJECT
+
+ public:
+  /// How the application presents itself.
+  struct Application {
+    /// For people.
+    QByteArray identity;
+    /// The last part of the name on the bus.
+    QByteArray busName;
+    /// Name of the desktop file, without its suffix.
+    QByteArray desktopEntry;
+  };
+
+  explicit MprisMediaControls(Application application);
+  ~MprisMediaControls() override;
+
+  RemoteCommand& playCommand() override { return m_play; }
+  RemoteCommand& pauseCommand() override { return m_pause; }
+  RemoteCommand& togglePlayPauseCommand() override { return m_playPause; }
+
+  void setNowPlayingInfo(const std::optional<NowPlayingInfo>& info) override;
+
+  /// The volume that clients can read, 0...1. They cannot change it.
+  void setVolume(double volume);
+
+ Q_SIGNALS:
+  /// Somebody on the desktop wants to see the application.
+  void raiseRequested();
+
+ private:
+  class Command final : public RemoteCommand {
+   public:
+    explicit Command(MprisMediaControls& controls) : m_controls(controls) {}
+
+    void setEnabled(bool enabled) override;
+    void addHandler(Handler handler) override;
+
+    bool isEnabled() const { return m_enabled; }
+    RemoteCommandHandlerStatus send() const;
+
+   private:
+    MprisMediaControls& m_controls;
+    bool m_enabled = false;
+    std::vector<Handler> m_handlers;
+  };
+
+  using PropertyNames = std::vector<const char*>;
+
+  /// The bus's answer to the request for a name.
+  enum class NameReply : std::uint32_t { primaryOwner = 1, inQueue = 2, exists = 3, alreadyOwner = 4 };
+
+  /// The callbacks of the bus.
+  struct Bus;
+
+  void appear();
+  void requestName(const QByteArray& name);
+  void handleNameReply(NameReply reply);
+  void announce(PropertyNames changed);
+  const char* playbackStatus() const;
+
+  const Application m_application;
+  Command m_play{*this};
+  Command m_pause{*this};
+  Command m_playPause{*this};
+  std::optional<MprisMetadata> m_metadata;
+  bool m_playing = false;
+  MprisPosition m_position;
+  double m_volume = 1;
+
+  MessageBus m_bus{MessageBus::Kind::session};
+  bool m_wanted = false;
+  QByteArray m_requestedName;
+  bool m_hasName = false;
+  MprisPosition::Clock::duration m_retryDelay{};
+  MprisPosition::Clock::time_point m_nextTry;
+};
+
+}  // namespace mireval

@@ -1,0 +1,46 @@
+#include "platform/linux/memory/UnusedMemory.h"
+
+#include <link.h>
+#include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <span>
+
+namespace mireval {
+namespace {
+
+/// The loader has touched every library whole; most of it is never needed again. Only segments that were
+/// never writable, and so are the same in the file.
+int releaseCode(dl_phdr_info* object, std::size_t, void*) {
+  const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+  for (const ElfW(Phdr) & segment : std::span(object->dlpi_phdr, object->dlpi_phnum)) {
+    if (segment.p_type != PT_LOAD || (segment.p_flags & PF_W) != 0) {
+      continue;
+    }
+    const std::uintptr_t begin = (object->dlpi_addr + segment.p_vaddr) / pageSize * pageSize;
+    const std::uintptr_t end = object->dlpi_addr + segment.p_vaddr + segment.p_memsz;
+    // A refusal only means that the pages stay. The loader gives addresses as numbers.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    madvise(reinterpret_cast<void*>(begin), end - begin, MADV_DONTNEED);
+  }
+  return 0;
+}
+
+}  // namespace
+
+void releaseUnusedMemory() {
+  malloc_trim(0);
+  dl_iterate_phdr(releaseCode, nullptr);
+}
+
+void returnLargeBlocksAtOnce() {
+  // The size from which a block gets a map of its own. It is glibc's first value too, but unless it is set,
+  // freeing one large block raises it beyond that block's size, and the next ones come from the heap, where
+  // anything behind them keeps them.
+  constexpr int bytes = 128 * 1024;
+  mallopt(M_MMAP_THRESHOLD, bytes);
+}
+
+}  // namespace mireval

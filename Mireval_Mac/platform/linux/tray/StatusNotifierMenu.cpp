@@ -1,0 +1,257 @@
+#include "platform/linux/tray/StatusNotifierMenu.h"
+
+#include <QCoreApplication>
+
+#include <systemd/sd-bus.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <string_view>
+#include <vector>
+
+namespace mireval {
+namespace {
+
+constexpr const char* menuInterface = "com.canonical.dbusmenu";
+constexpr std::uint32_t revision = 1;
+constexpr std::int32_t root = 0;
+constexpr std::int32_t entry = 1;
+
+using Ids = std::vector<std::int32_t>;
+using Names = std::vector<std::string_view>;
+
+bool exists(std::int32_t id) {
+  return id == root || id == entry;
+}
+
+bool isChoice(std::int32_t id, std::string_view event) {
+  return id == entry && event == "clicked";
+}
+
+/// The names are the message's own.
+Names readNames(sd_bus_message* call) {
+  Names names;
+  const char* name = nullptr;
+  sd_bus_message_enter_container(call, 'a', "s");
+  while (sd_bus_message_read_basic(call, 's', &name) > 0) {
+    names.emplace_back(name);
+  }
+  sd_bus_message_exit_container(call);
+  return names;
+}
+
+Ids readIds(sd_bus_message* call) {
+  Ids ids;
+  std::int32_t id = 0;
+  sd_bus_message_enter_container(call, 'a', "i");
+  while (sd_bus_message_read_basic(call, 'i', &id) > 0) {
+    ids.push_back(id);
+  }
+  sd_bus_message_exit_container(call);
+  return ids;
+}
+
+const char* propertyName(std::int32_t id) {
+  return id == root ? "children-display" : "label";
+}
+
+/// The value of that property, as a variant.
+int appendValue(sd_bus_message* reply, std::int32_t id) {
+  const QByteArray label = QCoreApplication::applicationName().toUtf8();
+  return sd_bus_message_append(reply, "v", "s", id == root ? "submenu" : label.constData());
+}
+
+/// Those of the item's properties that were asked for: all when none is named.
+void appendProperties(sd_bus_message* reply, std::int32_t id, const Names& names) {
+  sd_bus_message_open_container(reply, 'a', "{sv}");
+  if (names.empty() || std::ranges::find(names, propertyName(id)) != names.end()) {
+    sd_bus_message_open_container(reply, 'e', "sv");
+    sd_bus_message_append_basic(reply, 's', propertyName(id));
+    appendValue(reply, id);
+    sd_bus_message_close_container(reply);
+  }
+  sd_bus_message_close_container(reply);
+}
+
+/// The item with `depth` levels of what is below it, all when that is negative.
+void appendLayout(sd_bus_message* reply, std::int32_t id, std::int32_t depth, const Names& names) {
+  sd_bus_message_open_container(reply, 'r', "ia{sv}av");
+  sd_bus_message_append_basic(reply, 'i', &id);
+  appendProperties(reply, id, names);
+  sd_bus_message_open_container(reply, 'a', "v");
+  if (id == root && depth != 0) {
+    sd_bus_message_open_container(reply, 'v', "(ia{sv}av)");
+    appendLayout(reply, entry, 0, names);
+    sd_bus_message_close_container(reply);
+  }
+  sd_bus_message_close_container(reply);
+  sd_bus_message_close_container(reply);
+}
+
+int appendIds(sd_bus_message* reply, const Ids& ids) {
+  return sd_bus_message_append_array(reply, 'i', ids.data(), ids.size() * sizeof(Ids::value_type));
+}
+
+int refuse(sd_bus_message* call) {
+  return sd_bus_reply_method_errorf(call, SD_BUS_ERROR_INVALID_ARGS, "The menu has no such item");
+}
+
+/// Sends what `append` puts into the answer. An answer that could not be built is not sent: the bus's library
+/// then answers with its error.
+int answer(sd_bus_message* call, const auto& append) {
+  sd_bus_message* reply = nullptr;
+  int result = sd_bus_message_new_method_return(call, &reply);
+  if (result >= 0) {
+    append(reply);
+    result = sd_bus_send(nullptr, reply, nullptr);
+  }
+  sd_bus_message_unref(reply);
+  return result;
+}
+
+}  // namespace
+
+struct StatusNotifierMenu::Bus {
+  template <int (*append)(sd_bus_message* reply)>
+  static int get(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void*,
+                 sd_bus_error*) {
+    return append(reply);
+  }
+
+  static int version(sd_bus_message* reply) { return sd_bus_message_append(reply, "u", 3U); }
+  static int textDirection(sd_bus_message* reply) { return sd_bus_message_append(reply, "s", "ltr"); }
+  static int status(sd_bus_message* reply) { return sd_bus_message_append(reply, "s", "normal"); }
+  static int iconThemePath(sd_bus_message* reply) { return sd_bus_message_append(reply, "as", 0U); }
+
+  static int getLayout(sd_bus_message* call, void*, sd_bus_error*) {
+    std::int32_t parent = root;
+    std::int32_t depth = 0;
+    sd_bus_message_read(call, "ii", &parent, &depth);
+    const Names names = readNames(call);
+    if (!exists(parent)) {
+      return refuse(call);
+    }
+    return answer(call, [&](sd_bus_message* reply) {
+      sd_bus_message_append(reply, "u", revision);
+      appendLayout(reply, parent, depth, names);
+    });
+  }
+
+  static int getGroupProperties(sd_bus_message* call, void*, sd_bus_error*) {
+    Ids ids = readIds(call);
+    const Names names = readNames(call);
+    if (ids.empty()) {
+      ids = {root, entry};
+    }
+    return answer(call, [&](sd_bus_message* reply) {
+      sd_bus_message_open_container(reply, 'a', "(ia{sv})");
+      for (const std::int32_t id : ids) {
+        if (exists(id)) {
+          sd_bus_message_open_container(reply, 'r', "ia{sv}");
+          sd_bus_message_append_basic(reply, 'i', &id);
+          appendProperties(reply, id, names);
+          sd_bus_message_close_container(reply);
+        }
+      }
+      sd_bus_message_close_container(reply);
+    });
+  }
+
+  static int getProperty(sd_bus_message* call, void*, sd_bus_error*) {
+    std::int32_t id = root;
+    const char* name = nullptr;
+    sd_bus_message_read(call, "is", &id, &name);
+    if (!exists(id) || std::string_view(name) != propertyName(id)) {
+      return refuse(call);
+    }
+    return answer(call, [id](sd_bus_message* reply) { appendValue(reply, id); });
+  }
+
+  static int event(sd_bus_message* call, void* userdata, sd_bus_error*) {
+    std::int32_t id = root;
+    const char* event = nullptr;
+    sd_bus_message_read(call, "is", &id, &event);
+    if (!exists(id)) {
+      return refuse(call);
+    }
+    if (isChoice(id, event)) {
+      Q_EMIT static_cast<StatusNotifierMenu*>(userdata)->chosen();
+    }
+    return sd_bus_reply_method_return(call, nullptr);
+  }
+
+  static int eventGroup(sd_bus_message* call, void* userdata, sd_bus_error*) {
+    bool chosen = false;
+    bool anyExists = false;
+    Ids unknown;
+    sd_bus_message_enter_container(call, 'a', "(isvu)");
+    while (sd_bus_message_enter_container(call, 'r', "isvu") > 0) {
+      std::int32_t id = root;
+      const char* event = nullptr;
+      sd_bus_message_read(call, "is", &id, &event);
+      sd_bus_message_skip(call, "vu");
+      sd_bus_message_exit_container(call);
+      chosen = chosen || isChoice(id, event);
+      if (exists(id)) {
+        anyExists = true;
+      } else {
+        unknown.push_back(id);
+      }
+    }
+    sd_bus_message_exit_container(call);
+    if (chosen) {
+      Q_EMIT static_cast<StatusNotifierMenu*>(userdata)->chosen();
+    }
+    if (!anyExists && !unknown.empty()) {
+      return refuse(call);
+    }
+    return answer(call, [&unknown](sd_bus_message* reply) { appendIds(reply, unknown); });
+  }
+
+  static int aboutToShow(sd_bus_message* call, void*, sd_bus_error*) {
+    std::int32_t id = root;
+    sd_bus_message_read(call, "i", &id);
+    return exists(id) ? sd_bus_reply_method_return(call, "b", 0) : refuse(call);
+  }
+
+  static int aboutToShowGroup(sd_bus_message* call, void*, sd_bus_error*) {
+    const Ids ids = readIds(call);
+    Ids unknown;
+    std::ranges::remove_copy_if(ids, std::back_inserter(unknown), exists);
+    if (!ids.empty() && unknown.size() == ids.size()) {
+      return refuse(call);
+    }
+    return answer(call, [&unknown](sd_bus_message* reply) {
+      appendIds(reply, {});
+      appendIds(reply, unknown);
+    });
+  }
+
+  static const sd_bus_vtable menu[];
+};
+
+const sd_bus_vtable StatusNotifierMenu::Bus::menu[] = {
+    SD_BUS_VTABLE_START(0),
+    SD_BUS_METHOD("GetLayout", "iias", "u(ia{sv}av)", getLayout, 0),
+    SD_BUS_METHOD("GetGroupProperties", "aias", "a(ia{sv})", getGroupProperties, 0),
+    SD_BUS_METHOD("GetProperty", "is", "v", getProperty, 0),
+    SD_BUS_METHOD("Event", "isvu", "", event, 0),
+    SD_BUS_METHOD("EventGroup", "a(isvu)", "ai", eventGroup, 0),
+    SD_BUS_METHOD("AboutToShow", "i", "b", aboutToShow, 0),
+    SD_BUS_METHOD("AboutToShowGroup", "ai", "aiai", aboutToShowGroup, 0),
+    SD_BUS_SIGNAL("ItemsPropertiesUpdated", "a(ia{sv})a(ias)", 0),
+    SD_BUS_SIGNAL("LayoutUpdated", "ui", 0),
+    SD_BUS_SIGNAL("ItemActivationRequested", "iu", 0),
+    SD_BUS_PROPERTY("Version", "u", get<version>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("TextDirection", "s", get<textDirection>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Status", "s", get<status>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("IconThemePath", "as", get<iconThemePath>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_VTABLE_END,
+};
+
+void StatusNotifierMenu::appearOn(sd_bus* connection) {
+  sd_bus_add_object_vtable(connection, nullptr, objectPath, menuInterface, Bus::menu, this);
+}
+
+}  // namespace mireval

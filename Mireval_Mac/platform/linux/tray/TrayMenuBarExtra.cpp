@@ -1,0 +1,98 @@
+#include "platform/linux/tray/TrayMenuBarExtra.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+
+#include <chrono>
+#include <utility>
+
+namespace mireval {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Session start: panels come up after the applications that they show. And a panel that has crashed comes
+// back.
+constexpr auto timeForBarToStart = 2s;
+
+std::optional<QRect> pixel(std::optional<QPoint> point) {
+  return point ? std::optional(QRect(*point, QSize(1, 1))) : std::nullopt;
+}
+
+}  // namespace
+
+TrayMenuBarExtra::TrayMenuBarExtra(Surroundings surroundings) : m_surroundings(std::move(surroundings)) {
+  m_embedLater.setSingleShot(true);
+  connect(&m_embedLater, &QTimer::timeout, this, &TrayMenuBarExtra::embed);
+}
+
+TrayMenuBarExtra::~TrayMenuBarExtra() = default;
+
+void TrayMenuBarExtra::show(const std::filesystem::path& image, Handlers handlers) {
+  m_image = image;
+  m_handlers = std::move(handlers);
+  // Only Qt's Wayland windows use tokens up.
+  const bool usesTokens = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+  using Tokens = StatusNotifierItem::ActivationTokens;
+  m_item = std::make_unique<StatusNotifierItem>(image, usesTokens ? Tokens::wanted : Tokens::unwanted);
+  connect(m_item.get(), &StatusNotifierItem::placementChanged, this, &TrayMenuBarExtra::followItem);
+  // What follows a click does not keep the bus waiting, and may run an event loop.
+  connect(m_item.get(), &StatusNotifierItem::activated, this, &TrayMenuBarExtra::handleClickOnItem,
+          Qt::QueuedConnection);
+  m_item->setToolTip(m_toolTip);
+  m_item->appear();
+  QTimer::singleShot(timeForBarToStart, this, [this] {
+    // A bar that has crashed meanwhile is not a desktop without one.
+    if (!isPlaced() && !m_itemHasBeenPlaced) {
+      m_handlers.missing();
+    }
+  });
+}
+
+void TrayMenuBarExtra::setToolTip(const QString& text) {
+  m_toolTip = text;
+  if (m_item) {
+    m_item->setToolTip(text);
+  }
+  if (m_embedded) {
+    tellToolTip();
+  }
+}
+
+bool TrayMenuBarExtra::isPlaced() const {
+  return (m_item && m_item->placement() == StatusNotifierItem::Placement::placed) ||
+         (m_embedded && m_embedded->isPlaced());
+}
+
+void TrayMenuBarExtra::followItem() {
+  if (m_item->placement() == StatusNotifierItem::Placement::placed) {
+    m_itemHasBeenPlaced = true;
+    m_embedLater.stop();
+    m_embedded.reset();
+  } else {
+    m_embedLater.start(m_itemHasBeenPlaced ? timeForBarToStart : 0s);
+  }
+}
+
+void TrayMenuBarExtra::embed() {
+  m_embedded = m_surroundings.embed(m_image);
+  if (m_embedded) {
+    connect(m_embedded.get(), &EmbeddedIcon::activated, this, &TrayMenuBarExtra::handleClickOnEmbedded);
+    tellToolTip();
+  }
+}
+
+void TrayMenuBarExtra::handleClickOnItem(std::optional<QPoint> told) {
+  m_handlers.activated(pixel(m_item->host().placeOf({.told = told, .pointer = m_surroundings.pointer()})));
+}
+
+void TrayMenuBarExtra::handleClickOnEmbedded(std::optional<QRect> place) {
+  m_handlers.activated(place ? place : pixel(m_surroundings.pointer()));
+}
+
+void TrayMenuBarExtra::tellToolTip() {
+  const QString name = QCoreApplication::applicationName();
+  m_embedded->setToolTip(m_toolTip.isEmpty() ? name : name + QLatin1Char('\n') + m_toolTip);
+}
+
+}  // namespace mireval

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/MenuBarExtra.h"
+#include "platform/linux/tray/EmbeddedIcon.h"
+#include "platform/linux/tray/StatusNotifierItem.h"
+
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QTimer>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace mireval {
+
+/// The icon in the desktop's tray: a status notifier item where a host shows those, or else an icon that is
+/// embedded into an X11 tray. Hosts and trays may come, go and take turns at any time.
+class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
+  Q_OBJECT
+
+ public:
+  /// What it needs of the window system.
+  struct Surroundings {
+    /// Where the pointer is, in the window system's own pixels; nothing when the window system does not know.
+    std::function<std::optional<QPoint>()> pointer;
+    /// Makes an icon for trays that do not use the bus, showing the image; nothing where there are none.
+    std::function<std::unique_ptr<EmbeddedIcon>(const std::filesystem::path& image)> embed;
+  };
+
+  explicit TrayMenuBarExtra(Surroundings surroundings);
+  ~TrayMenuBarExtra() override;
+
+  void show(const std::filesystem::path& image, Handlers handlers) override;
+  void setToolTip(const QString& text) override;
+  bool isPlaced() const override;
+
+ private:
+  void followItem();
+  void embed();
+  void handleClickOnItem(std::optional<QPoint> told);
+  void handleClickOnEmbedded(std::optional<QRect> place);
+  void tellToolTip();
+
+  const Surroundings m_surroundings;
+  Handlers m_handlers;
+  std::filesystem::path m_image;
+  QString m_toolTip;
+  std::unique_ptr<StatusNotifierItem> m_item;
+  bool m_itemHasBeenPlaced = false;
+  std::unique_ptr<EmbeddedIcon> m_embedded;
+  QTimer m_embedLater;
+};
+
+}  // namespace mireval

@@ -1,0 +1,96 @@
+#include "platform/linux/windows/LinuxWindowSystem.h"
+
+#include "platform/linux/windows/WorkArea.h"
+#include "platform/linux/windows/X11Connection.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+#include <QtMath>
+
+#include <utility>
+
+namespace mireval {
+namespace {
+
+/// Whether the X server shows its windows on a Wayland desktop.
+bool isInsideWayland(const X11Connection& x11) {
+  // Before its version 23.1, Xwayland could be told only by what it calls its screens.
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  return x11.hasExtension("XWAYLAND") ||
+         (screen != nullptr && screen->name().startsWith(QLatin1String("XWAYLAND")));
+}
+
+QByteArray windowManager(const X11Connection& x11) {
+  const auto owner = x11.windows(x11.root(), x11.atom("_NET_SUPPORTING_WM_CHECK"));
+  return owner.empty() ? QByteArray() : x11.text(owner.front(), x11.atom("_NET_WM_NAME"));
+}
+
+std::vector<Strut> struts(const X11Connection& x11) {
+  const xcb_atom_t property = x11.atom("_NET_WM_STRUT_PARTIAL");
+  std::vector<Strut> struts;
+  for (const xcb_window_t window : x11.windows(x11.root(), x11.atom("_NET_CLIENT_LIST"))) {
+    if (Strut strut = x11.cardinals(window, property); !strut.empty()) {
+      struts.push_back(std::move(strut));
+    }
+  }
+  return struts;
+}
+
+}  // namespace
+
+WindowSystem::DropDown LinuxWindowSystem::dropDown() const {
+  const auto x11 = X11Connection::ofApplication();
+  if (!x11) {
+    return DropDown::placedByDesktop;
+  }
+  if (!isInsideWayland(*x11)) {
+    return DropDown::grabbing;
+  }
+  // These two give the keyboard to managed windows only. Others, which are built on wlroots, put those in the
+  // middle of the screen, but give the keyboard to pop-ups.
+  const QByteArray manager = windowManager(*x11);
+  const bool placesManagedWindows = manager == "KWin" || manager == "GNOME Shell";
+  return placesManagedWindows ? DropDown::managed : DropDown::unmanaged;
+}
+
+bool LinuxWindowSystem::blendsWindows() const {
+  const auto x11 = X11Connection::ofApplication();
+  // A compositor owns this selection as long as it runs; Wayland desktops are compositors.
+  return !x11 || x11->selectionHasOwner("_NET_WM_CM_S0") || isInsideWayland(*x11);
+}
+
+void LinuxWindowSystem::keepOutOfLists(QWindow& window) const {
+  if (const auto x11 = X11Connection::ofApplication()) {
+    // Qt keeps what it does not know in this property.
+    x11->addAtoms(static_cast<xcb_window_t>(window.winId()), "_NET_WM_STATE",
+                  {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
+  }
+}
+
+std::vector<ScreenArea> LinuxWindowSystem::screens() const {
+  // With several screens Qt does not tell what bars leave of them.
+  const auto x11 = X11Connection::ofApplication();
+  const std::vector<Strut> bars = x11 ? struts(*x11) : std::vector<Strut>();
+  std::vector<ScreenArea> areas;
+  for (const QScreen* const screen : QGuiApplication::screens()) {
+    ScreenArea area{.geometry = screen->geometry(),
+                    .workArea = screen->availableGeometry(),
+                    .scale = screen->devicePixelRatio()};
+    if (x11) {
+      const QRect native = workArea(area.nativeGeometry(), x11->rootSize(), bars);
+      const QRectF left = area.fromNative(QRectF(native));
+      area.workArea &= QRect(QPoint(qCeil(left.left()), qCeil(left.top())),
+                             QPoint(qFloor(left.right()) - 1, qFloor(left.bottom()) - 1));
+    }
+    areas.push_back(area);
+  }
+  return areas;
+}
+
+std::optional<QPoint> LinuxWindowSystem::pointer() {
+  const auto x11 = X11Connection::ofApplication();
+  return x11 && !isInsideWayland(*x11) ? x11->pointer() : std::nullopt;
+}
+
+}  // namespace mireval

@@ -1,0 +1,109 @@
+#include "platform/linux/windows/X11Connection.h"
+
+#include <QGuiApplication>
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+namespace mireval {
+namespace {
+
+// Of a property that is read, in units of four bytes: room for a thousand windows, and no more than that of
+// what anybody can set.
+constexpr std::uint32_t propertyLimit = 1024;
+
+struct Free {
+  void operator()(void* memory) const { std::free(memory); }
+};
+
+template <typename Reply>
+using ReplyPointer = std::unique_ptr<Reply, Free>;
+
+template <typename Value>
+std::vector<Value> valuesIn(const QByteArray& bytes) {
+  std::vector<Value> values(static_cast<std::size_t>(bytes.size()) / sizeof(Value));
+  std::memcpy(values.data(), bytes.constData(), values.size() * sizeof(Value));
+  return values;
+}
+
+}  // namespace
+
+std::optional<X11Connection> X11Connection::ofApplication() {
+  const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  // A platform without a screen offers the interface but no connection.
+  xcb_connection_t* const connection = x11 != nullptr ? x11->connection() : nullptr;
+  if (connection == nullptr || xcb_connection_has_error(connection) != 0) {
+    return std::nullopt;
+  }
+  return X11Connection(connection, xcb_setup_roots_iterator(xcb_get_setup(connection)).data);
+}
+
+bool X11Connection::hasExtension(std::string_view name) const {
+  const ReplyPointer<xcb_query_extension_reply_t> reply(xcb_query_extension_reply(
+      m_connection, xcb_query_extension(m_connection, static_cast<std::uint16_t>(name.size()), name.data()),
+      nullptr));
+  return reply && reply->present != 0;
+}
+
+bool X11Connection::selectionHasOwner(std::string_view selection) const {
+  const xcb_atom_t name = atom(selection);
+  const ReplyPointer<xcb_get_selection_owner_reply_t> reply(
+      xcb_get_selection_owner_reply(m_connection, xcb_get_selection_owner(m_connection, name), nullptr));
+  return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+std::optional<QPoint> X11Connection::pointer() const {
+  const ReplyPointer<xcb_query_pointer_reply_t> reply(
+      xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, root()), nullptr));
+  if (!reply || reply->same_screen == 0) {
+    return std::nullopt;
+  }
+  return QPoint(reply->root_x, reply->root_y);
+}
+
+std::vector<xcb_window_t> X11Connection::windows(xcb_window_t window, xcb_atom_t property) const {
+  return valuesIn<xcb_window_t>(bytes(window, property, XCB_ATOM_WINDOW, 32));
+}
+
+std::vector<std::uint32_t> X11Connection::cardinals(xcb_window_t window, xcb_atom_t property) const {
+  return valuesIn<std::uint32_t>(bytes(window, property, XCB_ATOM_CARDINAL, 32));
+}
+
+QByteArray X11Connection::text(xcb_window_t window, xcb_atom_t property) const {
+  return bytes(window, property, atom("UTF8_STRING"), 8);
+}
+
+void X11Connection::addAtoms(xcb_window_t window, std::string_view property,
+                             std::initializer_list<std::string_view> added) const {
+  std::vector<xcb_atom_t> atoms;
+  for (const std::string_view name : added) {
+    atoms.push_back(atom(name, Make::yes));
+  }
+  xcb_change_property(m_connection, XCB_PROP_MODE_APPEND, window, atom(property, Make::yes), XCB_ATOM_ATOM,
+                      32, static_cast<std::uint32_t>(atoms.size()), atoms.data());
+}
+
+xcb_atom_t X11Connection::atom(std::string_view name, Make make) const {
+  const ReplyPointer<xcb_intern_atom_reply_t> reply(
+      xcb_intern_atom_reply(m_connection,
+                            xcb_intern_atom(m_connection, make == Make::no ? 1 : 0,
+                                            static_cast<std::uint16_t>(name.size()), name.data()),
+                            nullptr));
+  return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+QByteArray X11Connection::bytes(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, int format) const {
+  if (property == XCB_ATOM_NONE || type == XCB_ATOM_NONE) {
+    return {};
+  }
+  const ReplyPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      m_connection, xcb_get_property(m_connection, 0, window, property, type, 0, propertyLimit), nullptr));
+  if (!reply || reply->type != type || reply->format != format) {
+    return {};
+  }
+  return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+          xcb_get_property_value_length(reply.get())};
+}
+
+}  // namespace mireval

@@ -1,0 +1,223 @@
+#include "Cover.h"
+#include "library/Mood.h"
+#include "platform/qt/QtImageDecoder.h"
+
+#include <gtest/gtest.h>
+
+#include <QColor>
+#include <QDir>
+#include <QImage>
+#include <QImageReader>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace mireval {
+namespace {
+
+constexpr int widgetPixels = 48;
+const QDir folder(QStringLiteral(COVERS));
+
+QString fileOf(Mood mood, int number) {
+  return folder.filePath(coverImageName(mood, number) + QStringLiteral(".png"));
+}
+
+/// A cover as a media widget shows it.
+struct Thumbnail {
+  Mood mood;
+  int number;
+  QImage image;
+};
+
+const std::vector<Thumbnail>& thumbnails() {
+  static const std::vector<Thumbnail> all = [] {
+    std::vector<Thumbnail> made;
+    for (const Mood mood : allMoods) {
+      for (int number = 1; number <= Cover::countPerMood; ++number) {
+        made.push_back(
+            {mood, number,
+             QImage(fileOf(mood, number))
+                 .convertToFormat(QImage::Format_RGB32)
+                 .scaled(widgetPixels, widgetPixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)});
+      }
+    }
+    return made;
+  }();
+  return all;
+}
+
+/// The mean difference of two thumbnails' pixels and channels, 0 to 255.
+double pixelDistance(const QImage& one, const QImage& other) {
+  double sum = 0;
+  for (int y = 0; y < widgetPixels; ++y) {
+    for (int x = 0; x < widgetPixels; ++x) {
+      const QColor a = one.pixelColor(x, y);
+      const QColor b = other.pixelColor(x, y);
+      sum += std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
+    }
+  }
+  return sum / (3.0 * widgetPixels * widgetPixels);
+}
+
+/// How often each kind of colour occurs: four steps for each channel, parts of the whole.
+using Palette = std::array<double, 64>;
+
+Palette paletteOf(const QImage& image) {
+  Palette palette{};
+  for (int y = 0; y < widgetPixels; ++y) {
+    for (int x = 0; x < widgetPixels; ++x) {
+      const QRgb colour = image.pixel(x, y);
+      const auto step = [](int channel) { return static_cast<std::size_t>(channel) / 64; };
+      palette.at((step(qRed(colour)) * 16) + (step(qGreen(colour)) * 4) + step(qBlue(colour))) +=
+          1.0 / (widgetPixels * widgetPixels);
+    }
+  }
+  return palette;
+}
+
+/// 0 for the same colours in the same parts, 1 for none in common.
+double paletteDistance(const Palette& one, const Palette& other) {
+  double common = 0;
+  for (std::size_t i = 0; i < one.size(); ++i) {
+    common += std::min(one.at(i), other.at(i));
+  }
+  return 1 - common;
+}
+
+/// The spread of the brightness of a thumbnail's pixels, 0 to 255.
+double contrastOf(const QImage& image) {
+  double sum = 0;
+  double squares = 0;
+  for (int y = 0; y < widgetPixels; ++y) {
+    for (int x = 0; x < widgetPixels; ++x) {
+      const double brightness = qGray(image.pixel(x, y));
+      sum += brightness;
+      squares += brightness * brightness;
+    }
+  }
+  const double count = widgetPixels * widgetPixels;
+  return std::sqrt(std::max(0.0, squares / count - (sum / count) * (sum / count)));
+}
+
+std::string nameOf(const Thumbnail& thumbnail) {
+  return coverImageName(thumbnail.mood, thumbnail.number).toStdString();
+}
+
+TEST(CoversTest, ThereAreExactlyFortyPictures) {
+  QStringList expected;
+  for (const Mood mood : allMoods) {
+    for (int number = 1; number <= Cover::countPerMood; ++number) {
+      expected.append(coverImageName(mood, number) + QStringLiteral(".png"));
+    }
+  }
+  expected.sort();
+  EXPECT_EQ(expected.size(), 40);
+  EXPECT_EQ(folder.entryList(QDir::Files | QDir::Hidden, QDir::Name), expected);
+}
+
+TEST(CoversTest, EachIsAPngOf1200PixelsWhichThePlayerKeepsInOneByteEach) {
+  QtImageDecoder decoder;
+  for (const Mood mood : allMoods) {
+    for (int number = 1; number <= Cover::countPerMood; ++number) {
+      EXPECT_EQ(QImageReader::imageFormat(fileOf(mood, number)), "png") << fileOf(mood, number).toStdString();
+      const QImage image = decoder.thumbnail(fileOf(mood, number).toStdString(), 1600);
+      EXPECT_EQ(image.size(), QSize(1200, 1200)) << fileOf(mood, number).toStdString();
+      EXPECT_EQ(image.format(), QImage::Format_Indexed8) << fileOf(mood, number).toStdString();
+      EXPECT_FALSE(image.hasAlphaChannel()) << fileOf(mood, number).toStdString();
+    }
+  }
+}
+
+TEST(CoversTest, DrawnAgainTheyAreTheSame) {
+  for (const Mood mood : allMoods) {
+    for (const int number : {1, Cover::countPerMood}) {
+      EXPECT_EQ(Cover::draw(mood, number), Cover::draw(mood, number))
+          << coverImageName(mood, number).toStdString();
+    }
+  }
+}
+
+TEST(CoversTest, TheFewerColoursAreNotSeen) {
+  for (const Mood mood : allMoods) {
+    for (int number = 1; number <= Cover::countPerMood; ++number) {
+      const QImage drawn =
+          Cover::draw(mood, number)
+              .scaled(widgetPixels, widgetPixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+      const QImage shipped = thumbnails()
+                                 .at((static_cast<std::size_t>(mood) * Cover::countPerMood) +
+                                     static_cast<std::size_t>(number) - 1)
+                                 .image;
+      EXPECT_LT(pixelDistance(drawn, shipped), 1) << coverImageName(mood, number).toStdString();
+    }
+  }
+}
+
+TEST(CoversTest, EachPaintsTheWholeSquare) {
+  // Black is what is there before.
+  for (const Mood mood : allMoods) {
+    for (int number = 1; number <= Cover::countPerMood; ++number) {
+      const QImage image = Cover::draw(mood, number);
+      for (int i = 0; i < Cover::sidePixels; ++i) {
+        const int last = Cover::sidePixels - 1;
+        for (const QRgb edge :
+             {image.pixel(i, 0), image.pixel(i, last), image.pixel(0, i), image.pixel(last, i)}) {
+          ASSERT_NE(edge, qRgb(0, 0, 0)) << coverImageName(mood, number).toStdString() << " at " << i;
+        }
+      }
+    }
+  }
+}
+
+TEST(CoversTest, EachReadsInAWidget) {
+  for (const Thumbnail& cover : thumbnails()) {
+    EXPECT_GT(contrastOf(cover.image), 15) << nameOf(cover);
+  }
+}
+
+TEST(CoversTest, NoTwoLookAlikeInAWidget) {
+  const std::vector<Thumbnail>& all = thumbnails();
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    for (std::size_t j = i + 1; j < all.size(); ++j) {
+      EXPECT_GT(pixelDistance(all[i].image, all[j].image), 12) << nameOf(all[i]) << " and " << nameOf(all[j]);
+    }
+  }
+}
+
+TEST(CoversTest, TheModesAreFourFamilies) {
+  std::vector<Palette> palettes;
+  for (const Thumbnail& cover : thumbnails()) {
+    palettes.push_back(paletteOf(cover.image));
+  }
+  for (std::size_t i = 0; i < palettes.size(); ++i) {
+    // The mean distance of its colours to those of each family.
+    std::map<Mood, double> distances;
+    for (std::size_t j = 0; j < palettes.size(); ++j) {
+      if (i != j) {
+        const Mood mood = thumbnails()[j].mood;
+        const int others = Cover::countPerMood - (mood == thumbnails()[i].mood ? 1 : 0);
+        distances[mood] += paletteDistance(palettes[i], palettes[j]) / others;
+      }
+    }
+    const auto nearest = std::ranges::min_element(
+        distances, [](const auto& one, const auto& other) { return one.second < other.second; });
+    EXPECT_EQ(nearest->first, thumbnails()[i].mood) << nameOf(thumbnails()[i]);
+  }
+}
+
+TEST(CoversTest, TogetherTheyAreSmall) {
+  qint64 bytes = 0;
+  for (const QFileInfo& file : folder.entryInfoList(QDir::Files)) {
+    bytes += file.size();
+  }
+  EXPECT_LT(bytes, 12'000'000);
+}
+
+}  // namespace
+}  // namespace mireval

@@ -1,0 +1,362 @@
+#include "platform/linux/media/MprisMediaControls.h"
+
+#include "platform/linux/bus/PrivateBus.h"
+#include "platform/linux/bus/WaitFor.h"
+#include "platform/linux/media/MediaClient.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDBusObjectPath>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+#include <chrono>
+#include <memory>
+
+namespace mireval {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+const QString playerName = u"org.mpris.MediaPlayer2.mireval"_s;
+
+NowPlayingInfo makeInfo(const QString& title = u"Rain Veil"_s) {
+  return {.title = title,
+          .albumTitle = u"Mireval"_s,
+          .artist = u"Mireval \u2022 Focus"_s,
+          .playbackDurationSeconds = 180,
+          .elapsedPlaybackSeconds = 0,
+          .playbackRate = 1,
+          .artwork = std::nullopt};
+}
+
+class MprisMediaControlsTest : public testing::Test {
+ protected:
+  static std::unique_ptr<MprisMediaControls> makeControls() {
+    return std::make_unique<MprisMediaControls>(MprisMediaControls::Application{
+        .identity = "Mireval", .busName = "mireval", .desktopEntry = "org.mireval.Mireval"});
+  }
+
+  /// Does what the controller does at its first track.
+  void registerCommands(MprisMediaControls& controls) {
+    int number = 0;
+    for (RemoteCommand* const command :
+         {&controls.playCommand(), &controls.pauseCommand(), &controls.togglePlayPauseCommand()}) {
+      command->setEnabled(true);
+      command->addHandler([this, number] {
+        ++m_commands[number];
+        return m_answer;
+      });
+      ++number;
+    }
+  }
+
+  void startClient() { m_client = std::make_unique<MediaClient>(m_bus.address()); }
+
+  /// Controls on a running bus, and a client.
+  void appear() {
+    m_bus.start();
+    startClient();
+    m_controls = makeControls();
+    registerCommands(*m_controls);
+    m_controls->setNowPlayingInfo(makeInfo());
+    ASSERT_TRUE(waitFor([this] { return m_client->players().contains(playerName); }));
+    m_client->takeSignals(playerName);
+  }
+
+  int m_argumentCount = 1;
+  char m_programName[5] = "test";
+  char* m_arguments[2] = {m_programName, nullptr};
+  QCoreApplication m_application{m_argumentCount, m_arguments};
+  PrivateBus m_bus;
+  std::unique_ptr<MediaClient> m_client;
+  std::unique_ptr<MprisMediaControls> m_controls;
+  QList<int> m_commands{0, 0, 0};
+  RemoteCommandHandlerStatus m_answer = RemoteCommandHandlerStatus::success;
+};
+
+TEST_F(MprisMediaControlsTest, NotOnTheBusBeforeACommandHasAHandler) {
+  m_bus.start();
+  startClient();
+  m_controls = makeControls();
+  m_controls->setNowPlayingInfo(makeInfo());
+  m_controls->playCommand().setEnabled(true);
+  m_controls->setVolume(0.5);
+  EXPECT_FALSE(waitFor([this] { return !m_client->players().isEmpty(); }, 200ms));
+  m_controls->playCommand().addHandler([] { return RemoteCommandHandlerStatus::success; });
+  EXPECT_TRUE(waitFor([this] { return m_client->players() == QStringList{playerName}; }));
+}
+
+TEST_F(MprisMediaControlsTest, GoesFromTheBusAtTheEnd) {
+  appear();
+  m_controls.reset();
+  EXPECT_TRUE(waitFor([this] { return m_client->players().isEmpty(); }));
+}
+
+TEST_F(MprisMediaControlsTest, EveryPropertyAnswers) {
+  appear();
+  m_controls->setVolume(0.65);
+  EXPECT_EQ(m_client->allProperties(playerName, u"org.mpris.MediaPlayer2"_s),
+            (QVariantMap{{u"CanQuit"_s, false},
+                         {u"CanRaise"_s, true},
+                         {u"DesktopEntry"_s, u"org.mireval.Mireval"_s},
+                         {u"HasTrackList"_s, false},
+                         {u"Identity"_s, u"Mireval"_s},
+                         {u"SupportedMimeTypes"_s, QStringList()},
+                         {u"SupportedUriSchemes"_s, QStringList()}}));
+  QVariantMap player = m_client->allProperties(playerName, u"org.mpris.MediaPlayer2.Player"_s);
+  player.remove(u"Metadata"_s);
+  EXPECT_EQ(player.take(u"Position"_s).userType(), QMetaType::LongLong);
+  EXPECT_EQ(player, (QVariantMap{{u"CanControl"_s, true},
+                                 {u"CanGoNext"_s, false},
+                                 {u"CanGoPrevious"_s, false},
+                                 {u"CanPause"_s, true},
+                                 {u"CanPlay"_s, true},
+                                 {u"CanSeek"_s, false},
+                                 {u"MaximumRate"_s, 1.0},
+                                 {u"MinimumRate"_s, 1.0},
+                                 {u"PlaybackStatus"_s, u"Playing"_s},
+                                 {u"Rate"_s, 1.0},
+                                 {u"Volume"_s, 0.65}}));
+}
+
+TEST_F(MprisMediaControlsTest, MetadataOfTheTrack) {
+  appear();
+  NowPlayingInfo info = makeInfo();
+  info.artwork = MediaItemArtwork{.boundsSize = {1, 1}, .requestHandler = {}, .file = "/a b.png"};
+  m_controls->setNowPlayingInfo(info);
+  QVariantMap metadata = m_client->metadata(playerName);
+  EXPECT_EQ(metadata.take(u"mpris:trackid"_s).value<QDBusObjectPath>().path(),
+            QString::fromLatin1(MprisMetadata(info).trackId()));
+  EXPECT_EQ(metadata, (QVariantMap{{u"mpris:length"_s, 180'000'000LL},
+                                   {u"mpris:artUrl"_s, u"file:///a%20b.png"_s},
+                                   {u"xesam:title"_s, u"Rain Veil"_s},
+                                   {u"xesam:album"_s, u"Mireval"_s},
+                                   {u"xesam:artist"_s, QStringList{u"Mireval \u2022 Focus"_s}}}));
+  info.playbackDurationSeconds = 0;
+  info.artwork.reset();
+  m_controls->setNowPlayingInfo(info);
+  metadata = m_client->metadata(playerName);
+  EXPECT_EQ(metadata.keys(),
+            (QStringList{u"mpris:trackid"_s, u"xesam:album"_s, u"xesam:artist"_s, u"xesam:title"_s}));
+}
+
+TEST_F(MprisMediaControlsTest, ClearedInformationIsStoppedWithoutTrack) {
+  appear();
+  m_controls->setNowPlayingInfo(std::nullopt);
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata PlaybackStatus"_s});
+  EXPECT_EQ(m_client->property(playerName, u"PlaybackStatus"_s), u"Stopped"_s);
+  const QVariantMap metadata = m_client->metadata(playerName);
+  EXPECT_EQ(metadata.size(), 1);
+  EXPECT_EQ(metadata.value(u"mpris:trackid"_s).value<QDBusObjectPath>().path(),
+            u"/org/mpris/MediaPlayer2/TrackList/NoTrack"_s);
+  EXPECT_EQ(m_client->property(playerName, u"Position"_s), 0);
+}
+
+TEST_F(MprisMediaControlsTest, OnlyWhatChangedIsTold) {
+  appear();
+  NowPlayingInfo info = makeInfo();
+  for (int i = 1; i <= 5; ++i) {
+    m_controls->setNowPlayingInfo(info);
+  }
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList());
+
+  info.playbackRate = 0;
+  m_controls->setNowPlayingInfo(info);
+  m_controls->setNowPlayingInfo(info);
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged PlaybackStatus"_s});
+
+  info.artwork = MediaItemArtwork{.boundsSize = {1, 1}, .requestHandler = {}, .file = "/a.png"};
+  m_controls->setNowPlayingInfo(info);
+  m_controls->setNowPlayingInfo(info);
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata"_s});
+
+  info.title = u"Other"_s;
+  info.playbackRate = 1;
+  m_controls->setNowPlayingInfo(info);
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata PlaybackStatus"_s});
+
+  m_controls->setVolume(0.25);
+  m_controls->setVolume(0.25);
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Volume"_s});
+
+  m_controls->playCommand().setEnabled(false);
+  m_controls->pauseCommand().setEnabled(false);
+  m_controls->pauseCommand().setEnabled(false);
+  m_controls->togglePlayPauseCommand().setEnabled(false);
+  EXPECT_EQ(m_client->takeSignals(playerName),
+            (QStringList{u"PropertiesChanged CanPlay"_s, u"PropertiesChanged CanPause"_s}));
+  EXPECT_EQ(m_client->property(playerName, u"CanPlay"_s), false);
+}
+
+TEST_F(MprisMediaControlsTest, AJumpIsTold) {
+  appear();
+  NowPlayingInfo info = makeInfo();
+  info.elapsedPlaybackSeconds = 42;
+  m_controls->setNowPlayingInfo(info);
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"Seeked 42000000"_s});
+  info = makeInfo(u"Next"_s);
+  m_controls->setNowPlayingInfo(info);
+  EXPECT_EQ(m_client->takeSignals(playerName), (QStringList{u"PropertiesChanged Metadata"_s, u"Seeked 0"_s}));
+}
+
+TEST_F(MprisMediaControlsTest, CommandsReachTheirHandlers) {
+  appear();
+  EXPECT_EQ(m_client->command(playerName, u"Play"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_commands, (QList{1, 0, 0}));
+  EXPECT_EQ(m_client->command(playerName, u"Pause"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_commands, (QList{1, 1, 0}));
+  EXPECT_EQ(m_client->command(playerName, u"PlayPause"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_commands, (QList{1, 1, 1}));
+
+  m_answer = RemoteCommandHandlerStatus::commandFailed;
+  EXPECT_EQ(m_client->command(playerName, u"Play"_s).errorName(), u"org.freedesktop.DBus.Error.Failed"_s);
+  EXPECT_EQ(m_commands, (QList{2, 1, 1}));
+
+  m_controls->playCommand().setEnabled(false);
+  EXPECT_EQ(m_client->command(playerName, u"Play"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_commands, (QList{2, 1, 1}));
+}
+
+TEST_F(MprisMediaControlsTest, WhatCannotBeDoneDoesNothing) {
+  appear();
+  const QVariantMap before = m_client->allProperties(playerName, u"org.mpris.MediaPlayer2.Player"_s);
+  for (const char* const method : {"Next", "Previous", "Stop"}) {
+    EXPECT_EQ(m_client->command(playerName, QLatin1String(method)).type(), QDBusMessage::ReplyMessage)
+        << method;
+  }
+  EXPECT_EQ(m_client->command(playerName, u"Seek"_s, {qlonglong{5}}).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_client
+                ->command(playerName, u"SetPosition"_s,
+                          {QVariant::fromValue(QDBusObjectPath(u"/a"_s)), qlonglong{5}})
+                .type(),
+            QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_client->command(playerName, u"OpenUri"_s, {u"file:///a"_s}).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_client->call(playerName, u"org.mpris.MediaPlayer2"_s, u"Quit"_s).type(),
+            QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_commands, (QList{0, 0, 0}));
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList());
+  EXPECT_EQ(m_client->property(playerName, u"PlaybackStatus"_s), before.value(u"PlaybackStatus"_s));
+}
+
+TEST_F(MprisMediaControlsTest, RaiseIsPassedOn) {
+  appear();
+  const QSignalSpy raised(m_controls.get(), &MprisMediaControls::raiseRequested);
+  EXPECT_EQ(m_client->call(playerName, u"org.mpris.MediaPlayer2"_s, u"Raise"_s).type(),
+            QDBusMessage::ReplyMessage);
+  EXPECT_EQ(raised.size(), 1);
+}
+
+TEST_F(MprisMediaControlsTest, WritesAreTakenAndIgnored) {
+  appear();
+  m_controls->setVolume(0.65);
+  m_client->takeSignals(playerName);
+  for (const char* const name : {"Volume", "Rate"}) {
+    const QVariant before = m_client->property(playerName, QLatin1String(name));
+    EXPECT_EQ(m_client->setProperty(playerName, QLatin1String(name), 0.1).type(), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(m_client->property(playerName, QLatin1String(name)), before);
+  }
+  EXPECT_EQ(m_client->takeSignals(playerName), QStringList());
+}
+
+TEST_F(MprisMediaControlsTest, WrongRequestsAreOrdinaryErrors) {
+  appear();
+  EXPECT_EQ(m_client->setProperty(playerName, u"CanPlay"_s, true).errorName(),
+            u"org.freedesktop.DBus.Error.PropertyReadOnly"_s);
+  EXPECT_EQ(m_client->setProperty(playerName, u"Volume"_s, u"loud"_s).errorName(),
+            u"org.freedesktop.DBus.Error.InvalidArgs"_s);
+  EXPECT_EQ(m_client->setProperty(playerName, u"Nothing"_s, 1).errorName(),
+            u"org.freedesktop.DBus.Error.UnknownProperty"_s);
+  EXPECT_EQ(m_client->command(playerName, u"Seek"_s, {u"far"_s}).errorName(),
+            u"org.freedesktop.DBus.Error.InvalidArgs"_s);
+  EXPECT_EQ(m_client->command(playerName, u"Play"_s, {1}).errorName(),
+            u"org.freedesktop.DBus.Error.InvalidArgs"_s);
+  EXPECT_EQ(m_client->command(playerName, u"Dance"_s).errorName(),
+            u"org.freedesktop.DBus.Error.UnknownMethod"_s);
+  EXPECT_EQ(m_commands, (QList{0, 0, 0}));
+  EXPECT_EQ(m_client->players(), QStringList{playerName});
+}
+
+TEST_F(MprisMediaControlsTest, ASecondCopyHasANameOfItsOwn) {
+  appear();
+  const auto second = makeControls();
+  registerCommands(*second);
+  second->setNowPlayingInfo(makeInfo(u"Second"_s));
+  ASSERT_TRUE(waitFor([this] { return m_client->players().size() == 2; }));
+  QStringList others = m_client->players();
+  others.removeAll(playerName);
+  EXPECT_TRUE(others.at(0).startsWith(playerName + u".instance"_s)) << others.at(0).toStdString();
+  EXPECT_EQ(m_client->metadata(others.at(0)).value(u"xesam:title"_s), u"Second"_s);
+  EXPECT_EQ(m_client->metadata(playerName).value(u"xesam:title"_s), u"Rain Veil"_s);
+  m_controls.reset();
+  EXPECT_TRUE(waitFor([&] { return m_client->players() == others; }));
+}
+
+TEST_F(MprisMediaControlsTest, WithoutABusItWaitsForOne) {
+  m_controls = makeControls();
+  registerCommands(*m_controls);
+  m_controls->setNowPlayingInfo(makeInfo());
+  m_controls->setVolume(0.5);
+  m_bus.start();
+  startClient();
+  ASSERT_TRUE(waitFor([this] {
+    m_controls->setNowPlayingInfo(makeInfo());
+    return m_client->players().contains(playerName);
+  }));
+  EXPECT_EQ(m_client->metadata(playerName).value(u"xesam:title"_s), u"Rain Veil"_s);
+}
+
+TEST_F(MprisMediaControlsTest, ComesBackWithTheBus) {
+  appear();
+  m_bus.kill();
+  m_controls->setNowPlayingInfo(makeInfo(u"Meanwhile"_s));
+  QCoreApplication::processEvents();
+  m_controls->setNowPlayingInfo(makeInfo(u"Later"_s));
+  m_bus.start();
+  startClient();
+  ASSERT_TRUE(waitFor([this] {
+    m_controls->setNowPlayingInfo(makeInfo(u"Later"_s));
+    return m_client->players().contains(playerName);
+  }));
+  EXPECT_EQ(m_client->metadata(playerName).value(u"xesam:title"_s), u"Later"_s);
+  m_client->takeSignals(playerName);
+  EXPECT_EQ(m_client->command(playerName, u"Pause"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_commands, (QList{0, 1, 0}));
+  m_controls->setNowPlayingInfo(makeInfo(u"Told"_s));
+  // Clients may have played on for more than a second meanwhile, and are told of the jump then, too.
+  EXPECT_EQ(m_client->takeSignals(playerName).value(0), u"PropertiesChanged Metadata"_s);
+}
+
+// A limit against hanging, not a measurement.
+TEST_F(MprisMediaControlsTest, AFrozenBusHoldsNothingUp) {
+  m_bus.start();
+  startClient();
+  m_bus.freeze();
+  QElapsedTimer timer;
+  timer.start();
+  m_controls = makeControls();
+  registerCommands(*m_controls);
+  for (int i = 0; i < 1000; ++i) {
+    m_controls->setNowPlayingInfo(makeInfo(QString::number(i)));
+    QCoreApplication::processEvents();
+  }
+  EXPECT_LT(timer.elapsed(), 5000);
+  m_bus.thaw();
+  ASSERT_TRUE(waitFor([this] { return m_client->players().contains(playerName); }));
+  EXPECT_EQ(m_client->metadata(playerName).value(u"xesam:title"_s), u"999"_s);
+
+  m_bus.freeze();
+  timer.start();
+  for (int i = 0; i < 1000; ++i) {
+    m_controls->setNowPlayingInfo(makeInfo(QString::number(i)));
+    QCoreApplication::processEvents();
+  }
+  EXPECT_LT(timer.elapsed(), 5000);
+  m_bus.thaw();
+  EXPECT_EQ(m_client->takeSignals(playerName).size(), 1000);
+}
+
+}  // namespace
+}  // namespace mireval

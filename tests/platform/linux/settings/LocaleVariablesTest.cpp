@@ -1,0 +1,130 @@
+#include "platform/linux/settings/LocaleVariables.h"
+
+#include "support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+namespace mireval {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+LocaleVariables make(const std::map<std::string, QByteArray>& values) {
+  return LocaleVariables([&values](const char* name) {
+    const auto found = values.find(name);
+    return found == values.end() ? QByteArray() : found->second;
+  });
+}
+
+QStringList localizations(const QByteArray& languages) {
+  return make({{"LANGUAGE", languages}}).preferredLocalizations();
+}
+
+TEST(LocaleVariables, NothingSetIsNothingPreferred) {
+  const LocaleVariables variables = make({});
+  EXPECT_EQ(variables.preferredLanguages(), QStringList());
+  EXPECT_EQ(variables.preferredLocalizations(), QStringList());
+  EXPECT_EQ(variables.currentLocaleIdentifier(), QString());
+}
+
+TEST(LocaleVariables, LanguagesInTheOrderOfTheVariables) {
+  const LocaleVariables variables = make({{"LANG", "de_DE.UTF-8"},
+                                          {"LC_ALL", "ja_JP.UTF-8"},
+                                          {"LC_MESSAGES", "fr_FR.UTF-8"},
+                                          {"LC_NUMERIC", "it_IT.UTF-8"},
+                                          {"LANGUAGE", "zh_TW:en_GB"}});
+  EXPECT_EQ(variables.preferredLanguages(),
+            (QStringList{u"zh_TW"_s, u"en_GB"_s, u"ja_JP"_s, u"fr_FR"_s, u"de_DE"_s}));
+}
+
+TEST(LocaleVariables, EncodingAndModifierAreLeftOut) {
+  EXPECT_EQ(make({{"LANGUAGE", "sr_RS@latin:de.ISO-8859-15@euro:ca@x.y:ja_JP.UTF-8:zh-Hant-TW"}})
+                .preferredLanguages(),
+            (QStringList{u"sr_RS"_s, u"de"_s, u"ca"_s, u"ja_JP"_s, u"zh-Hant-TW"_s}));
+}
+
+TEST(LocaleVariables, NoLanguageAndEmptyEntriesAreSkipped) {
+  EXPECT_EQ(make({{"LANGUAGE", ":C::POSIX:ja:.UTF-8:@latin:C.UTF-8:"},
+                  {"LC_ALL", "C.utf8"},
+                  {"LC_MESSAGES", "POSIX"},
+                  {"LANG", "C"}})
+                .preferredLanguages(),
+            QStringList{u"ja"_s});
+}
+
+TEST(LocaleVariables, OnlyTheExactNamesAreNoLanguage) {
+  EXPECT_EQ(make({{"LANGUAGE", "c:posix:CC:POSIX_x"}}).preferredLanguages(),
+            (QStringList{u"c"_s, u"posix"_s, u"CC"_s, u"POSIX_x"_s}));
+}
+
+TEST(LocaleVariables, DuplicatesAreKept) {
+  EXPECT_EQ(make({{"LANGUAGE", "ja:en:ja"}, {"LC_ALL", "ja.UTF-8"}, {"LANG", "ja"}}).preferredLanguages(),
+            (QStringList{u"ja"_s, u"en"_s, u"ja"_s, u"ja"_s, u"ja"_s}));
+}
+
+TEST(LocaleVariables, TheLocaleIsTheFirstThatIsSet) {
+  EXPECT_EQ(
+      make({{"LC_ALL", "ja_JP.UTF-8"}, {"LC_NUMERIC", "de_DE"}, {"LANG", "fr_FR"}}).currentLocaleIdentifier(),
+      u"ja_JP"_s);
+  EXPECT_EQ(make({{"LC_NUMERIC", "de_DE@euro"}, {"LANG", "fr_FR"}}).currentLocaleIdentifier(), u"de_DE"_s);
+  EXPECT_EQ(make({{"LANG", "fr_FR.UTF-8"}}).currentLocaleIdentifier(), u"fr_FR"_s);
+  EXPECT_EQ(make({{"LC_MESSAGES", "ja_JP"}, {"LANGUAGE", "ja"}}).currentLocaleIdentifier(), QString());
+}
+
+TEST(LocaleVariables, TheLocaleWithoutLanguageIsEmptyAndFinal) {
+  EXPECT_EQ(make({{"LC_ALL", "C.UTF-8"}, {"LANG", "ja_JP"}}).currentLocaleIdentifier(), QString());
+  EXPECT_EQ(make({{"LC_NUMERIC", "POSIX"}, {"LANG", "ja_JP"}}).currentLocaleIdentifier(), QString());
+}
+
+TEST(LocaleVariables, LocalizationsThatFitInTheUsersOrder) {
+  EXPECT_EQ(localizations("fr:ja_JP:zh_TW:en_GB:zh_CN"),
+            (QStringList{u"ja"_s, u"zh-Hant"_s, u"en"_s, u"zh-Hans"_s}));
+  EXPECT_EQ(make({{"LANG", "ja_JP.UTF-8"}}).preferredLocalizations(), QStringList{u"ja"_s});
+}
+
+TEST(LocaleVariables, EachLocalizationOnce) {
+  EXPECT_EQ(localizations("en_GB:ja:en_US:ja_JP"), (QStringList{u"en"_s, u"ja"_s}));
+}
+
+TEST(LocaleVariables, NoLocalizationWhereNoneFits) {
+  EXPECT_EQ(localizations("fr_FR:de:xx:yue_HK:japanese:_:-:English"), QStringList());
+}
+
+TEST(LocaleVariables, ChineseByScriptOrTerritory) {
+  for (const char* const language :
+       {"zh_TW", "zh_HK", "zh_MO", "ZH_tw", "zh-Hant", "zh_Hant_HK", "zh-Hant-CN", "zho_TW", "chi_HK"}) {
+    EXPECT_EQ(localizations(language), QStringList{u"zh-Hant"_s}) << language;
+  }
+  for (const char* const language :
+       {"zh", "zh_CN", "zh_SG", "zh_US", "zh-Hans", "zh_Hans_HK", "zh-Hans-MO", "zho", "chi_CN"}) {
+    EXPECT_EQ(localizations(language), QStringList{u"zh-Hans"_s}) << language;
+  }
+}
+
+TEST(LocaleVariables, OtherSpellingsFit) {
+  EXPECT_EQ(localizations("jpn_JP"), QStringList{u"ja"_s});
+  EXPECT_EQ(localizations("JA"), QStringList{u"ja"_s});
+  EXPECT_EQ(localizations("eng"), QStringList{u"en"_s});
+  EXPECT_EQ(localizations("en_US_POSIX"), QStringList{u"en"_s});
+}
+
+// What it makes of them does not matter, as long as the sensible entry behind them is found.
+TEST(LocaleVariables, AbsurdValuesAreSurvived) {
+  constexpr qsizetype large = 100'000;
+  for (const QByteArray& absurd :
+       {QByteArray(large, ':'), QByteArray(large, 'x'), QByteArray(large, '\0'), QByteArray(large, '_'),
+        QByteArray(large, '@'), QByteArray(large, '.'), QByteArray("x:").repeated(large / 2),
+        QByteArray("\xff\xfe\x80:\xc3"), QByteArray("\0\0:\0", 4), QByteArray("\xed\xa0\x80")}) {
+    EXPECT_EQ(localizations(absurd + ":ja"), QStringList{u"ja"_s});
+    const LocaleVariables variables = make({{"LC_ALL", absurd}, {"LANG", absurd}});
+    EXPECT_LE(variables.preferredLanguages().size(), 2);
+    EXPECT_EQ(variables.preferredLocalizations(), QStringList());
+    EXPECT_LE(variables.currentLocaleIdentifier().size(), large);
+  }
+}
+
+}  // namespace
+}  // namespace mireval

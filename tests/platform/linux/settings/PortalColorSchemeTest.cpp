@@ -1,0 +1,340 @@
+#include "platform/linux/settings/PortalColorScheme.h"
+
+#include "platform/linux/bus/MockService.h"
+#include "platform/linux/bus/PrivateBus.h"
+#include "platform/linux/bus/WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <QDBusVariant>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QSignalSpy>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace mireval {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+const QString portalName = u"org.freedesktop.portal.Desktop"_s;
+const QString objectPath = u"/org/freedesktop/portal/desktop"_s;
+const QString settingsInterface = u"org.freedesktop.portal.Settings"_s;
+const QString question = u"Read org.freedesktop.appearance color-scheme"_s;
+constexpr uint noPreference = 0;
+constexpr uint dark = 1;
+constexpr uint light = 2;
+
+QVariant variant(const QVariant& value) {
+  return QVariant::fromValue(QDBusVariant(value));
+}
+
+class PortalColorSchemeTest : public testing::Test {
+ protected:
+  PortalColorSchemeTest() { setPaletteDark(false); }
+
+  static void setPaletteDark(bool isDark) {
+    QGuiApplication::setPalette(QPalette(isDark ? Qt::black : Qt::white));
+    QCoreApplication::processEvents();
+  }
+
+  std::unique_ptr<MockService> makePortal() {
+    return std::make_unique<MockService>(m_bus.address(), portalName, objectPath);
+  }
+
+  static auto answering(const QVariant& value) {
+    return [value](const QDBusMessage& call) { return call.createReply(value); };
+  }
+
+  static auto answering(uint preference) { return answering(variant(variant(preference))); }
+
+  /// A portal with that answer on a running bus, and a scheme that listens to it.
+  void startWith(uint preference) {
+    m_bus.start();
+    m_portal = makePortal();
+    m_portal->answer = answering(preference);
+    m_portal->appear();
+    start();
+    waitForListening();
+  }
+
+  /// The same; its answer has come, and changes count from now on.
+  void settleWith(uint preference) {
+    startWith(preference);
+    tell(dark);
+    ASSERT_TRUE(becomes(true));
+    tell(preference);
+    ASSERT_TRUE(becomes(preference == dark));
+    m_changes->clear();
+  }
+
+  void start() {
+    m_scheme = std::make_unique<PortalColorScheme>();
+    m_changes = std::make_unique<QSignalSpy>(m_scheme.get(), &ColorScheme::darkChanged);
+  }
+
+  void waitForListening() {
+    ASSERT_TRUE(waitFor([this] { return m_portal->isListenedTo() && !m_portal->calls().empty(); }));
+  }
+
+  bool becomes(bool isDark) {
+    return waitFor([this, isDark] { return m_scheme->isDark() == isDark; });
+  }
+
+  void tell(const QVariant& value, const QString& nameSpace = u"org.freedesktop.appearance"_s,
+            const QString& key = u"color-scheme"_s) {
+    m_portal->sendSignal(settingsInterface, u"SettingChanged"_s, {nameSpace, key, value});
+  }
+
+  void tell(uint preference) { tell(variant(preference)); }
+
+  int m_argumentCount = 3;
+  char m_programName[5] = "test";
+  char m_option[10] = "-platform";
+  char m_platform[10] = "offscreen";
+  char* m_arguments[4] = {m_programName, m_option, m_platform, nullptr};
+  PrivateBus m_bus;
+  QGuiApplication m_application{m_argumentCount, m_arguments};
+  std::unique_ptr<MockService> m_portal;
+  std::unique_ptr<PortalColorScheme> m_scheme;
+  std::unique_ptr<QSignalSpy> m_changes;
+};
+
+TEST_F(PortalColorSchemeTest, TheAnswerDecides) {
+  startWith(dark);
+  EXPECT_TRUE(becomes(true));
+  EXPECT_EQ(m_changes->size(), 1);
+  EXPECT_EQ(m_portal->calls(), QStringList{question});
+}
+
+TEST_F(PortalColorSchemeTest, APreferenceForLightBeatsADarkPalette) {
+  setPaletteDark(true);
+  startWith(light);
+  EXPECT_TRUE(becomes(false));
+  EXPECT_EQ(m_changes->size(), 1);
+}
+
+TEST_F(PortalColorSchemeTest, UntilTheAnswerThePaletteDecides) {
+  m_bus.start();
+  m_portal = makePortal();
+  m_portal->appear();
+  start();
+  waitForListening();
+  EXPECT_FALSE(m_scheme->isDark());
+  setPaletteDark(true);
+  EXPECT_TRUE(m_scheme->isDark());
+  m_portal->answer = answering(light);
+  m_portal->answerUnanswered();
+  EXPECT_TRUE(becomes(false));
+  EXPECT_EQ(m_changes->size(), 2);
+}
+
+TEST_F(PortalColorSchemeTest, ChangesAreFollowed) {
+  startWith(light);
+  for (const uint preference : {dark, light, dark}) {
+    tell(preference);
+    EXPECT_TRUE(becomes(preference == dark));
+  }
+  EXPECT_EQ(m_changes->size(), 3);
+  EXPECT_EQ(m_portal->calls(), QStringList{question});
+}
+
+TEST_F(PortalColorSchemeTest, OnlyAChangeOfTheResultIsTold) {
+  startWith(noPreference);
+  tell(light);
+  tell(noPreference);
+  tell(light);
+  tell(dark);
+  tell(dark);
+  ASSERT_TRUE(becomes(true));
+  EXPECT_EQ(m_changes->size(), 1);
+  setPaletteDark(true);
+  tell(noPreference);
+  tell(light);
+  ASSERT_TRUE(becomes(false));
+  EXPECT_EQ(m_changes->size(), 2);
+}
+
+TEST_F(PortalColorSchemeTest, ThePaletteCountsOnlyWithoutAPreference) {
+  settleWith(light);
+  setPaletteDark(true);
+  setPaletteDark(false);
+  tell(dark);
+  ASSERT_TRUE(becomes(true));
+  EXPECT_EQ(m_changes->size(), 1);
+  tell(noPreference);
+  ASSERT_TRUE(becomes(false));
+  setPaletteDark(true);
+  EXPECT_TRUE(m_scheme->isDark());
+  EXPECT_EQ(m_changes->size(), 3);
+}
+
+TEST_F(PortalColorSchemeTest, OneVariantOrTwoAreUnderstood) {
+  startWith(light);
+  tell(variant(variant(dark)));
+  EXPECT_TRUE(becomes(true));
+  m_portal->disappear();
+  ASSERT_TRUE(becomes(false));
+  m_portal->answer = answering(variant(dark));
+  m_portal->appear();
+  EXPECT_TRUE(becomes(true));
+}
+
+TEST_F(PortalColorSchemeTest, NonsenseIsNoPreference) {
+  setPaletteDark(true);
+  startWith(light);
+  ASSERT_TRUE(becomes(false));
+  for (const QVariant& nonsense : {variant(3U), variant(UINT_MAX), variant(u"1"_s), variant(1), variant(true),
+                                   variant(QStringList{u"1"_s}), variant(QVariantMap{{u"a"_s, light}}),
+                                   QVariant(u"light"_s), QVariant(QStringList{u"light"_s})}) {
+    SCOPED_TRACE(nonsense.typeName());
+    tell(nonsense);
+    EXPECT_TRUE(becomes(true));
+
+    m_portal->disappear();
+    m_portal->answer = {};
+    m_portal->appear();
+    const qsizetype callsBefore = m_portal->calls().size();
+    ASSERT_TRUE(waitFor([&] { return m_portal->calls().size() > callsBefore; }));
+    tell(light);
+    ASSERT_TRUE(becomes(false));
+    m_portal->answer = answering(nonsense);
+    m_portal->answerUnanswered();
+    EXPECT_TRUE(becomes(true));
+    tell(light);
+    ASSERT_TRUE(becomes(false));
+  }
+}
+
+TEST_F(PortalColorSchemeTest, AnErrorIsNoPreference) {
+  m_bus.start();
+  m_portal = makePortal();
+  m_portal->appear();
+  setPaletteDark(true);
+  start();
+  waitForListening();
+  tell(light);
+  ASSERT_TRUE(becomes(false));
+  m_portal->answer = [](const QDBusMessage& call) {
+    return call.createErrorReply(u"org.freedesktop.portal.Error.NotFound"_s,
+                                 u"Requested setting not found"_s);
+  };
+  m_portal->answerUnanswered();
+  EXPECT_TRUE(becomes(true));
+  tell(light);
+  EXPECT_TRUE(becomes(false));
+}
+
+TEST_F(PortalColorSchemeTest, OtherSettingsAreNotHeard) {
+  settleWith(light);
+  tell(variant(dark), u"org.freedesktop.appearance"_s, u"contrast"_s);
+  tell(variant(dark), u"org.gnome.desktop.interface"_s, u"color-scheme"_s);
+  m_portal->sendSignal(settingsInterface, u"SettingChanged"_s, {});
+  m_portal->sendSignal(u"org.example"_s, u"SettingChanged"_s,
+                       {u"org.freedesktop.appearance"_s, u"color-scheme"_s, variant(dark)});
+  tell(light);
+  setPaletteDark(true);
+  tell(noPreference);
+  ASSERT_TRUE(becomes(true));
+  EXPECT_EQ(m_changes->size(), 1);
+}
+
+TEST_F(PortalColorSchemeTest, APortalThatComesLaterIsAsked) {
+  m_bus.start();
+  start();
+  m_portal = makePortal();
+  m_portal->answer = answering(dark);
+  ASSERT_TRUE(waitFor([this] { return m_portal->isListenedTo(); }));
+  EXPECT_FALSE(m_scheme->isDark());
+  m_portal->appear();
+  EXPECT_TRUE(becomes(true));
+  EXPECT_EQ(m_portal->calls(), QStringList{question});
+}
+
+TEST_F(PortalColorSchemeTest, WhenThePortalGoesThePaletteDecides) {
+  startWith(dark);
+  ASSERT_TRUE(becomes(true));
+  m_portal->disappear();
+  EXPECT_TRUE(becomes(false));
+  setPaletteDark(true);
+  EXPECT_TRUE(m_scheme->isDark());
+  m_portal->answer = answering(light);
+  m_portal->appear();
+  EXPECT_TRUE(becomes(false));
+  EXPECT_EQ(m_portal->calls(), (QStringList{question, question}));
+}
+
+TEST_F(PortalColorSchemeTest, TheAnswerOfAPortalThatHasGoneIsDropped) {
+  m_bus.start();
+  m_portal = makePortal();
+  m_portal->appear();
+  start();
+  waitForListening();
+  m_portal->disappear();
+  // Still on the bus, it answers all the same.
+  m_portal->answer = answering(dark);
+  m_portal->answerUnanswered();
+  m_portal->answer = answering(light);
+  m_portal->appear();
+  ASSERT_TRUE(waitFor([this] { return m_portal->calls().size() == 2; }));
+  tell(dark);
+  ASSERT_TRUE(becomes(true));
+  EXPECT_EQ(m_changes->size(), 1);
+}
+
+TEST_F(PortalColorSchemeTest, WithoutABusThePaletteDecides) {
+  start();
+  setPaletteDark(true);
+  EXPECT_TRUE(m_scheme->isDark());
+  EXPECT_EQ(m_changes->size(), 1);
+}
+
+TEST_F(PortalColorSchemeTest, WhenTheBusGoesThePaletteDecides) {
+  startWith(dark);
+  ASSERT_TRUE(becomes(true));
+  m_bus.kill();
+  EXPECT_TRUE(becomes(false));
+}
+
+TEST_F(PortalColorSchemeTest, AsksOnTheBusThatSucceedsOnTheSameSocket) {
+  m_bus.holdSocket();
+  startWith(dark);
+  ASSERT_TRUE(becomes(true));
+  for (int i = 1; i <= 2; ++i) {
+    m_bus.kill();
+    ASSERT_TRUE(becomes(false)) << i;
+    m_bus.start();
+    m_portal = makePortal();
+    m_portal->answer = answering(dark);
+    m_portal->appear();
+    EXPECT_TRUE(becomes(true)) << i;
+  }
+}
+
+// A limit against hanging, not a measurement.
+TEST_F(PortalColorSchemeTest, AFrozenBusHoldsNothingUp) {
+  m_bus.start();
+  m_portal = makePortal();
+  m_portal->answer = answering(light);
+  m_portal->appear();
+  m_bus.freeze();
+  QElapsedTimer timer;
+  timer.start();
+  start();
+  for (int i = 0; i < 100; ++i) {
+    setPaletteDark(i % 2 == 0);
+    EXPECT_EQ(m_scheme->isDark(), i % 2 == 0);
+  }
+  EXPECT_LT(timer.elapsed(), 5000);
+  setPaletteDark(true);
+  m_bus.thaw();
+  EXPECT_TRUE(becomes(false));
+}
+
+}  // namespace
+}  // namespace mireval

@@ -1,0 +1,304 @@
+#include "platform/linux/settings/SystemLocale.h"
+
+#include "platform/linux/bus/MockService.h"
+#include "platform/linux/bus/PrivateBus.h"
+#include "platform/linux/bus/WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QDBusVariant>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+
+namespace mireval {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+const QString serviceName = u"org.freedesktop.locale1"_s;
+const QString objectPath = u"/org/freedesktop/locale1"_s;
+const QString localeInterface = u"org.freedesktop.locale1"_s;
+const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
+
+class SystemLocaleTest : public testing::Test {
+ protected:
+  SystemLocaleTest() {
+    for (const char* const name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LC_NUMERIC"}) {
+      qunsetenv(name);
+    }
+    qputenv("LANG", "de_DE.UTF-8");
+  }
+
+  std::unique_ptr<MockService> makeService(const QString& name = serviceName,
+                                           const QString& path = objectPath) {
+    return std::make_unique<MockService>(m_bus.address(), name, path);
+  }
+
+  /// A locale that listens on a running bus, and a service there.
+  void listen() {
+    m_bus.start();
+    m_service = makeService();
+    m_service->appear();
+    m_locale = std::make_unique<SystemLocale>();
+    m_changes = std::make_unique<QSignalSpy>(m_locale.get(), &LocaleChanges::currentLocaleDidChange);
+    ASSERT_TRUE(waitFor([this] { return m_service->isListenedTo(); }));
+  }
+
+  static QVariantList change(const QVariantMap& changed, const QStringList& invalidated = {},
+                             const QString& interface = localeInterface) {
+    return {interface, changed, invalidated};
+  }
+
+  void announce(const QVariantMap& changed, const QStringList& invalidated = {}) {
+    m_service->sendSignal(propertiesInterface, u"PropertiesChanged"_s, change(changed, invalidated));
+  }
+
+  void announceLocale(const QStringList& assignments) { announce({{u"Locale"_s, assignments}}); }
+
+  /// Announces an Italian locale and waits for it. True if nothing that was sent before had an effect.
+  bool nothingHappenedBefore(const QString& localeBefore) {
+    const bool asBefore = m_locale->currentLocaleIdentifier() == localeBefore;
+    m_changes->clear();
+    announceLocale({u"LANG=it_IT.UTF-8"_s});
+    return waitFor([this] { return m_locale->currentLocaleIdentifier() == u"it_IT"_s; }) && asBefore &&
+           m_changes->size() == 1;
+  }
+
+  int m_argumentCount = 1;
+  char m_programName[5] = "test";
+  char* m_arguments[2] = {m_programName, nullptr};
+  QCoreApplication m_application{m_argumentCount, m_arguments};
+  PrivateBus m_bus{MessageBus::Kind::system};
+  std::unique_ptr<MockService> m_service;
+  std::unique_ptr<SystemLocale> m_locale;
+  std::unique_ptr<QSignalSpy> m_changes;
+};
+
+TEST_F(SystemLocaleTest, TheEnvironmentIsReadAfresh) {
+  const SystemLocale locale;
+  EXPECT_EQ(locale.preferredLanguages(), QStringList{u"de_DE"_s});
+  EXPECT_EQ(locale.preferredLocalizations(), QStringList());
+  EXPECT_EQ(locale.currentLocaleIdentifier(), u"de_DE"_s);
+  qputenv("LANGUAGE", "ja:zh_TW");
+  qputenv("LC_NUMERIC", "fr_FR");
+  EXPECT_EQ(locale.preferredLanguages(), (QStringList{u"ja"_s, u"zh_TW"_s, u"de_DE"_s}));
+  EXPECT_EQ(locale.preferredLocalizations(), (QStringList{u"ja"_s, u"zh-Hant"_s}));
+  EXPECT_EQ(locale.currentLocaleIdentifier(), u"fr_FR"_s);
+}
+
+TEST_F(SystemLocaleTest, AnAnnouncementReplacesTheEnvironmentAsAWhole) {
+  qputenv("LANGUAGE", "fr");
+  qputenv("LC_ALL", "fr_FR.UTF-8");
+  listen();
+  QStringList seenDuringTheSignal;
+  QObject::connect(m_locale.get(), &LocaleChanges::currentLocaleDidChange, m_locale.get(),
+                   [&] { seenDuringTheSignal = m_locale->preferredLanguages(); });
+  announceLocale({u"LANG=ja_JP.UTF-8"_s, u"LC_MESSAGES=zh_TW.UTF-8"_s, u"LC_NUMERIC=en_GB.UTF-8"_s});
+  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  EXPECT_EQ(m_locale->preferredLanguages(), (QStringList{u"zh_TW"_s, u"ja_JP"_s}));
+  EXPECT_EQ(m_locale->preferredLocalizations(), (QStringList{u"zh-Hant"_s, u"ja"_s}));
+  EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"en_GB"_s);
+  EXPECT_EQ(seenDuringTheSignal, m_locale->preferredLanguages());
+  announceLocale({u"LANG=de_DE.UTF-8"_s});
+  ASSERT_TRUE(waitFor([this] { return m_changes->size() == 2; }));
+  EXPECT_EQ(m_locale->preferredLanguages(), QStringList{u"de_DE"_s});
+  EXPECT_EQ(m_service->calls(), QStringList());
+}
+
+TEST_F(SystemLocaleTest, AnEmptyListIsNoLocale) {
+  listen();
+  announceLocale({});
+  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  EXPECT_EQ(m_locale->preferredLanguages(), QStringList());
+  EXPECT_EQ(m_locale->preferredLocalizations(), QStringList());
+  EXPECT_EQ(m_locale->currentLocaleIdentifier(), QString());
+}
+
+TEST_F(SystemLocaleTest, OddAssignmentsAreSurvived) {
+  listen();
+  announceLocale({u""_s, u"="_s, u"LANG"_s, u"LANGUAGEX=fr"_s, u"=ja"_s, u"LANG=ja_JP=x"_s, u"LANG=en"_s,
+                  QString(100'000, u'x')});
+  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  EXPECT_EQ(m_locale->preferredLanguages(), QStringList{u"ja_JP=x"_s});
+}
+
+TEST_F(SystemLocaleTest, OtherAnnouncementsAreIgnored) {
+  listen();
+  announce({{u"VConsoleKeymap"_s, u"de"_s}, {u"locale"_s, QStringList{u"LANG=ja_JP"_s}}}, {u"X11Layout"_s});
+  announce({});
+  m_service->sendSignal(propertiesInterface, u"PropertiesChanged"_s,
+                        change({{u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}}, {}, u"org.example"_s));
+  m_service->sendSignal(localeInterface, u"PropertiesChanged"_s,
+                        change({{u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}}));
+  EXPECT_TRUE(nothingHappenedBefore(u"de_DE"_s));
+  EXPECT_EQ(m_service->calls(), QStringList());
+}
+
+TEST_F(SystemLocaleTest, WrongTypesAreIgnored) {
+  listen();
+  announce({{u"Locale"_s, u"LANG=ja_JP"_s}});
+  announce({{u"Locale"_s, 7}, {u"X11Layout"_s, u"de"_s}});
+  announce({{u"Locale"_s, QVariant::fromValue(QDBusVariant(QStringList{u"LANG=ja_JP"_s}))}});
+  m_service->sendSignal(propertiesInterface, u"PropertiesChanged"_s, {localeInterface});
+  m_service->sendSignal(propertiesInterface, u"PropertiesChanged"_s,
+                        {localeInterface, QStringList{u"Locale"_s}, QStringList{u"Locale"_s}});
+  EXPECT_TRUE(nothingHappenedBefore(u"de_DE"_s));
+  EXPECT_EQ(m_service->calls(), QStringList());
+}
+
+TEST_F(SystemLocaleTest, AmongOtherPropertiesItIsFound) {
+  listen();
+  announce(
+      {{u"Aaa"_s, QVariantMap{{u"x"_s, 1}}}, {u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}, {u"Zzz"_s, 1.5}},
+      {u"X11Model"_s});
+  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"ja_JP"_s);
+}
+
+TEST_F(SystemLocaleTest, OnlyTheServiceIsBelieved) {
+  listen();
+  const auto impostor = makeService(u"org.example"_s);
+  impostor->appear();
+  const QVariantList wrong = change({{u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}});
+  impostor->sendSignal(propertiesInterface, u"PropertiesChanged"_s, wrong);
+  const QDBusMessage names =
+      QDBusConnection::connectToBus(m_bus.address(), u"names"_s)
+          .call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                               u"org.freedesktop.DBus"_s, u"ListNames"_s));
+  QDBusConnection::disconnectFromBus(u"names"_s);
+  for (const QString& name : names.arguments().value(0).toStringList().filter(u":"_s)) {
+    impostor->sendSignalTo(name, propertiesInterface, u"PropertiesChanged"_s, wrong);
+  }
+  // An answer of the bus comes after everything that was sent to it before.
+  impostor->isListenedTo();
+  EXPECT_TRUE(nothingHappenedBefore(u"de_DE"_s));
+}
+
+TEST_F(SystemLocaleTest, AnInvalidatedPropertyIsAskedFor) {
+  listen();
+  announce({{u"X11Layout"_s, u"de"_s}}, {u"X11Model"_s, u"Locale"_s});
+  ASSERT_TRUE(waitFor([this] { return !m_service->calls().empty(); }));
+  EXPECT_EQ(m_service->calls(), QStringList{u"Get org.freedesktop.locale1 Locale"_s});
+  EXPECT_EQ(m_changes->size(), 0);
+  EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"de_DE"_s);
+  m_service->answer = [](const QDBusMessage& call) {
+    return call.createReply(QVariant::fromValue(QDBusVariant(QStringList{u"LANG=ja_JP.UTF-8"_s})));
+  };
+  m_service->answerUnanswered();
+  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"ja_JP"_s);
+}
+
+TEST_F(SystemLocaleTest, AnswersWithoutAListAreIgnored) {
+  listen();
+  announce({}, {u"Locale"_s, u"Locale"_s});
+  announce({}, {u"Locale"_s});
+  announce({}, {u"Locale"_s});
+  ASSERT_TRUE(waitFor([this] { return m_service->calls().size() == 3; }));
+  m_service->answer = [number = 0](const QDBusMessage& call) mutable {
+    switch (++number) {
+      case 1:
+        return call.createErrorReply(QDBusError::AccessDenied, u"not you"_s);
+      case 2:
+        return call.createReply(QVariant::fromValue(QDBusVariant(u"LANG=ja_JP"_s)));
+      default:
+        return call.createReply(QStringList{u"LANG=ja_JP"_s});
+    }
+  };
+  m_service->answerUnanswered();
+  EXPECT_TRUE(nothingHappenedBefore(u"de_DE"_s));
+}
+
+TEST_F(SystemLocaleTest, AServiceThatComesLaterAndGoesIsHeard) {
+  m_bus.start();
+  m_locale = std::make_unique<SystemLocale>();
+  m_changes = std::make_unique<QSignalSpy>(m_locale.get(), &LocaleChanges::currentLocaleDidChange);
+  m_service = makeService();
+  ASSERT_TRUE(waitFor([this] { return m_service->isListenedTo(); }));
+  for (const QString& territory : {u"AT"_s, u"CH"_s}) {
+    m_service->appear();
+    announceLocale({u"LANG=de_"_s + territory});
+    EXPECT_TRUE(waitFor([&] { return m_locale->currentLocaleIdentifier() == u"de_"_s + territory; }));
+    m_service->disappear();
+    m_service = makeService();
+  }
+  EXPECT_EQ(m_changes->size(), 2);
+}
+
+TEST_F(SystemLocaleTest, WithoutABusTheEnvironmentCounts) {
+  const SystemLocale locale;
+  QCoreApplication::processEvents();
+  EXPECT_EQ(locale.currentLocaleIdentifier(), u"de_DE"_s);
+}
+
+TEST_F(SystemLocaleTest, WhatWasAnnouncedOutlivesTheBus) {
+  listen();
+  announceLocale({u"LANG=ja_JP.UTF-8"_s});
+  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  m_bus.kill();
+  EXPECT_FALSE(waitFor([this] { return m_changes->size() > 1; }, 200ms));
+  EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"ja_JP"_s);
+}
+
+TEST_F(SystemLocaleTest, ListensToTheBusThatSucceedsOnTheSameSocket) {
+  m_bus.holdSocket();
+  listen();
+  for (int i = 1; i <= 2; ++i) {
+    m_bus.kill();
+    m_service.reset();
+    QCoreApplication::processEvents();
+    m_bus.start();
+    m_service = makeService();
+    m_service->appear();
+    ASSERT_TRUE(waitFor([this] { return m_service->isListenedTo(); })) << i;
+    announceLocale({u"LANG=ja_JP.UTF-8"_s});
+    EXPECT_TRUE(waitFor([&] { return m_changes->size() == i; })) << i;
+  }
+}
+
+// A limit against hanging, not a measurement.
+TEST_F(SystemLocaleTest, AFrozenBusHoldsNothingUp) {
+  m_bus.start();
+  m_bus.freeze();
+  QElapsedTimer timer;
+  timer.start();
+  m_locale = std::make_unique<SystemLocale>();
+  m_changes = std::make_unique<QSignalSpy>(m_locale.get(), &LocaleChanges::currentLocaleDidChange);
+  for (int i = 0; i < 100; ++i) {
+    EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"de_DE"_s);
+    QCoreApplication::processEvents();
+  }
+  { const SystemLocale anotherThatGoesAtOnce; }
+  EXPECT_LT(timer.elapsed(), 5000);
+  m_bus.thaw();
+  m_service = makeService();
+  m_service->appear();
+  ASSERT_TRUE(waitFor([this] { return m_service->isListenedTo(); }));
+  announceLocale({u"LANG=ja_JP.UTF-8"_s});
+  EXPECT_TRUE(waitFor([this] { return m_locale->currentLocaleIdentifier() == u"ja_JP"_s; }));
+}
+
+TEST_F(SystemLocaleTest, ASilentBusWakesNobody) {
+  listen();
+  // The service's connection lives in this process, too.
+  m_service.reset();
+  EXPECT_FALSE(waitFor([] { return false; }, 100ms));
+  int turns = 0;
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, m_locale.get(),
+                   [&turns] { ++turns; });
+  QEventLoop loop;
+  QTimer::singleShot(500ms, &loop, &QEventLoop::quit);
+  loop.exec();
+  // The first and the last are the loop's own.
+  EXPECT_LE(turns, 3);
+}
+
+}  // namespace
+}  // namespace mireval

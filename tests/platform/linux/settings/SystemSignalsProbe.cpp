@@ -1,0 +1,27 @@
+// Says what the system tells of languages and colours: one line at the start and one for each change.
+#include "platform/linux/settings/PortalColorScheme.h"
+#include "platform/linux/settings/SystemLocale.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+
+using namespace mireval;
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  const SystemLocale locale;
+  const PortalColorScheme colorScheme;
+  const auto say = [&] {
+    std::printf("languages=%s localizations=%s locale=%s %s\n",
+                qPrintable(locale.preferredLanguages().join(QChar(u','))),
+                qPrintable(locale.preferredLocalizations().join(QChar(u','))),
+                qPrintable(locale.currentLocaleIdentifier()), colorScheme.isDark() ? "dark" : "light");
+    std::fflush(stdout);
+  };
+  QObject::connect(&locale, &LocaleChanges::currentLocaleDidChange, say);
+  QObject::connect(&colorScheme, &ColorScheme::darkChanged, say);
+  say();
+  return QGuiApplication::exec();
+}

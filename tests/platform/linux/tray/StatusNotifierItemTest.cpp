@@ -1,0 +1,579 @@
+#include "platform/linux/tray/StatusNotifierItem.h"
+
+#include "platform/linux/bus/PrivateBus.h"
+#include "platform/linux/bus/WaitFor.h"
+#include "platform/linux/tray/MockTrayHost.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusPendingCall>
+#include <QDBusVariant>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <sys/prctl.h>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace mireval {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Placement = StatusNotifierItem::Placement;
+using Manner = MockTrayHost::Manner;
+
+struct Pixmap {
+  int width = 0;
+  int height = 0;
+  QByteArray bytes;
+};
+
+QList<Pixmap> pixmaps(const QDBusArgument& argument) {
+  QList<Pixmap> pixmaps;
+  argument.beginArray();
+  while (!argument.atEnd()) {
+    Pixmap pixmap;
+    argument.beginStructure();
+    argument >> pixmap.width >> pixmap.height >> pixmap.bytes;
+    argument.endStructure();
+    pixmaps.append(pixmap);
+  }
+  argument.endArray();
+  return pixmaps;
+}
+
+QList<Pixmap> pixmaps(const QVariant& property) {
+  return pixmaps(property.value<QDBusArgument>());
+}
+
+/// "icon|number of pixmaps|title|text"
+QString toolTip(const QVariant& property) {
+  const auto argument = property.value<QDBusArgument>();
+  QString icon;
+  QString title;
+  QString text;
+  argument.beginStructure();
+  argument >> icon;
+  const qsizetype count = pixmaps(argument).size();
+  argument >> title >> text;
+  argument.endStructure();
+  return u"%1|%2|%3|%4"_s.arg(icon).arg(count).arg(title, text);
+}
+
+class StatusNotifierItemTest : public testing::Test {
+ protected:
+  StatusNotifierItemTest() {
+    QCoreApplication::setApplicationName(u"Mireval"_s);
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+  }
+
+  ~StatusNotifierItemTest() override { callThisProcess("bus_tests"); }
+
+  /// What the bus's clients see as the name of this process.
+  static void callThisProcess(const char* name) { prctl(PR_SET_NAME, name); }
+
+  QString imageFile() const { return m_folder.filePath(u"icon.png"_s); }
+
+  void makeHost() { m_host = std::make_unique<MockTrayHost>(m_bus.address()); }
+
+  using Tokens = StatusNotifierItem::ActivationTokens;
+
+  void makeItem(const QString& image = {}, Tokens tokens = Tokens::wanted) {
+    m_item =
+        std::make_unique<StatusNotifierItem>((image.isEmpty() ? imageFile() : image).toStdString(), tokens);
+    m_changes = std::make_unique<QSignalSpy>(m_item.get(), &StatusNotifierItem::placementChanged);
+    QObject::connect(m_item.get(), &StatusNotifierItem::activated, m_item.get(),
+                     [this](std::optional<QPoint> told) {
+                       m_toldAt.push_back(told);
+                       m_tokens.append(qgetenv("XDG_ACTIVATION_TOKEN"));
+                     });
+  }
+
+  void startBusAndItem() {
+    m_bus.start();
+    makeHost();
+    makeItem();
+    m_item->appear();
+  }
+
+  /// An item that a host shows.
+  void settle(const QString& image = {}) {
+    m_bus.start();
+    makeHost();
+    m_host->appear();
+    makeItem(image);
+    m_item->appear();
+    ASSERT_TRUE(becomes(Placement::placed));
+  }
+
+  bool becomes(Placement placement) {
+    return waitFor([this, placement] { return m_item->placement() == placement; });
+  }
+
+  /// The host goes, and one of that name comes.
+  bool isReplacedBy(const char* process) {
+    m_host->disappear();
+    const bool gone = becomes(Placement::nowhere);
+    callThisProcess(process);
+    m_host->appear();
+    return gone && becomes(Placement::placed);
+  }
+
+  bool stays(Placement placement) {
+    return !waitFor([this, placement] { return m_item->placement() != placement; }, 100ms);
+  }
+
+  bool isAsked(qsizetype calls) {
+    return waitFor([this, calls] { return m_host->calls().size() == calls; });
+  }
+
+  int m_argumentCount = 1;
+  char m_programName[5] = "test";
+  char* m_arguments[2] = {m_programName, nullptr};
+  const QTemporaryDir m_folder;
+  PrivateBus m_bus;
+  QCoreApplication m_application{m_argumentCount, m_arguments};
+  std::unique_ptr<MockTrayHost> m_host;
+  std::unique_ptr<StatusNotifierItem> m_item;
+  std::unique_ptr<QSignalSpy> m_changes;
+  std::vector<std::optional<QPoint>> m_toldAt;
+  QByteArrayList m_tokens;
+};
+
+TEST_F(StatusNotifierItemTest, RegistersByTheNameOfItsConnection) {
+  settle();
+  const QStringList registrations = m_host->registrations();
+  ASSERT_EQ(registrations.size(), 1);
+  EXPECT_TRUE(registrations.first().startsWith(u':'));
+  EXPECT_EQ(m_host->callItem(u"Scroll"_s, {1, u"vertical"_s}).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_host->calls(),
+            (QStringList{u"RegisterStatusNotifierItem "_s + registrations.first(),
+                         u"Get org.kde.StatusNotifierWatcher IsStatusNotifierHostRegistered"_s}));
+  EXPECT_EQ(m_changes->size(), 1);
+}
+
+TEST_F(StatusNotifierItemTest, RegistersWithEachNewOwner) {
+  startBusAndItem();
+  ASSERT_TRUE(becomes(Placement::nowhere));
+  constexpr int times = 20;
+  for (int i = 1; i <= times; ++i) {
+    m_host->appear();
+    ASSERT_TRUE(becomes(Placement::placed)) << i;
+    EXPECT_EQ(m_host->registrations().size(), i);
+    m_host->disappear();
+    ASSERT_TRUE(becomes(Placement::nowhere)) << i;
+  }
+  EXPECT_EQ(m_changes->size(), 1 + 2 * times);
+}
+
+TEST_F(StatusNotifierItemTest, RegistersWithAWatcherThatComesInAnotherProcess) {
+  settle();
+  // Also one that goes and comes faster than it is looked at.
+  m_host = nullptr;
+  makeHost();
+  m_host->appear();
+  ASSERT_TRUE(isAsked(2));
+  EXPECT_TRUE(becomes(Placement::placed));
+  EXPECT_EQ(m_host->registrations().size(), 1);
+}
+
+TEST_F(StatusNotifierItemTest, AWatcherWithoutAHostPlacesNothing) {
+  m_bus.start();
+  makeHost();
+  m_host->setHasHost(false);
+  m_host->appear();
+  makeItem();
+  m_item->appear();
+  EXPECT_TRUE(becomes(Placement::nowhere));
+  EXPECT_EQ(m_host->registrations().size(), 1);
+  m_host->setHasHost(true);
+  m_host->tellHostCame();
+  EXPECT_TRUE(becomes(Placement::placed));
+  m_host->setHasHost(false);
+  m_host->tellHostWent();
+  EXPECT_TRUE(becomes(Placement::nowhere));
+  EXPECT_EQ(m_host->registrations().size(), 1);
+}
+
+TEST_F(StatusNotifierItemTest, OneOfTwoHostsIsEnough) {
+  settle();
+  m_host->tellHostWent();
+  ASSERT_TRUE(isAsked(3));
+  EXPECT_TRUE(stays(Placement::placed));
+  EXPECT_EQ(m_changes->size(), 1);
+}
+
+TEST_F(StatusNotifierItemTest, AWatcherThatDoesNotKnowOfHostsHasOne) {
+  for (const Manner manner : {Manner::refusing, Manner::odd}) {
+    settle();
+    m_host->setHasHost(false);
+    m_host->tellHostWent();
+    ASSERT_TRUE(becomes(Placement::nowhere));
+    m_host->setManner(manner);
+    m_host->tellHostCame();
+    EXPECT_TRUE(becomes(Placement::placed));
+    m_item.reset();
+    m_host.reset();
+    m_bus.kill();
+  }
+}
+
+TEST_F(StatusNotifierItemTest, AWatcherThatRefusesTheItemDoesNotShowIt) {
+  m_bus.start();
+  makeHost();
+  m_host->setManner(Manner::refusing);
+  m_host->appear();
+  makeItem();
+  m_item->appear();
+  EXPECT_TRUE(becomes(Placement::nowhere));
+  m_host->setManner(Manner::polite);
+  m_host->tellHostCame();
+  EXPECT_TRUE(stays(Placement::nowhere));
+  EXPECT_EQ(m_host->calls().size(), 1);
+  m_host->disappear();
+  m_host->appear();
+  EXPECT_TRUE(becomes(Placement::placed));
+}
+
+TEST_F(StatusNotifierItemTest, ASilentWatcherIsWaitedFor) {
+  m_bus.start();
+  makeHost();
+  m_host->setManner(Manner::silent);
+  m_host->appear();
+  makeItem();
+  m_item->appear();
+  ASSERT_TRUE(isAsked(1));
+  m_host->tellHostCame();
+  EXPECT_TRUE(stays(Placement::unknown));
+  EXPECT_EQ(m_host->calls().size(), 1);
+  m_host->setManner(Manner::polite);
+  m_host->answerWaiting();
+  EXPECT_TRUE(becomes(Placement::placed));
+}
+
+TEST_F(StatusNotifierItemTest, TheAnswerOfAWatcherThatHasGoneCountsForNothing) {
+  m_bus.start();
+  makeHost();
+  m_host->setManner(Manner::silent);
+  m_host->appear();
+  makeItem();
+  m_item->appear();
+  ASSERT_TRUE(isAsked(1));
+  m_host->disappear();
+  ASSERT_TRUE(becomes(Placement::nowhere));
+  m_host->setManner(Manner::polite);
+  m_host->answerWaiting();
+  EXPECT_TRUE(stays(Placement::nowhere));
+  EXPECT_EQ(m_host->calls().size(), 1);
+}
+
+TEST_F(StatusNotifierItemTest, NoWatcherIsStarted) {
+  const QString started = m_folder.filePath(u"started"_s);
+  QDir(m_folder.path()).mkpath(u"dbus-1/services"_s);
+  QFile service(m_folder.filePath(u"dbus-1/services/watcher.service"_s));
+  ASSERT_TRUE(service.open(QIODevice::WriteOnly));
+  service.write("[D-BUS Service]\nName=org.kde.StatusNotifierWatcher\nExec=/usr/bin/touch " +
+                started.toUtf8());
+  service.close();
+  qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
+  startBusAndItem();
+  qunsetenv("XDG_DATA_HOME");
+  EXPECT_TRUE(becomes(Placement::nowhere));
+  EXPECT_FALSE(waitFor([&started] { return QFile::exists(started); }, 200ms));
+  // The bus would have started it for anybody who does not mind.
+  QDBusConnection connection = QDBusConnection::connectToBus(m_bus.address(), u"starter"_s);
+  connection.asyncCall(QDBusMessage::createMethodCall(u"org.kde.StatusNotifierWatcher"_s, u"/"_s,
+                                                      u"org.example"_s, u"Hello"_s));
+  EXPECT_TRUE(waitFor([&started] { return QFile::exists(started); }));
+  QDBusConnection::disconnectFromBus(u"starter"_s);
+}
+
+TEST_F(StatusNotifierItemTest, WithoutABusItIsNowhereAtOnce) {
+  makeItem();
+  EXPECT_EQ(m_item->placement(), Placement::unknown);
+  m_item->appear();
+  EXPECT_TRUE(becomes(Placement::nowhere));
+  m_item->setToolTip(u"Drift"_s);
+}
+
+TEST_F(StatusNotifierItemTest, WhenTheBusGoesItIsNowhere) {
+  settle();
+  m_bus.kill();
+  EXPECT_TRUE(becomes(Placement::nowhere));
+  m_item->setToolTip(u"Drift"_s);
+  EXPECT_TRUE(stays(Placement::nowhere));
+}
+
+TEST_F(StatusNotifierItemTest, ComesBackWithTheBusThatSucceedsOnTheSameSocket) {
+  m_bus.holdSocket();
+  settle();
+  for (int i = 1; i <= 2; ++i) {
+    m_bus.kill();
+    m_host.reset();
+    ASSERT_TRUE(becomes(Placement::nowhere)) << i;
+    m_bus.start();
+    makeHost();
+    m_host->appear();
+    ASSERT_TRUE(becomes(Placement::placed)) << i;
+    EXPECT_EQ(m_host->callItem(u"Activate"_s, {7, i}).type(), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(m_toldAt.back(), QPoint(7, i));
+  }
+}
+
+// A limit against hanging, not a measurement.
+TEST_F(StatusNotifierItemTest, AFrozenBusHoldsNothingUp) {
+  m_bus.start();
+  makeHost();
+  m_host->appear();
+  m_bus.freeze();
+  QElapsedTimer timer;
+  timer.start();
+  makeItem();
+  m_item->appear();
+  for (int i = 0; i < 100; ++i) {
+    m_item->setToolTip(QString::number(i));
+    QCoreApplication::processEvents();
+  }
+  EXPECT_EQ(m_item->placement(), Placement::unknown);
+  {
+    StatusNotifierItem anotherThatGoesAtOnce("icon.png", Tokens::wanted);
+    anotherThatGoesAtOnce.appear();
+  }
+  EXPECT_LT(timer.elapsed(), 5000);
+  m_bus.thaw();
+  EXPECT_TRUE(becomes(Placement::placed));
+}
+
+TEST_F(StatusNotifierItemTest, DescribesItself) {
+  settle();
+  m_item->setToolTip(u"Drift"_s);
+  const QVariantMap properties = m_host->itemProperties();
+  EXPECT_EQ(properties.keys(),
+            (QStringList{u"AttentionIconName"_s, u"AttentionIconPixmap"_s, u"AttentionMovieName"_s,
+                         u"Category"_s, u"IconName"_s, u"IconPixmap"_s, u"IconThemePath"_s, u"Id"_s,
+                         u"ItemIsMenu"_s, u"Menu"_s, u"OverlayIconName"_s, u"OverlayIconPixmap"_s,
+                         u"Status"_s, u"Title"_s, u"ToolTip"_s, u"WindowId"_s}));
+  for (const QString& name : {u"AttentionIconName"_s, u"AttentionMovieName"_s, u"OverlayIconName"_s,
+                              u"IconName"_s, u"IconThemePath"_s}) {
+    EXPECT_EQ(properties.value(name), QVariant(QString(u""_s))) << name.toStdString();
+  }
+  for (const QString& name : {u"AttentionIconPixmap"_s, u"OverlayIconPixmap"_s, u"IconPixmap"_s}) {
+    EXPECT_EQ(properties.value(name).value<QDBusArgument>().currentSignature(), u"a(iiay)"_s);
+    EXPECT_TRUE(pixmaps(properties.value(name)).empty()) << name.toStdString();
+  }
+  EXPECT_EQ(properties.value(u"Category"_s), u"ApplicationStatus"_s);
+  EXPECT_EQ(properties.value(u"Id"_s), u"mireval"_s);
+  EXPECT_EQ(properties.value(u"Title"_s), u"Mireval"_s);
+  EXPECT_EQ(properties.value(u"Status"_s), u"Active"_s);
+  EXPECT_EQ(properties.value(u"WindowId"_s), QVariant(0));
+  EXPECT_EQ(properties.value(u"ItemIsMenu"_s), QVariant(false));
+  EXPECT_EQ(properties.value(u"Menu"_s).value<QDBusObjectPath>().path(), u"/StatusNotifierMenu"_s);
+  EXPECT_EQ(toolTip(properties.value(u"ToolTip"_s)), u"|0|Mireval|Drift"_s);
+}
+
+TEST_F(StatusNotifierItemTest, ItsPixmapsAreTheImageInEachSize) {
+  QImage image(96, 96, QImage::Format_ARGB32);
+  image.fill(Qt::transparent);
+  for (int y = 0; y < 96; ++y) {
+    for (int x = 0; x < 48; ++x) {
+      image.setPixel(x, y, y < 48 ? qRgba(10, 20, 30, 255) : qRgba(200, 100, 40, 128));
+    }
+  }
+  ASSERT_TRUE(image.save(imageFile()));
+  settle();
+  QStringList sizes;
+  for (const Pixmap& pixmap : pixmaps(m_host->itemProperties().value(u"IconPixmap"_s))) {
+    sizes.append(u"%1x%2"_s.arg(pixmap.width).arg(pixmap.height));
+    ASSERT_EQ(pixmap.bytes.size(), qsizetype{4} * pixmap.width * pixmap.height);
+    const auto pixel = [&pixmap](int x, int y) {
+      return pixmap.bytes.mid(4 * (qsizetype{y} * pixmap.width + x), 4).toHex();
+    };
+    EXPECT_EQ(pixel(1, 1), "ff0a141e");
+    EXPECT_EQ(pixel(1, pixmap.height - 2).left(2), "80");
+    EXPECT_NEAR(pixel(1, pixmap.height - 2).mid(2, 2).toInt(nullptr, 16), 200, 1);
+    EXPECT_EQ(pixel(pixmap.width - 2, 1).left(2), "00");
+  }
+  EXPECT_EQ(sizes, (QStringList{u"16x16"_s, u"22x22"_s, u"24x24"_s, u"32x32"_s, u"48x48"_s, u"64x64"_s}));
+}
+
+TEST_F(StatusNotifierItemTest, TheThemeBesideTheImageHasTheIconByName) {
+  ASSERT_TRUE(QDir(m_folder.path()).mkpath(u"icons/hicolor/scalable/apps"_s));
+  QFile icon(m_folder.filePath(u"icons/hicolor/scalable/apps/mireval.svg"_s));
+  ASSERT_TRUE(icon.open(QIODevice::WriteOnly));
+  settle(QDir::current().relativeFilePath(imageFile()));
+  const QVariantMap properties = m_host->itemProperties();
+  EXPECT_EQ(properties.value(u"IconName"_s), u"mireval"_s);
+  EXPECT_TRUE(QDir::isAbsolutePath(properties.value(u"IconThemePath"_s).toString()));
+  EXPECT_EQ(QDir(properties.value(u"IconThemePath"_s).toString()).canonicalPath(),
+            QDir(m_folder.filePath(u"icons"_s)).canonicalPath());
+  EXPECT_EQ(toolTip(properties.value(u"ToolTip"_s)), u"mireval|0|Mireval|"_s);
+}
+
+TEST_F(StatusNotifierItemTest, HostsThatPassRightClicksOnAreOfferedNoMenu) {
+  settle();
+  EXPECT_EQ(m_host->itemProperty(u"Menu"_s).type(), QDBusMessage::ReplyMessage);
+  for (const char* const name : {"waybar", "swaybar"}) {
+    ASSERT_TRUE(isReplacedBy(name));
+    EXPECT_EQ(m_host->itemProperty(u"Menu"_s).type(), QDBusMessage::ErrorMessage) << name;
+    const QVariantMap properties = m_host->itemProperties();
+    EXPECT_FALSE(properties.contains(u"Menu"_s)) << name;
+    EXPECT_EQ(properties.size(), 15) << name;
+  }
+  ASSERT_TRUE(isReplacedBy("xfce4-panel"));
+  EXPECT_TRUE(m_host->itemProperties().contains(u"Menu"_s));
+}
+
+TEST_F(StatusNotifierItemTest, KnowsTheHostByItsProcess) {
+  callThisProcess("swaybar");
+  settle();
+  const TrayHost::Click inACorner{.told = QPoint(1, 1), .pointer = std::nullopt};
+  EXPECT_EQ(m_item->host().placeOf(inACorner), QPoint(1, 1));
+  ASSERT_TRUE(isReplacedBy("another"));
+  EXPECT_EQ(m_item->host().placeOf(inACorner), std::nullopt);
+}
+
+TEST_F(StatusNotifierItemTest, EachKindOfClickActivatesIt) {
+  settle();
+  for (const QString& method : {u"Activate"_s, u"SecondaryActivate"_s, u"ContextMenu"_s}) {
+    m_toldAt.clear();
+    EXPECT_EQ(m_host->callItem(method, {1155, -13}).type(), QDBusMessage::ReplyMessage);
+    ASSERT_EQ(m_toldAt.size(), 1) << method.toStdString();
+    EXPECT_EQ(m_toldAt.front(), QPoint(1155, -13)) << method.toStdString();
+  }
+  m_toldAt.clear();
+  EXPECT_EQ(m_host->callItem(u"Scroll"_s, {120, u"Vertical"_s}).type(), QDBusMessage::ReplyMessage);
+  EXPECT_TRUE(m_toldAt.empty());
+}
+
+TEST_F(StatusNotifierItemTest, WrongCallsAreRefused) {
+  settle();
+  for (const QVariantList& arguments :
+       {QVariantList{}, {u"1155"_s, 13}, {1155}, {1155, 13, 7}, {1155U, 13U}, {QVariantMap{{u"x"_s, 1}}}}) {
+    EXPECT_EQ(m_host->callItem(u"Activate"_s, arguments).type(), QDBusMessage::ErrorMessage);
+  }
+  EXPECT_EQ(m_host->callItem(u"ProvideXdgActivationToken"_s, {7}).type(), QDBusMessage::ErrorMessage);
+  EXPECT_EQ(m_host->callItem(u"Quit"_s).type(), QDBusMessage::ErrorMessage);
+  EXPECT_TRUE(m_toldAt.empty());
+  EXPECT_EQ(m_host->callItem(u"Activate"_s, {1, 2}).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_toldAt.size(), 1);
+}
+
+TEST_F(StatusNotifierItemTest, TheMenusEntryActivatesItToo) {
+  settle();
+  EXPECT_EQ(m_host
+                ->call(u"/StatusNotifierMenu"_s, u"com.canonical.dbusmenu"_s, u"Event"_s,
+                       {1, u"clicked"_s, QVariant::fromValue(QDBusVariant(0)), 0U})
+                .type(),
+            QDBusMessage::ReplyMessage);
+  ASSERT_EQ(m_toldAt.size(), 1);
+  EXPECT_EQ(m_toldAt.front(), std::nullopt);
+}
+
+TEST_F(StatusNotifierItemTest, ATokenIsThereForOneActivation) {
+  settle();
+  m_host->callItem(u"Activate"_s, {1, 2});
+  m_host->callItem(u"ProvideXdgActivationToken"_s, {u"first"_s});
+  m_host->callItem(u"ProvideXdgActivationToken"_s, {u"second"_s});
+  EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+  m_host->callItem(u"Activate"_s, {1, 2});
+  EXPECT_EQ(m_tokens, (QByteArrayList{"", "second"}));
+  // Who activates a window with it takes it away.
+  qunsetenv("XDG_ACTIVATION_TOKEN");
+  m_host->callItem(u"Activate"_s, {1, 2});
+  EXPECT_EQ(m_tokens.last(), "");
+}
+
+TEST_F(StatusNotifierItemTest, AsksForNoTokenThatNobodyUsesUp) {
+  m_bus.start();
+  makeHost();
+  makeItem({}, Tokens::unwanted);
+  m_item->appear();
+  m_host->appear();
+  ASSERT_TRUE(waitFor([this] { return m_item->placement() == StatusNotifierItem::Placement::placed; }));
+  EXPECT_EQ(m_host->callItem(u"ProvideXdgActivationToken"_s, {u"first"_s}).type(),
+            QDBusMessage::ErrorMessage);
+  EXPECT_EQ(m_host->callItem(u"Activate"_s, {1, 2}).type(), QDBusMessage::ReplyMessage);
+  EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
+TEST_F(StatusNotifierItemTest, TellsNewToolTipsOnly) {
+  m_bus.start();
+  makeHost();
+  makeItem();
+  m_item->setToolTip(u"before"_s);
+  m_item->appear();
+  ASSERT_TRUE(becomes(Placement::nowhere));
+  m_item->setToolTip(u"still nowhere"_s);
+  m_host->appear();
+  ASSERT_TRUE(becomes(Placement::placed));
+  EXPECT_EQ(m_host->takeSignals(), QStringList());
+  m_item->setToolTip(u"still nowhere"_s);
+  EXPECT_EQ(m_host->takeSignals(), QStringList());
+  for (const QString& text : {u"Drift"_s, u"Drift"_s, u""_s, u""_s}) {
+    m_item->setToolTip(text);
+  }
+  EXPECT_EQ(m_host->takeSignals(), (QStringList{u"NewToolTip"_s, u"NewToolTip"_s}));
+}
+
+TEST_F(StatusNotifierItemTest, HostsDoNotTakeToolTipsForMarkup) {
+  settle();
+  m_item->setToolTip(u"<b>Rain</b> & \"Fog\" 雨"_s);
+  EXPECT_EQ(toolTip(m_host->itemProperties().value(u"ToolTip"_s)),
+            u"|0|Mireval|&lt;b&gt;Rain&lt;/b&gt; &amp; &quot;Fog&quot; 雨"_s);
+}
+
+TEST_F(StatusNotifierItemTest, WhenNothingHappensNobodyIsWoken) {
+  settle();
+  m_item->setToolTip(u"Drift"_s);
+  m_host->takeSignals();
+  EXPECT_FALSE(waitFor([] { return false; }, 100ms));
+  int turns = 0;
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, m_item.get(),
+                   [&turns] { ++turns; });
+  for (int i = 0; i < 100; ++i) {
+    m_item->setToolTip(u"Drift"_s);
+  }
+  QEventLoop loop;
+  QTimer::singleShot(500ms, &loop, &QEventLoop::quit);
+  loop.exec();
+  // The first and the last are the loop's own.
+  EXPECT_LE(turns, 3);
+  EXPECT_EQ(m_host->calls().size(), 2);
+  EXPECT_EQ(m_host->takeSignals(), QStringList());
+}
+
+TEST_F(StatusNotifierItemTest, AFloodOfClicksLeavesTheEventLoopItsTurns) {
+  settle();
+  const QString itsName = m_host->registrations().last();
+  QDBusConnection connection = QDBusConnection::connectToBus(m_bus.address(), u"flood"_s);
+  constexpr int clicks = 2000;
+  for (int i = 0; i < clicks; ++i) {
+    QDBusMessage click = QDBusMessage::createMethodCall(itsName, u"/StatusNotifierItem"_s,
+                                                        u"org.kde.StatusNotifierItem"_s, u"Activate"_s);
+    click.setArguments({i, i});
+    connection.send(click);
+  }
+  int turns = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, &timer, [&turns] { ++turns; });
+  timer.start(0ms);
+  EXPECT_TRUE(waitFor([this] { return m_toldAt.size() == clicks; }));
+  EXPECT_GE(turns, clicks / 100);
+  QDBusConnection::disconnectFromBus(u"flood"_s);
+}
+
+}  // namespace
+}  // namespace mireval

@@ -1,0 +1,281 @@
+#include "platform/linux/tray/TrayMenuBarExtra.h"
+
+#include "platform/linux/bus/PrivateBus.h"
+#include "platform/linux/bus/WaitFor.h"
+#include "platform/linux/tray/MockTrayHost.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QPointer>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace mireval {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using Manner = MockTrayHost::Manner;
+using Place = std::optional<QRect>;
+
+const QVariantList somewhere{1155, 13};
+
+/// An icon for a tray that the test makes come.
+class FakeEmbeddedIcon final : public EmbeddedIcon {
+ public:
+  void setToolTip(const QString& text) override { m_toolTip = text; }
+  bool isPlaced() const override { return m_placed; }
+
+  const QString& toolTip() const { return m_toolTip; }
+  void place() { m_placed = true; }
+  void click(Place place) { Q_EMIT activated(place); }
+
+ private:
+  QString m_toolTip;
+  bool m_placed = false;
+};
+
+class TrayMenuBarExtraTest : public testing::Test {
+ protected:
+  TrayMenuBarExtraTest() { QCoreApplication::setApplicationName(u"Mireval"_s); }
+
+  void makeHost() { m_host = std::make_unique<MockTrayHost>(m_bus.address()); }
+
+  void startBus() {
+    m_bus.start();
+    makeHost();
+  }
+
+  void startBusWithHost() {
+    startBus();
+    m_host->appear();
+  }
+
+  std::unique_ptr<EmbeddedIcon> embed(const std::filesystem::path& image) {
+    ++m_embeddings;
+    m_image = image;
+    if (!m_canEmbed) {
+      return nullptr;
+    }
+    auto icon = std::make_unique<FakeEmbeddedIcon>();
+    m_embedded = icon.get();
+    return icon;
+  }
+
+  void show() {
+    m_sinceShown.start();
+    m_extra.show("folder/icon.png", {.activated = [this](Place place) { m_places.push_back(place); },
+                                     .missing = [this] { ++m_missing; }});
+  }
+
+  /// An extra whose icon is embedded.
+  void showEmbedded() {
+    startBus();
+    show();
+    ASSERT_TRUE(waitFor([this] { return m_embedded != nullptr; }));
+  }
+
+  bool becomesPlaced(bool placed = true) {
+    return waitFor([this, placed] { return m_extra.isPlaced() == placed; });
+  }
+
+  /// Nothing is embedded for that long.
+  bool nothingIsEmbeddedFor(std::chrono::milliseconds time) {
+    return !waitFor([this] { return m_embedded != nullptr; }, time);
+  }
+
+  bool clickItem() {
+    m_places.clear();
+    m_host->callItem(u"Activate"_s, somewhere);
+    return waitFor([this] { return !m_places.empty(); });
+  }
+
+  int m_argumentCount = 1;
+  char m_programName[5] = "test";
+  char* m_arguments[2] = {m_programName, nullptr};
+  QCoreApplication m_application{m_argumentCount, m_arguments};
+  PrivateBus m_bus;
+  std::unique_ptr<MockTrayHost> m_host;
+  std::optional<QPoint> m_pointer;
+  bool m_canEmbed = true;
+  int m_embeddings = 0;
+  std::filesystem::path m_image;
+  QPointer<EmbeddedIcon> m_embedded;
+  std::vector<Place> m_places;
+  int m_missing = 0;
+  QElapsedTimer m_sinceShown;
+  TrayMenuBarExtra m_extra{{.pointer = [this] { return m_pointer; },
+                            .embed = [this](const std::filesystem::path& image) { return embed(image); }}};
+
+  FakeEmbeddedIcon& embedded() { return static_cast<FakeEmbeddedIcon&>(*m_embedded); }
+};
+
+TEST_F(TrayMenuBarExtraTest, BeforeItIsShownItIsNowhere) {
+  EXPECT_FALSE(m_extra.isPlaced());
+  m_extra.setToolTip(u"Drift"_s);
+}
+
+TEST_F(TrayMenuBarExtraTest, AHostShowsTheItem) {
+  startBusWithHost();
+  show();
+  EXPECT_FALSE(m_extra.isPlaced());
+  EXPECT_TRUE(becomesPlaced());
+  // Longer than it is waited for anything.
+  EXPECT_TRUE(nothingIsEmbeddedFor(2500ms));
+  EXPECT_EQ(m_embeddings, 0);
+  EXPECT_EQ(m_missing, 0);
+}
+
+TEST_F(TrayMenuBarExtraTest, ClicksOnTheItemSayWhere) {
+  startBusWithHost();
+  show();
+  ASSERT_TRUE(becomesPlaced());
+  ASSERT_TRUE(clickItem());
+  EXPECT_EQ(m_places, std::vector<Place>{QRect(1155, 13, 1, 1)});
+  m_pointer = QPoint(7, 790);
+  ASSERT_TRUE(clickItem());
+  EXPECT_EQ(m_places, std::vector<Place>{QRect(7, 790, 1, 1)});
+}
+
+TEST_F(TrayMenuBarExtraTest, TheHostsAnswerComesBeforeThePanel) {
+  startBusWithHost();
+  show();
+  ASSERT_TRUE(becomesPlaced());
+  // Whatever the handler does, the message has been dealt with: it may even run an event loop.
+  m_extra.setToolTip(u"Drift"_s);
+  bool hostWasAnswered = false;
+  TrayMenuBarExtra another(
+      {.pointer = [] { return std::nullopt; }, .embed = [](const auto&) { return nullptr; }});
+  another.show("icon.png", {.activated =
+                                [&](Place) {
+                                  hostWasAnswered =
+                                      m_host->itemProperty(u"Status"_s).type() == QDBusMessage::ReplyMessage;
+                                },
+                            .missing = [] {}});
+  ASSERT_TRUE(waitFor([&another] { return another.isPlaced(); }));
+  m_host->callItem(u"Activate"_s, somewhere);
+  EXPECT_TRUE(waitFor([&hostWasAnswered] { return hostWasAnswered; }));
+  EXPECT_TRUE(another.isPlaced());
+}
+
+TEST_F(TrayMenuBarExtraTest, WithoutAHostTheIconIsEmbeddedAtOnce) {
+  m_extra.setToolTip(u"Drift"_s);
+  showEmbedded();
+  EXPECT_LT(m_sinceShown.elapsed(), 1500);
+  EXPECT_EQ(m_image, "folder/icon.png");
+  EXPECT_EQ(embedded().toolTip(), u"Mireval\nDrift"_s);
+  EXPECT_FALSE(m_extra.isPlaced());
+  embedded().place();
+  EXPECT_TRUE(m_extra.isPlaced());
+}
+
+TEST_F(TrayMenuBarExtraTest, WithoutABusTheIconIsEmbeddedAtOnce) {
+  show();
+  ASSERT_TRUE(waitFor([this] { return m_embedded != nullptr; }));
+  EXPECT_LT(m_sinceShown.elapsed(), 1500);
+  embedded().place();
+  EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, 2500ms));
+}
+
+TEST_F(TrayMenuBarExtraTest, TheEmbeddedIconSaysWhatPlays) {
+  showEmbedded();
+  EXPECT_EQ(embedded().toolTip(), u"Mireval"_s);
+  m_extra.setToolTip(u"<Drift>"_s);
+  EXPECT_EQ(embedded().toolTip(), u"Mireval\n<Drift>"_s);
+  m_extra.setToolTip({});
+  EXPECT_EQ(embedded().toolTip(), u"Mireval"_s);
+}
+
+TEST_F(TrayMenuBarExtraTest, ClicksOnTheEmbeddedIconSayWhere) {
+  showEmbedded();
+  embedded().click(QRect(1109, 774, 22, 22));
+  embedded().click(std::nullopt);
+  m_pointer = QPoint(1120, 780);
+  embedded().click(QRect(1109, 774, 22, 22));
+  embedded().click(std::nullopt);
+  EXPECT_EQ(m_places, (std::vector<Place>{QRect(1109, 774, 22, 22), std::nullopt, QRect(1109, 774, 22, 22),
+                                          QRect(1120, 780, 1, 1)}));
+}
+
+TEST_F(TrayMenuBarExtraTest, AHostThatComesLaterTakesOver) {
+  showEmbedded();
+  m_host->appear();
+  EXPECT_TRUE(waitFor([this] { return m_embedded == nullptr; }));
+  EXPECT_TRUE(m_extra.isPlaced());
+  m_extra.setToolTip(u"Drift"_s);
+  EXPECT_EQ(m_host->takeSignals(), QStringList{u"NewToolTip"_s});
+  EXPECT_EQ(m_embeddings, 1);
+}
+
+TEST_F(TrayMenuBarExtraTest, AHostThatCrashedIsGivenTimeToComeBack) {
+  startBusWithHost();
+  show();
+  ASSERT_TRUE(becomesPlaced());
+  for (int i = 0; i < 20; ++i) {
+    m_host.reset();
+    ASSERT_TRUE(becomesPlaced(false));
+    EXPECT_TRUE(nothingIsEmbeddedFor(i == 0 ? 1500ms : 10ms));
+    makeHost();
+    m_host->appear();
+    ASSERT_TRUE(becomesPlaced()) << i;
+    EXPECT_TRUE(clickItem());
+  }
+  EXPECT_TRUE(nothingIsEmbeddedFor(2500ms));
+  EXPECT_EQ(m_embeddings, 0);
+  EXPECT_EQ(m_missing, 0);
+}
+
+TEST_F(TrayMenuBarExtraTest, AfterAHostThatDoesNotComeBackTheIconIsEmbedded) {
+  startBusWithHost();
+  show();
+  ASSERT_TRUE(becomesPlaced());
+  m_host->disappear();
+  ASSERT_TRUE(becomesPlaced(false));
+  EXPECT_TRUE(nothingIsEmbeddedFor(1500ms));
+  EXPECT_TRUE(waitFor([this] { return m_embedded != nullptr; }));
+  EXPECT_EQ(m_missing, 0);
+  m_host->appear();
+  EXPECT_TRUE(waitFor([this] { return m_embedded == nullptr; }));
+  EXPECT_TRUE(becomesPlaced());
+}
+
+TEST_F(TrayMenuBarExtraTest, WhileItIsNotKnownWhetherThereIsAHostNothingIsEmbedded) {
+  startBus();
+  m_host->setManner(Manner::silent);
+  m_host->appear();
+  show();
+  EXPECT_TRUE(nothingIsEmbeddedFor(2500ms));
+  EXPECT_EQ(m_missing, 1);
+  m_host->setManner(Manner::polite);
+  m_host->answerWaiting();
+  EXPECT_TRUE(becomesPlaced());
+  EXPECT_EQ(m_embeddings, 0);
+}
+
+TEST_F(TrayMenuBarExtraTest, WhenNothingShowsTheIconThatIsSaidOnce) {
+  m_canEmbed = false;
+  startBus();
+  show();
+  EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, 1500ms));
+  EXPECT_TRUE(waitFor([this] { return m_missing > 0; }));
+  m_host->appear();
+  EXPECT_TRUE(becomesPlaced());
+  m_host->disappear();
+  EXPECT_TRUE(becomesPlaced(false));
+  EXPECT_FALSE(waitFor([this] { return m_missing > 1; }, 2500ms));
+  m_extra.setToolTip(u"Drift"_s);
+}
+
+TEST_F(TrayMenuBarExtraTest, AnEmbeddedIconWithoutATrayIsMissing) {
+  showEmbedded();
+  EXPECT_TRUE(waitFor([this] { return m_missing == 1; }));
+}
+
+}  // namespace
+}  // namespace mireval

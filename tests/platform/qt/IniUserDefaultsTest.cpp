@@ -1,0 +1,537 @@
+#include "platform/qt/IniUserDefaults.h"
+
+#include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <QLockFile>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace mireval {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace Qt::StringLiterals;
+
+constexpr QStringView optionKey = u"app.language.option";
+
+/// Lets file permissions count while it lives, also for the superuser.
+class WithoutPrivileges {
+ public:
+  WithoutPrivileges() {
+    if (m_user == 0) {
+      constexpr uid_t nobody = 65534;
+      // Also as the real user, whom access(2) goes by.
+      EXPECT_EQ(setresuid(nobody, nobody, m_user), 0);
+    }
+  }
+  WithoutPrivileges(const WithoutPrivileges&) = delete;
+  WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
+  ~WithoutPrivileges() { EXPECT_EQ(setresuid(m_user, m_user, m_user), 0); }
+
+ private:
+  const uid_t m_user = geteuid();
+};
+
+/// Lets no file grow beyond a size while it lives, as on a full disk.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) {
+    EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &m_before), 0);
+    const rlimit limit{.rlim_cur = bytes, .rlim_max = m_before.rlim_max};
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+  ~FileSizeLimit() {
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &m_before), 0);
+    std::signal(SIGXFSZ, m_handlerBefore);
+  }
+
+ private:
+  rlimit m_before{};
+  // Else the signal would end the test.
+  void (*m_handlerBefore)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+class IniUserDefaultsTest : public testing::Test {
+ protected:
+  IniUserDefaultsTest() {
+    // Others may look into it, but not write.
+    fs::permissions(m_folder.path(), fs::perms(0755));
+  }
+
+  fs::path file() const { return m_folder.path() / "mireval.conf"; }
+  IniUserDefaults defaults() const { return IniUserDefaults(file()); }
+  std::optional<QString> option() const { return defaults().string(optionKey); }
+
+  void write(const std::string& content) const { std::ofstream(file(), std::ios::binary) << content; }
+
+  static std::string contentOf(const fs::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+  std::string content() const { return contentOf(file()); }
+
+  /// Everything in the folder with its content and the moment of its last change: equal only if nobody wrote.
+  std::map<fs::path, std::string> everything() const {
+    std::map<fs::path, std::string> entries;
+    const auto add = [&entries](const fs::path& path) {
+      struct stat status {};
+      EXPECT_EQ(lstat(path.c_str(), &status), 0);
+      entries[path] = std::to_string(status.st_ino) + ' ' + std::to_string(status.st_mode) + ' ' +
+                      std::to_string(status.st_ctim.tv_sec) + '.' + std::to_string(status.st_ctim.tv_nsec) +
+                      (S_ISREG(status.st_mode) ? contentOf(path) : "");
+    };
+    add(m_folder.path());
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(m_folder.path())) {
+      add(entry.path());
+    }
+    return entries;
+  }
+
+  void expectNoValueAndNoTrace() const {
+    const auto before = everything();
+    EXPECT_EQ(option(), std::nullopt);
+    EXPECT_EQ(everything(), before);
+  }
+
+  /// But for a lock, which may have come and gone.
+  void expectNothingWritten() const {
+    auto before = everything();
+    defaults().set(optionKey, u"japanese"_s);
+    auto after = everything();
+    before.erase(m_folder.path());
+    after.erase(m_folder.path());
+    EXPECT_EQ(after, before);
+  }
+
+  /// Nothing but the one file, hence no lock and no half-written copy.
+  void expectOnlyTheFile() const {
+    EXPECT_EQ(std::distance(fs::directory_iterator(m_folder.path()), {}), 1);
+    EXPECT_TRUE(fs::is_regular_file(file()));
+  }
+
+  const TemporaryFolder m_folder;
+};
+
+TEST_F(IniUserDefaultsTest, WhatIsSetIsRead) {
+  defaults().set(optionKey, u"chineseTraditional"_s);
+  EXPECT_EQ(option(), u"chineseTraditional"_s);
+  EXPECT_EQ(content(), "[General]\napp.language.option=chineseTraditional\n");
+  defaults().set(optionKey, u"english"_s);
+  EXPECT_EQ(option(), u"english"_s);
+  EXPECT_EQ(content(), "[General]\napp.language.option=english\n");
+  expectOnlyTheFile();
+}
+
+TEST_F(IniUserDefaultsTest, AnyTextComesBack) {
+  for (const QString& text :
+       {u""_s, u" two  words "_s, u"a, b"_s, u"\"quoted\""_s, u"back\\slash"_s, u"semi;colon"_s,
+        u"line\nbreak\r\ttab"_s, u"@Invalid()"_s, u"日本語 🎵"_s, u"true"_s, u"[General]"_s}) {
+    defaults().set(optionKey, text);
+    EXPECT_EQ(option(), text);
+  }
+}
+
+TEST_F(IniUserDefaultsTest, ReadsWhatAPersonWrites) {
+  for (const char* const text : {
+           "[General]\napp.language.option=japanese\n",
+           "[General]\napp.language.option=japanese",
+           "[General]\r\napp.language.option=japanese\r\n",
+           "\xEF\xBB\xBF[General]\napp.language.option=japanese\n",
+           "[General]\n  app.language.option =  japanese  \n",
+           "[General]\napp.language.option=\"japanese\"\n",
+           "[general]\napp.language.option=japanese\n",
+           "app.language.option=japanese\n",
+           "\xEF\xBB\xBF\napp.language.option=japanese\n[Other]\n",
+           "; mine\n[General]\n# app.language.option=english\napp.language.option=japanese\n",
+           "[Other]\napp.language.option=english\n\n[General]\napp.language.option=japanese\n",
+           "[General]\napp.language.option=english\napp.language.option=japanese\n",
+       }) {
+    write(text);
+    EXPECT_EQ(option(), u"japanese"_s) << text;
+  }
+}
+
+TEST_F(IniUserDefaultsTest, ReadsWhatWasWrittenSince) {
+  const IniUserDefaults defaults(file());
+  EXPECT_EQ(defaults.string(optionKey), std::nullopt);
+  write("[General]\napp.language.option=japanese\n");
+  EXPECT_EQ(defaults.string(optionKey), u"japanese"_s);
+  write("[General]\napp.language.option=english\n");
+  EXPECT_EQ(defaults.string(optionKey), u"english"_s);
+  fs::remove(file());
+  EXPECT_EQ(defaults.string(optionKey), std::nullopt);
+}
+
+TEST_F(IniUserDefaultsTest, NoFileIsNoValue) {
+  expectNoValueAndNoTrace();
+}
+
+TEST_F(IniUserDefaultsTest, NoFolderIsNoValue) {
+  EXPECT_EQ(IniUserDefaults(m_folder.path() / "missing/mireval.conf").string(optionKey), std::nullopt);
+  EXPECT_TRUE(fs::is_empty(m_folder.path()));
+}
+
+TEST_F(IniUserDefaultsTest, ReadingLeavesTheFileAlone) {
+  write("; mine\n[General]\napp.language.option=japanese\n");
+  const auto before = everything();
+  EXPECT_EQ(option(), u"japanese"_s);
+  EXPECT_EQ(everything(), before);
+}
+
+TEST_F(IniUserDefaultsTest, NoTextIsNoValue) {
+  using namespace std::string_literals;
+  for (const std::string& value : {
+           "a, b"s,
+           "japanese,"s,
+           "japanese ; mine"s,
+           "japan\xFF\xFE"s,
+           "\xE6\x97"s,
+           "\xE6\x97japanese"s,
+           "\xC0\xAF"s,
+           "japanese\0"s,
+           "\"japanese\0\""s,
+           "\"\xFF\""s,
+           "\""s,
+           "\"japanese"s,
+           "japanese\""s,
+           "\"a\" \"b\""s,
+           "\"japanese\\\""s,
+           "japanese\\"s,
+           "japa\\nese"s,
+           "\"japa\\qnese\""s,
+           "\"japa\\x6eese\""s,
+       }) {
+    write("[General]\napp.language.option=" + value + '\n');
+    expectNoValueAndNoTrace();
+  }
+}
+
+TEST_F(IniUserDefaultsTest, AFileWithoutTheKeyIsNoValue) {
+  using namespace std::string_literals;
+  std::string noise;
+  for (int byte = 0; byte < 4096; ++byte) {
+    noise += static_cast<char>(byte * 37 % 251);
+  }
+  for (const std::string& text : {
+           ""s,
+           "\n"s,
+           noise,
+           "\0\0\0\0"s,
+           "\xEF\xBB\xBF"s,
+           "=\n"s,
+           "[\n"s,
+           "[Other]\napp.language.option=japanese\n"s,
+           "\xEF\xBB\xBF[Other]\napp.language.option=japanese\n"s,
+           "[General\napp.language.option=japanese\n"s,
+           "[General]\n;app.language.option=japanese\n"s,
+           "[General]\n# app.language.option=japanese\n"s,
+           "[General]\napp.language.options=japanese\n"s,
+           "[General]\nApp.Language.Option=japanese\n"s,
+           "[General]\napp.language.option\n"s,
+           "[General]\napp.language.option japanese\n"s,
+           "[General]\n=japanese\n"s,
+       }) {
+    write(text);
+    expectNoValueAndNoTrace();
+  }
+}
+
+TEST_F(IniUserDefaultsTest, GarbageElsewhereDoesNotMatter) {
+  using namespace std::string_literals;
+  write(
+      "\x7F"
+      "ELF\0\xFF\"\n[]\n[General]\nbad\n\"=\xFF\napp.language.option=japanese\n\0"s);
+  EXPECT_EQ(option(), u"japanese"_s);
+}
+
+TEST_F(IniUserDefaultsTest, UpToOneMebibyteIsRead) {
+  std::string text = "[General]\napp.language.option=japanese\n[Z]\nz=";
+  text.resize(1 << 20, 'z');
+  write(text);
+  EXPECT_EQ(option(), u"japanese"_s);
+  write(text + 'z');
+  expectNoValueAndNoTrace();
+  expectNothingWritten();
+
+  // No room for another entry.
+  text.resize((1 << 20) - 1);
+  write(text);
+  EXPECT_EQ(option(), u"japanese"_s);
+  defaults().set(u"k", u""_s);
+  EXPECT_TRUE(content() == text);
+}
+
+// Sparse: reading it would take minutes and all memory.
+TEST_F(IniUserDefaultsTest, AHugeFileIsNotRead) {
+  write("[General]\napp.language.option=japanese\n");
+  fs::resize_file(file(), std::uintmax_t{1} << 40);
+  EXPECT_EQ(option(), std::nullopt);
+  defaults().set(optionKey, u"english"_s);
+  EXPECT_EQ(fs::file_size(file()), std::uintmax_t{1} << 40);
+}
+
+TEST_F(IniUserDefaultsTest, AFolderInItsPlaceStays) {
+  fs::create_directory(file());
+  expectNoValueAndNoTrace();
+  expectNothingWritten();
+}
+
+TEST_F(IniUserDefaultsTest, APipeInItsPlaceIsNotWaitedFor) {
+  ASSERT_EQ(mkfifo(file().c_str(), 0600), 0);
+  expectNoValueAndNoTrace();
+  expectNothingWritten();
+}
+
+TEST_F(IniUserDefaultsTest, ASocketInItsPlaceStays) {
+  ASSERT_EQ(mknod(file().c_str(), S_IFSOCK | 0600, 0), 0);
+  expectNoValueAndNoTrace();
+  expectNothingWritten();
+}
+
+TEST_F(IniUserDefaultsTest, ALinkIsFollowedAndStays) {
+  const fs::path target = m_folder.makeFile("dotfiles/mireval");
+  std::ofstream(target) << "[General]\nvolume=3\n";
+  fs::create_symlink("dotfiles/mireval", file());
+  defaults().set(optionKey, u"japanese"_s);
+  EXPECT_EQ(option(), u"japanese"_s);
+  EXPECT_EQ(fs::read_symlink(file()), "dotfiles/mireval");
+  EXPECT_EQ(contentOf(target), "[General]\napp.language.option=japanese\nvolume=3\n");
+}
+
+TEST_F(IniUserDefaultsTest, ALinkToNothingIsNoValue) {
+  fs::create_symlink("nowhere", file());
+  expectNoValueAndNoTrace();
+  defaults().set(optionKey, u"japanese"_s);
+  EXPECT_EQ(option(), u"japanese"_s);
+  EXPECT_EQ(fs::read_symlink(file()), "nowhere");
+}
+
+TEST_F(IniUserDefaultsTest, ALinkToItselfIsNoValue) {
+  fs::create_symlink("mireval.conf", file());
+  expectNoValueAndNoTrace();
+}
+
+TEST_F(IniUserDefaultsTest, AnUnreadableFileIsNoValueAndStays) {
+  write("[General]\napp.language.option=english\n");
+  fs::permissions(file(), fs::perms(0));
+  const WithoutPrivileges ordinary;
+  expectNoValueAndNoTrace();
+  expectNothingWritten();
+}
+
+TEST_F(IniUserDefaultsTest, AReadOnlyFileStays) {
+  fs::permissions(m_folder.path(), fs::perms(0777));
+  write("[General]\napp.language.option=english\n");
+  fs::permissions(file(), fs::perms(0444));
+  const auto before = everything();
+  {
+    const WithoutPrivileges ordinary;
+    defaults().set(optionKey, u"japanese"_s);
+    EXPECT_EQ(option(), u"english"_s);
+  }
+  fs::permissions(file(), fs::perms(0444));
+  EXPECT_EQ(option(), u"english"_s);
+  EXPECT_EQ(content(), "[General]\napp.language.option=english\n");
+  EXPECT_EQ(everything().size(), before.size());
+}
+
+TEST_F(IniUserDefaultsTest, AReadOnlyFolderStays) {
+  write("[General]\napp.language.option=english\n");
+  fs::permissions(file(), fs::perms(0666));
+  fs::permissions(m_folder.path(), fs::perms(0555));
+  const auto before = everything();
+  {
+    const WithoutPrivileges ordinary;
+    defaults().set(optionKey, u"japanese"_s);
+    EXPECT_EQ(option(), u"english"_s);
+    IniUserDefaults(m_folder.path() / "new/mireval.conf").set(optionKey, u"japanese"_s);
+  }
+  EXPECT_EQ(everything(), before);
+  fs::permissions(m_folder.path(), fs::perms(0755));
+}
+
+TEST_F(IniUserDefaultsTest, AFolderThatCannotBeMadeIsNotMade) {
+  write("");
+  IniUserDefaults(file() / "below/mireval.conf").set(optionKey, u"japanese"_s);
+  EXPECT_EQ(content(), "");
+  expectOnlyTheFile();
+}
+
+TEST_F(IniUserDefaultsTest, AFullDiskLeavesTheFileAsItWas) {
+  std::string text = "[General]\napp.language.option=english\nnotes=";
+  text.resize(10'000, 'n');
+  text += '\n';
+  write(text);
+  // Too full for anything; for the file, but not for the lock.
+  for (const rlim_t limit : {0, 4096}) {
+    {
+      const FileSizeLimit full(limit);
+      defaults().set(optionKey, u"japanese"_s);
+    }
+    EXPECT_TRUE(content() == text) << limit;
+    EXPECT_EQ(option(), u"english"_s);
+    expectOnlyTheFile();
+  }
+}
+
+TEST_F(IniUserDefaultsTest, MakesTheFoldersForTheOwnerOnly) {
+  const IniUserDefaults defaults(m_folder.path() / "config/mireval/mireval.conf");
+  defaults.string(optionKey);
+  EXPECT_TRUE(fs::is_empty(m_folder.path()));
+  IniUserDefaults(defaults.file()).set(optionKey, u"japanese"_s);
+  EXPECT_EQ(defaults.string(optionKey), u"japanese"_s);
+  EXPECT_EQ(fs::status(m_folder.path() / "config").permissions(), fs::perms(0700));
+  EXPECT_EQ(fs::status(m_folder.path() / "config/mireval").permissions(), fs::perms(0700));
+  EXPECT_EQ(fs::status(m_folder.path()).permissions(), fs::perms(0755));
+}
+
+TEST_F(IniUserDefaultsTest, EverythingElseInTheFileStays) {
+  struct Row {
+    const char* before;
+    const char* after;
+  };
+  for (const auto& [before, after] : {
+           Row{"; mine\n[General]\nvolume=3\nlist=a, b\n\n[Window]\ntitle=\"a;b\"\n",
+               "; mine\n[General]\napp.language.option=japanese\nvolume=3\nlist=a, "
+               "b\n\n[Window]\ntitle=\"a;b\"\n"},
+           Row{"[General]\nvolume=3\n  app.language.option =  \"a, b\"  \nbad\xFF\n",
+               "[General]\nvolume=3\n  app.language.option =  japanese  \nbad\xFF\n"},
+           Row{"[General]\r\napp.language.option=english\r\nvolume=3\r\n",
+               "[General]\r\napp.language.option=japanese\r\nvolume=3\r\n"},
+           Row{"[Window]\napp.language.option=wide\n",
+               "[General]\napp.language.option=japanese\n\n[Window]\napp.language.option=wide\n"},
+           Row{"volume=3\n", "[General]\napp.language.option=japanese\n\nvolume=3\n"},
+           Row{"\xEF\xBB\xBFvolume=3", "\xEF\xBB\xBF[General]\napp.language.option=japanese\n\nvolume=3"},
+           Row{"\xEF\xBB\xBF", "\xEF\xBB\xBF[General]\napp.language.option=japanese\n"},
+           Row{"", "[General]\napp.language.option=japanese\n"},
+           Row{"[General]", "[General]\napp.language.option=japanese\n"},
+           Row{"[General]\napp.language.option=", "[General]\napp.language.option=japanese"},
+           Row{"[General]\napp.language.option=a\napp.language.option=b\n",
+               "[General]\napp.language.option=a\napp.language.option=japanese\n"},
+       }) {
+    write(before);
+    defaults().set(optionKey, u"japanese"_s);
+    EXPECT_EQ(content(), after);
+    EXPECT_EQ(option(), u"japanese"_s);
+  }
+}
+
+TEST_F(IniUserDefaultsTest, TheFileKeepsItsPermissions) {
+  write("");
+  fs::permissions(file(), fs::perms(0600));
+  defaults().set(optionKey, u"japanese"_s);
+  EXPECT_EQ(fs::status(file()).permissions(), fs::perms(0600));
+}
+
+TEST_F(IniUserDefaultsTest, EachWriterKeepsWhatTheOtherWrote) {
+  IniUserDefaults one = defaults();
+  IniUserDefaults other = defaults();
+  for (int number = 0; number < 10; ++number) {
+    one.set(u"one", QString::number(number));
+    other.set(u"other", QString::number(number));
+    EXPECT_EQ(other.string(u"one"), QString::number(number));
+    EXPECT_EQ(one.string(u"other"), QString::number(number));
+  }
+}
+
+TEST_F(IniUserDefaultsTest, TwoProcessesLoseNothing) {
+  constexpr int writes = 25;
+  const auto writeAll = [this](QChar writer) {
+    for (int number = 0; number < writes; ++number) {
+      defaults().set(writer + QString::number(number), QString::number(number));
+      usleep(10'000);
+    }
+  };
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    writeAll(u'c');
+    _exit(0);
+  }
+  writeAll(u'p');
+  int status = -1;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_EQ(status, 0);
+  for (const QChar writer : {QChar(u'c'), QChar(u'p')}) {
+    for (int number = 0; number < writes; ++number) {
+      EXPECT_EQ(defaults().string(writer + QString::number(number)), QString::number(number));
+    }
+  }
+  expectOnlyTheFile();
+}
+
+TEST_F(IniUserDefaultsTest, AWriterThatDoesNotComeToAnEndIsNotWaitedForForEver) {
+  write("[General]\napp.language.option=english\n");
+  const QString lockName = QString::fromStdString(file().string() + ".lock");
+  QLockFile lock(lockName);
+  ASSERT_TRUE(lock.tryLock(0));
+  defaults().set(optionKey, u"japanese"_s);
+  EXPECT_EQ(option(), u"english"_s);
+  lock.unlock();
+  defaults().set(optionKey, u"japanese"_s);
+  EXPECT_EQ(option(), u"japanese"_s);
+}
+
+TEST_F(IniUserDefaultsTest, SomethingElseInThePlaceOfTheLockIsNotWaitedFor) {
+  write("[General]\napp.language.option=english\n");
+  const fs::path lock = file().string() + ".lock";
+  fs::create_directory(lock);
+  expectNothingWritten();
+  fs::remove(lock);
+  ASSERT_EQ(mkfifo(lock.c_str(), 0600), 0);
+  expectNothingWritten();
+}
+
+class UserConfigurationTest : public testing::Test {
+ protected:
+  UserConfigurationTest() { qputenv("HOME", "/home/somebody"); }
+  ~UserConfigurationTest() override {
+    restore("HOME", m_home);
+    restore("XDG_CONFIG_HOME", m_configHome);
+  }
+
+  static void restore(const char* name, const std::optional<QByteArray>& value) {
+    value ? qputenv(name, *value) : qunsetenv(name);
+  }
+  static std::optional<QByteArray> variable(const char* name) {
+    return qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name)) : std::nullopt;
+  }
+
+  const std::optional<QByteArray> m_home = variable("HOME");
+  const std::optional<QByteArray> m_configHome = variable("XDG_CONFIG_HOME");
+};
+
+TEST_F(UserConfigurationTest, IsWhereTheVariableSays) {
+  qputenv("XDG_CONFIG_HOME", "/elsewhere/config");
+  EXPECT_EQ(IniUserDefaults::ofUser().file(), "/elsewhere/config/mireval/mireval.conf");
+  qputenv("XDG_CONFIG_HOME", "/elsewhere/config/");
+  EXPECT_EQ(IniUserDefaults::ofUser().file(), "/elsewhere/config/mireval/mireval.conf");
+}
+
+TEST_F(UserConfigurationTest, IsBelowTheHomeFolderElse) {
+  qunsetenv("XDG_CONFIG_HOME");
+  EXPECT_EQ(IniUserDefaults::ofUser().file(), "/home/somebody/.config/mireval/mireval.conf");
+  qputenv("XDG_CONFIG_HOME", "");
+  EXPECT_EQ(IniUserDefaults::ofUser().file(), "/home/somebody/.config/mireval/mireval.conf");
+  for (const char* const relative : {"config", "./config", "~/config"}) {
+    qputenv("XDG_CONFIG_HOME", relative);
+    EXPECT_EQ(IniUserDefaults::ofUser().file(), "/home/somebody/.config/mireval/mireval.conf") << relative;
+  }
+}
+
+}  // namespace
+}  // namespace mireval

@@ -1,0 +1,135 @@
+#include "ui/pictures/PictureFixture.h"
+
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <tuple>
+
+namespace mireval {
+namespace {
+
+enum class State { nothing, playing, paused, failed };
+
+const char* nameOf(State state) {
+  static constexpr std::array names{"nothing", "playing", "paused", "failed"};
+  return names.at(static_cast<std::size_t>(state));
+}
+
+using Parameters = std::tuple<const char*, bool, State>;
+
+std::string testName(const testing::TestParamInfo<Parameters>& info) {
+  const auto& [language, dark, state] = info.param;
+  std::string name = std::string(language) + (dark ? "_dark_" : "_light_") + nameOf(state);
+  std::ranges::replace(name, '-', '_');
+  return name;
+}
+
+class PanelPictureTest : public PictureFixture, public testing::WithParamInterface<Parameters> {
+ protected:
+  void bringAbout(PanelWindow& panel, State state) {
+    switch (state) {
+      case State::nothing:
+        break;
+      case State::playing:
+        press(panel, "mode-scope");
+        playTo(30);
+        break;
+      case State::paused:
+        press(panel, "mode-wind");
+        playTo(90);
+        press(panel, "mode-wind");
+        break;
+      case State::failed:
+        m_factory.failWith(QStringLiteral("no sound"));
+        press(panel, "mode-sparkles");
+        break;
+    }
+  }
+};
+
+TEST_P(PanelPictureTest, LooksAsEver) {
+  const auto& [language, dark, state] = GetParam();
+  m_systemLanguages.setPreferredLanguages({QString::fromUtf8(language)});
+  m_colorScheme.setDark(dark);
+  const auto panel = makePanel();
+  bringAbout(*panel, state);
+  compareWithReference(picture(*panel), QStringLiteral("panel-%1-%2-%3")
+                                            .arg(QString::fromUtf8(language),
+                                                 dark ? QStringLiteral("dark") : QStringLiteral("light"),
+                                                 QString::fromUtf8(nameOf(state))));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PanelPictureTest,
+                         testing::Combine(testing::Values("en", "zh-Hans", "zh-Hant", "ja"), testing::Bool(),
+                                          testing::Values(State::nothing, State::playing, State::paused,
+                                                          State::failed)),
+                         testName);
+
+class FocusPictureTest : public PictureFixture, public testing::WithParamInterface<bool> {};
+
+TEST_P(FocusPictureTest, RingIsSeen) {
+  m_colorScheme.setDark(GetParam());
+  const auto panel = makePanel();
+  press(*panel, "mode-scope");
+  const QString scheme = GetParam() ? QStringLiteral("dark") : QStringLiteral("light");
+  struct Stop {
+    int tabs;
+    const char* name;
+  };
+  for (const Stop& stop :
+       {Stop{1, "selected"}, Stop{1, "unselected"}, Stop{4, "transport"}, Stop{2, "quit"}}) {
+    for (int tab = 0; tab < stop.tabs; ++tab) {
+      QTest::keyClick(panel.get(), Qt::Key_Tab);
+    }
+    compareWithReference(picture(*panel),
+                         QStringLiteral("focus-%1-%2").arg(scheme, QString::fromUtf8(stop.name)));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Schemes, FocusPictureTest, testing::Bool(),
+                         [](const testing::TestParamInfo<bool>& info) {
+                           return info.param ? "Dark" : "Light";
+                         });
+
+class OpenPanelPictureTest : public PictureFixture {};
+
+TEST_F(OpenPanelPictureTest, FollowsLanguageAndSchemeWhileOpen) {
+  const auto panel = makePanel();
+  speak("ja");
+  compareWithReference(picture(*panel), QStringLiteral("panel-ja-light-nothing"));
+  m_colorScheme.setDark(true);
+  compareWithReference(picture(*panel), QStringLiteral("panel-ja-dark-nothing"));
+  speak("zh_CN");
+  compareWithReference(picture(*panel), QStringLiteral("panel-zh-Hans-dark-nothing"));
+  m_colorScheme.setDark(false);
+  speak("en_GB");
+  compareWithReference(picture(*panel), QStringLiteral("panel-en-light-nothing"));
+}
+
+TEST_F(OpenPanelPictureTest, FramedWindowGrowsWithTheTexts) {
+  const auto panel = makePanel(PanelWindow::Style::framed);
+  int before = picture(*panel).height();
+  for (const char* const language : {"ja", "en", "ja"}) {
+    speak(language);
+    int height = before;
+    const auto hasFollowed = [&] {
+      height = picture(*panel).height();
+      return height != before && height == qRound(panel->rootObject()->height() * panel->devicePixelRatio());
+    };
+    EXPECT_TRUE(QTest::qWaitFor(hasFollowed, 2000)) << language;
+    before = height;
+  }
+}
+
+TEST_F(OpenPanelPictureTest, KeepsItsHeightWhenAnEnglishTitleReplacesAnotherScript) {
+  speak("ja");
+  const auto panel = makePanel();
+  const int height = picture(*panel).height();
+  press(*panel, "mode-scope");
+  EXPECT_EQ(picture(*panel).height(), height);
+}
+
+}  // namespace
+}  // namespace mireval

@@ -1,0 +1,100 @@
+#include "ui/pictures/PictureFixture.h"
+
+#include "fakes/FakeLibraryProvider.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace mireval {
+namespace {
+
+constexpr int tracksPerMood = 16;
+
+QString titleOf(Mood mood, int number) {
+  switch (mood) {
+    case Mood::relaxation:
+      return QStringLiteral("A Very Long Walk Along the River Before the Rain, No. %1").arg(number);
+    case Mood::creative:
+      return QStringLiteral("Paper Lanterns %1").arg(number);
+    case Mood::focus:
+      return QStringLiteral("Quiet Desk %1").arg(number);
+    case Mood::tempo:
+      return QStringLiteral("Even Steps %1").arg(number);
+  }
+  return {};
+}
+
+std::unique_ptr<AudioLibraryProviding> fixedLibrary() {
+  auto library = std::make_unique<FakeLibraryProvider>();
+  for (const Mood mood : allMoods) {
+    QList<Track> tracks;
+    for (int number = 1; number <= tracksPerMood; ++number) {
+      Track track;
+      track.mood = mood;
+      track.title = titleOf(mood, number);
+      track.resourceName = QStringLiteral("%1-%2").arg(rawValue(mood)).arg(number);
+      track.fileExtension = QStringLiteral("m4a");
+      tracks.append(track);
+    }
+    library->setPlayableTracks(mood, tracks);
+    library->setDisplayEntries(mood, tracks);
+  }
+  return library;
+}
+
+/// The largest difference of a channel.
+int difference(QRgb one, QRgb other) {
+  return std::max({std::abs(qRed(one) - qRed(other)), std::abs(qGreen(one) - qGreen(other)),
+                   std::abs(qBlue(one) - qBlue(other)), std::abs(qAlpha(one) - qAlpha(other))});
+}
+
+}  // namespace
+
+PictureFixture::PictureFixture() : PanelFixture(fixedLibrary()) {}
+
+void PictureFixture::playTo(double seconds) {
+  m_factory.newest().currentTime = seconds;
+  m_runLoop.tick();
+  m_mainThread.runAll();
+}
+
+QImage PictureFixture::picture(QWindow& window) {
+  // The screen has it once the server has answered whatever came after it.
+  QTest::qWait(50);
+  return window.screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+void PictureFixture::compareWithReference(const QImage& picture, const QString& name) {
+  const QString fileName = name + QStringLiteral(".png");
+  const QDir references(qEnvironmentVariable("MIREVAL_PICTURES"));
+  const QDir taken(qEnvironmentVariable("MIREVAL_SCREENSHOTS"));
+  if (qEnvironmentVariableIsSet("MIREVAL_RECORD_PICTURES")) {
+    ASSERT_TRUE(QDir().mkpath(references.path()));
+    ASSERT_TRUE(picture.save(references.filePath(fileName)));
+    return;
+  }
+  ASSERT_TRUE(picture.save(taken.filePath(fileName)));
+  const QImage reference = QImage(references.filePath(fileName)).convertToFormat(QImage::Format_ARGB32);
+  ASSERT_FALSE(reference.isNull()) << "no reference " << fileName.toStdString();
+  ASSERT_EQ(picture.width(), reference.width());
+  ASSERT_EQ(picture.height(), reference.height());
+  // A new release of a font library may round an edge differently here and there.
+  constexpr int visibleDifference = 12;
+  constexpr int allowedPixels = 20;
+  int differing = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      differing += difference(picture.pixel(x, y), reference.pixel(x, y)) > visibleDifference ? 1 : 0;
+    }
+  }
+  EXPECT_LE(differing, allowedPixels) << "pixels differ from the reference " << fileName.toStdString()
+                                      << "; what was seen is in " << taken.path().toStdString();
+}
+
+}  // namespace mireval

@@ -1,0 +1,64 @@
+#include "ui/SettingsWindow.h"
+
+#include "ui/pictures/PictureFixture.h"
+
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <string>
+#include <tuple>
+
+namespace mireval {
+namespace {
+
+using Parameters = std::tuple<const char*, bool>;
+
+std::string testName(const testing::TestParamInfo<Parameters>& info) {
+  const auto& [language, dark] = info.param;
+  std::string name = std::string(language) + (dark ? "_dark" : "_light");
+  std::ranges::replace(name, '-', '_');
+  return name;
+}
+
+class SettingsPictureTest : public PictureFixture, public testing::WithParamInterface<Parameters> {};
+
+TEST_P(SettingsPictureTest, LooksAsEver) {
+  const auto& [language, dark] = GetParam();
+  m_systemLanguages.setPreferredLanguages({QString::fromUtf8(language)});
+  m_colorScheme.setDark(dark);
+  SettingsWindow window(m_localization, m_colorScheme);
+  window.open();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  const QImage seen = picture(window);
+  EXPECT_EQ(seen.width(), 340 * window.devicePixelRatio());
+  // The card's fill between the texts and its right edge, and beyond its corner the window's own ground.
+  EXPECT_EQ(seen.pixelColor(seen.width() * 9 / 10, seen.height() * 8 / 10),
+            dark ? QColor(13, 16, 21) : QColor(246, 243, 237));
+  EXPECT_EQ(seen.pixelColor(0, 0), dark ? QColor(Qt::black) : QColor(Qt::white));
+  compareWithReference(
+      seen, QStringLiteral("settings-%1-%2")
+                .arg(QString::fromUtf8(language), dark ? QStringLiteral("dark") : QStringLiteral("light")));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, SettingsPictureTest,
+                         testing::Combine(testing::Values("en", "zh-Hans", "zh-Hant", "ja"), testing::Bool()),
+                         testName);
+
+class OpenSettingsPictureTest : public PictureFixture {};
+
+TEST_F(OpenSettingsPictureTest, FollowsLanguageAndSchemeWhileOpen) {
+  speak("zh-Hant-TW");
+  SettingsWindow window(m_localization, m_colorScheme);
+  window.open();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  compareWithReference(picture(window), QStringLiteral("settings-zh-Hant-light"));
+  m_colorScheme.setDark(true);
+  compareWithReference(picture(window), QStringLiteral("settings-zh-Hant-dark"));
+  speak("ja");
+  compareWithReference(picture(window), QStringLiteral("settings-ja-dark"));
+  speak("fr");
+  compareWithReference(picture(window), QStringLiteral("settings-en-dark"));
+}
+
+}  // namespace
+}  // namespace mireval
