@@ -9,10 +9,9 @@ namespace mireval {
 /// The pictures that stand for the tracks of a mode in the desktop's media controls.
 class Cover {
  public:
-  static constexpr int countPerMood = 10;
   static constexpr int sidePixels = 1200;
 
-  /// The picture of a mode with a number from 1 to `countPerMood`. The same at each call.
+  /// The picture of a mode with a number from 1 to `coversPerMood`. The same at each call.
   static QImage draw(Mood mood, int number);
 };
 

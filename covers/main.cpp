@@ -14,7 +14,7 @@ namespace {
 
 std::optional<QImage> drawCover(const QString& name) {
   for (const Mood mood : allMoods) {
-    for (int number = 1; number <= Cover::countPerMood; ++number) {
+    for (int number = 1; number <= coversPerMood; ++number) {
       if (name == coverImageName(mood, number)) {
         return Cover::draw(mood, number);
       }

@@ -1,23 +1,25 @@
 #include "library/Mood.h"
 
-#include <QLatin1String>
+#include <QLatin1StringView>
 
 #include <algorithm>
 
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 struct MoodNames {
-  QLatin1String rawValue;
-  QLatin1String title;
-  QLatin1String symbolName;
+  QLatin1StringView rawValue;
+  QLatin1StringView title;
+  QLatin1StringView symbolName;
 };
 
 constexpr std::array<MoodNames, allMoods.size()> moodNames{{
-    {QLatin1String("relaxation"), QLatin1String("Relaxation"), QLatin1String("wind")},
-    {QLatin1String("focus"), QLatin1String("Focus"), QLatin1String("scope")},
-    {QLatin1String("creative"), QLatin1String("Creative"), QLatin1String("sparkles")},
-    {QLatin1String("tempo"), QLatin1String("Tempo"), QLatin1String("metronome")},
+    {"relaxation"_L1, "Relaxation"_L1, "wind"_L1},
+    {"focus"_L1, "Focus"_L1, "scope"_L1},
+    {"creative"_L1, "Creative"_L1, "sparkles"_L1},
+    {"tempo"_L1, "Tempo"_L1, "metronome"_L1},
 }};
 
 const MoodNames& namesOf(Mood mood) {
@@ -49,10 +51,8 @@ QString symbolName(Mood mood) {
 }
 
 QString coverImageName(Mood mood, std::int64_t index) {
-  constexpr std::int64_t firstCover = 1;
-  constexpr std::int64_t lastCover = 10;
-  const auto number = static_cast<int>(std::clamp(index, firstCover, lastCover));
-  return QStringLiteral("%1-%2").arg(rawValue(mood)).arg(number, 2, 10, QLatin1Char('0'));
+  const auto number = static_cast<int>(std::clamp<std::int64_t>(index, 1, coversPerMood));
+  return u"%1-%2"_s.arg(rawValue(mood)).arg(number, 2, 10, '0'_L1);
 }
 
 }  // namespace mireval

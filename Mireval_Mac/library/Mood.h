@@ -23,7 +23,7 @@ QString rawValue(Mood mood);
 /// The mood with exactly this raw value (case-sensitive), or nothing.
 std::optional<Mood> moodFromRawValue(QStringView rawValue);
 
-/// What identifies the mood in a list: its raw value.
+/// What identifies the mood in a list: its raw value. Used by tests only, kept with the raw value.
 QString id(Mood mood);
 
 /// The built-in English title, for example "Relaxation". Not the localised title of the panel's tiles,
@@ -33,8 +33,11 @@ QString title(Mood mood);
 /// The name of the symbol on the mood's tile.
 QString symbolName(Mood mood);
 
+/// How many covers each mood has.
+inline constexpr int coversPerMood = 10;
+
 /// The base name of the cover for the 1-based position `index` in the mood's playlist, for example
-/// "focus-03". There are ten covers per mood: the index is clamped to 1...10.
+/// "focus-03". The index is clamped to 1...`coversPerMood`.
 QString coverImageName(Mood mood, std::int64_t index);
 
 }  // namespace mireval

@@ -40,7 +40,7 @@ const std::vector<Thumbnail>& thumbnails() {
   static const std::vector<Thumbnail> all = [] {
     std::vector<Thumbnail> made;
     for (const Mood mood : allMoods) {
-      for (int number = 1; number <= Cover::countPerMood; ++number) {
+      for (int number = 1; number <= coversPerMood; ++number) {
         made.push_back(
             {mood, number,
              QImage(fileOf(mood, number))
@@ -113,7 +113,7 @@ std::string nameOf(const Thumbnail& thumbnail) {
 TEST(CoversTest, ThereAreExactlyFortyPictures) {
   QStringList expected;
   for (const Mood mood : allMoods) {
-    for (int number = 1; number <= Cover::countPerMood; ++number) {
+    for (int number = 1; number <= coversPerMood; ++number) {
       expected.append(coverImageName(mood, number) + QStringLiteral(".png"));
     }
   }
@@ -125,7 +125,7 @@ TEST(CoversTest, ThereAreExactlyFortyPictures) {
 TEST(CoversTest, EachIsAPngOf1200PixelsWhichThePlayerKeepsInOneByteEach) {
   QtImageDecoder decoder;
   for (const Mood mood : allMoods) {
-    for (int number = 1; number <= Cover::countPerMood; ++number) {
+    for (int number = 1; number <= coversPerMood; ++number) {
       EXPECT_EQ(QImageReader::imageFormat(fileOf(mood, number)), "png") << fileOf(mood, number).toStdString();
       const QImage image = decoder.thumbnail(fileOf(mood, number).toStdString(), 1600);
       EXPECT_EQ(image.size(), QSize(1200, 1200)) << fileOf(mood, number).toStdString();
@@ -137,7 +137,7 @@ TEST(CoversTest, EachIsAPngOf1200PixelsWhichThePlayerKeepsInOneByteEach) {
 
 TEST(CoversTest, DrawnAgainTheyAreTheSame) {
   for (const Mood mood : allMoods) {
-    for (const int number : {1, Cover::countPerMood}) {
+    for (const int number : {1, coversPerMood}) {
       EXPECT_EQ(Cover::draw(mood, number), Cover::draw(mood, number))
           << coverImageName(mood, number).toStdString();
     }
@@ -146,14 +146,14 @@ TEST(CoversTest, DrawnAgainTheyAreTheSame) {
 
 TEST(CoversTest, TheFewerColoursAreNotSeen) {
   for (const Mood mood : allMoods) {
-    for (int number = 1; number <= Cover::countPerMood; ++number) {
+    for (int number = 1; number <= coversPerMood; ++number) {
       const QImage drawn =
           Cover::draw(mood, number)
               .scaled(widgetPixels, widgetPixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-      const QImage shipped = thumbnails()
-                                 .at((static_cast<std::size_t>(mood) * Cover::countPerMood) +
-                                     static_cast<std::size_t>(number) - 1)
-                                 .image;
+      const QImage shipped =
+          thumbnails()
+              .at((static_cast<std::size_t>(mood) * coversPerMood) + static_cast<std::size_t>(number) - 1)
+              .image;
       EXPECT_LT(pixelDistance(drawn, shipped), 1) << coverImageName(mood, number).toStdString();
     }
   }
@@ -162,7 +162,7 @@ TEST(CoversTest, TheFewerColoursAreNotSeen) {
 TEST(CoversTest, EachPaintsTheWholeSquare) {
   // Black is what is there before.
   for (const Mood mood : allMoods) {
-    for (int number = 1; number <= Cover::countPerMood; ++number) {
+    for (int number = 1; number <= coversPerMood; ++number) {
       const QImage image = Cover::draw(mood, number);
       for (int i = 0; i < Cover::sidePixels; ++i) {
         const int last = Cover::sidePixels - 1;
@@ -201,7 +201,7 @@ TEST(CoversTest, TheModesAreFourFamilies) {
     for (std::size_t j = 0; j < palettes.size(); ++j) {
       if (i != j) {
         const Mood mood = thumbnails()[j].mood;
-        const int others = Cover::countPerMood - (mood == thumbnails()[i].mood ? 1 : 0);
+        const int others = coversPerMood - (mood == thumbnails()[i].mood ? 1 : 0);
         distances[mood] += paletteDistance(palettes[i], palettes[j]) / others;
       }
     }
