@@ -8,123 +8,117 @@
 namespace mireval {
 namespace {
 
-using Table = std::array<QLatin1String, 16>;
+using namespace Qt::StringLiterals;
+
+using Table = std::array<QLatin1StringView, 16>;
 
 constexpr Table relaxationTitles{
-    QLatin1String("Rain Veil"),     QLatin1String("Quiet Thunder"), QLatin1String("Coastline Loop"),
-    QLatin1String("Misted Window"), QLatin1String("Soft Shelter"),  QLatin1String("Rain Ledger"),
-    QLatin1String("Still Shelter"), QLatin1String("Cloud Drift"),   QLatin1String("Warm Tide"),
-    QLatin1String("Quiet Harbor"),  QLatin1String("Soft Meadow"),   QLatin1String("Night Hush"),
-    QLatin1String("Pale Current"),  QLatin1String("Resting Air"),   QLatin1String("Low Horizon"),
-    QLatin1String("Calm Field"),
+    "Rain Veil"_L1,    "Quiet Thunder"_L1, "Coastline Loop"_L1, "Misted Window"_L1,
+    "Soft Shelter"_L1, "Rain Ledger"_L1,   "Still Shelter"_L1,  "Cloud Drift"_L1,
+    "Warm Tide"_L1,    "Quiet Harbor"_L1,  "Soft Meadow"_L1,    "Night Hush"_L1,
+    "Pale Current"_L1, "Resting Air"_L1,   "Low Horizon"_L1,    "Calm Field"_L1,
 };
 
 constexpr Table relaxationDetails{
-    QLatin1String("Warm weather texture for long sessions"),
-    QLatin1String("Low-pressure ambience with slow distance"),
-    QLatin1String("Even breathing and soft environmental motion"),
-    QLatin1String("Soft drifting calm with a lighter horizon"),
-    QLatin1String("Brown-noise warmth built for long steady work"),
-    QLatin1String("Gentle rain and distant weather with low pressure"),
-    QLatin1String("Soft rain texture for long relaxed work"),
-    QLatin1String("Restorative drift with light environmental air"),
-    QLatin1String("Oceanic calm with warm neutral motion"),
-    QLatin1String("Sheltered ambience for low-stress tasks"),
-    QLatin1String("Quiet natural softness with reduced fatigue"),
-    QLatin1String("Night ambience with stable restorative depth"),
-    QLatin1String("Slow reflective wash for calmer sessions"),
-    QLatin1String("Airy low-distraction comfort background"),
-    QLatin1String("Peaceful horizon with subtle field texture"),
-    QLatin1String("Long-session calm with steady presence"),
+    "Warm weather texture for long sessions"_L1,
+    "Low-pressure ambience with slow distance"_L1,
+    "Even breathing and soft environmental motion"_L1,
+    "Soft drifting calm with a lighter horizon"_L1,
+    "Brown-noise warmth built for long steady work"_L1,
+    "Gentle rain and distant weather with low pressure"_L1,
+    "Soft rain texture for long relaxed work"_L1,
+    "Restorative drift with light environmental air"_L1,
+    "Oceanic calm with warm neutral motion"_L1,
+    "Sheltered ambience for low-stress tasks"_L1,
+    "Quiet natural softness with reduced fatigue"_L1,
+    "Night ambience with stable restorative depth"_L1,
+    "Slow reflective wash for calmer sessions"_L1,
+    "Airy low-distraction comfort background"_L1,
+    "Peaceful horizon with subtle field texture"_L1,
+    "Long-session calm with steady presence"_L1,
 };
 
 constexpr Table focusTitles{
-    QLatin1String("Single Thread"), QLatin1String("Clear Frame"),  QLatin1String("Quiet Scope"),
-    QLatin1String("North Window"),  QLatin1String("Still Array"),  QLatin1String("Felt Signal"),
-    QLatin1String("Soft Grid"),     QLatin1String("Slow Circuit"), QLatin1String("Grey Study"),
-    QLatin1String("Calm Syntax"),   QLatin1String("Long Form"),    QLatin1String("Signal Glass"),
-    QLatin1String("Night Draft"),   QLatin1String("Open Margin"),  QLatin1String("Static Bloom"),
-    QLatin1String("Deep Channel"),
+    "Single Thread"_L1, "Clear Frame"_L1, "Quiet Scope"_L1,  "North Window"_L1,
+    "Still Array"_L1,   "Felt Signal"_L1, "Soft Grid"_L1,    "Slow Circuit"_L1,
+    "Grey Study"_L1,    "Calm Syntax"_L1, "Long Form"_L1,    "Signal Glass"_L1,
+    "Night Draft"_L1,   "Open Margin"_L1, "Static Bloom"_L1, "Deep Channel"_L1,
 };
 
 constexpr Table focusDetails{
-    QLatin1String("Dark drone bed with minimal harmonic drift"),
-    QLatin1String("Low-distraction sustained texture"),
-    QLatin1String("Stable neutral field for code and writing"),
-    QLatin1String("Even concentration with a cleaner top end"),
-    QLatin1String("Soft pads and restrained low end for uninterrupted focus"),
-    QLatin1String("Sparse piano and tape haze for quieter concentration"),
-    QLatin1String("Minimal ambient field for concentrated work"),
-    QLatin1String("Restrained felt piano and drone support"),
-    QLatin1String("Neutral monochrome texture for long study blocks"),
-    QLatin1String("Stable soft-focus architecture for coding"),
-    QLatin1String("Patient ambient writing background"),
-    QLatin1String("Glassy upper air with low distraction motion"),
-    QLatin1String("Dark minimal tone for thoughtful concentration"),
-    QLatin1String("Clean harmonic bed for reading and drafting"),
-    QLatin1String("Subtle bloom without attention-grabbing movement"),
-    QLatin1String("Steady deep-focus background with premium clarity"),
+    "Dark drone bed with minimal harmonic drift"_L1,
+    "Low-distraction sustained texture"_L1,
+    "Stable neutral field for code and writing"_L1,
+    "Even concentration with a cleaner top end"_L1,
+    "Soft pads and restrained low end for uninterrupted focus"_L1,
+    "Sparse piano and tape haze for quieter concentration"_L1,
+    "Minimal ambient field for concentrated work"_L1,
+    "Restrained felt piano and drone support"_L1,
+    "Neutral monochrome texture for long study blocks"_L1,
+    "Stable soft-focus architecture for coding"_L1,
+    "Patient ambient writing background"_L1,
+    "Glassy upper air with low distraction motion"_L1,
+    "Dark minimal tone for thoughtful concentration"_L1,
+    "Clean harmonic bed for reading and drafting"_L1,
+    "Subtle bloom without attention-grabbing movement"_L1,
+    "Steady deep-focus background with premium clarity"_L1,
 };
 
 constexpr Table creativeTitles{
-    QLatin1String("Afterglow Draft"), QLatin1String("Glass Margins"),  QLatin1String("Paper Horizon"),
-    QLatin1String("Slow Bloom"),      QLatin1String("Luminous Draft"), QLatin1String("Velvet Margin"),
-    QLatin1String("Soft Prism"),      QLatin1String("Idea River"),     QLatin1String("Wide Canvas"),
-    QLatin1String("Light Chamber"),   QLatin1String("Color Study"),    QLatin1String("Sketch Field"),
-    QLatin1String("Mild Echo"),       QLatin1String("Warm Contour"),   QLatin1String("Dream Board"),
-    QLatin1String("Golden Outline"),
+    "Afterglow Draft"_L1, "Glass Margins"_L1, "Paper Horizon"_L1, "Slow Bloom"_L1,
+    "Luminous Draft"_L1,  "Velvet Margin"_L1, "Soft Prism"_L1,    "Idea River"_L1,
+    "Wide Canvas"_L1,     "Light Chamber"_L1, "Color Study"_L1,   "Sketch Field"_L1,
+    "Mild Echo"_L1,       "Warm Contour"_L1,  "Dream Board"_L1,   "Golden Outline"_L1,
 };
 
 constexpr Table creativeDetails{
-    QLatin1String("Piano and strings with restrained lift"),
-    QLatin1String("Soft cinematic arc for ideation"),
-    QLatin1String("Reflective movement without vocal lead"),
-    QLatin1String("A wider emotional field for thinking in layers"),
-    QLatin1String("Soft synth motion with restrained cinematic lift"),
-    QLatin1String("Muted piano and strings for thoughtful exploration"),
-    QLatin1String("Cinematic ambient support for brainstorming"),
-    QLatin1String("Gentle motion for open-ended ideation"),
-    QLatin1String("Expansive creative atmosphere with low distraction"),
-    QLatin1String("Reflective design background with elegant lift"),
-    QLatin1String("Inventive but restrained soundtrack motion"),
-    QLatin1String("Soft tonal field for concepts and planning"),
-    QLatin1String("Subtle emotional arc for writing sessions"),
-    QLatin1String("Warm texture for visual and strategic thinking"),
-    QLatin1String("Dreamlike but work-suitable ambient flow"),
-    QLatin1String("Elegant exploratory atmosphere with premium clarity"),
+    "Piano and strings with restrained lift"_L1,
+    "Soft cinematic arc for ideation"_L1,
+    "Reflective movement without vocal lead"_L1,
+    "A wider emotional field for thinking in layers"_L1,
+    "Soft synth motion with restrained cinematic lift"_L1,
+    "Muted piano and strings for thoughtful exploration"_L1,
+    "Cinematic ambient support for brainstorming"_L1,
+    "Gentle motion for open-ended ideation"_L1,
+    "Expansive creative atmosphere with low distraction"_L1,
+    "Reflective design background with elegant lift"_L1,
+    "Inventive but restrained soundtrack motion"_L1,
+    "Soft tonal field for concepts and planning"_L1,
+    "Subtle emotional arc for writing sessions"_L1,
+    "Warm texture for visual and strategic thinking"_L1,
+    "Dreamlike but work-suitable ambient flow"_L1,
+    "Elegant exploratory atmosphere with premium clarity"_L1,
 };
 
 constexpr Table tempoTitles{
-    QLatin1String("Clean Run"),    QLatin1String("Task Current"), QLatin1String("Inbox Motion"),
-    QLatin1String("Clear Sprint"), QLatin1String("Forward Desk"), QLatin1String("Light Conveyor"),
-    QLatin1String("Pulse Stack"),  QLatin1String("Step Line"),    QLatin1String("Fast Ledger"),
-    QLatin1String("Workstream"),   QLatin1String("Quick Relay"),  QLatin1String("Drive Column"),
-    QLatin1String("Motion Grid"),  QLatin1String("Light Motor"),  QLatin1String("Sharp Cycle"),
-    QLatin1String("Task Runner"),
+    "Clean Run"_L1,    "Task Current"_L1,   "Inbox Motion"_L1, "Clear Sprint"_L1,
+    "Forward Desk"_L1, "Light Conveyor"_L1, "Pulse Stack"_L1,  "Step Line"_L1,
+    "Fast Ledger"_L1,  "Workstream"_L1,     "Quick Relay"_L1,  "Drive Column"_L1,
+    "Motion Grid"_L1,  "Light Motor"_L1,    "Sharp Cycle"_L1,  "Task Runner"_L1,
 };
 
 constexpr Table tempoDetails{
-    QLatin1String("Steady groove for repetitive execution"),
-    QLatin1String("Forward pulse with low melodic chatter"),
-    QLatin1String("Continuous rhythmic drive for task clearing"),
-    QLatin1String("A tighter motor rhythm for lighter repetitive work"),
-    QLatin1String("Deep-house groove with clean productive momentum"),
-    QLatin1String("Controlled techno pulse for repetitive task flow"),
-    QLatin1String("Steady electronic rhythm for repeated operations"),
-    QLatin1String("Linear groove with disciplined energy"),
-    QLatin1String("Fast but controlled background momentum"),
-    QLatin1String("Structured pulse for productive workflows"),
-    QLatin1String("Clean repetitive movement without overload"),
-    QLatin1String("Focused drive for execution-heavy sessions"),
-    QLatin1String("Motorik pace with minimal melodic clutter"),
-    QLatin1String("Soft-punch rhythm for sustained task flow"),
-    QLatin1String("Controlled breakbeat energy for busy work"),
-    QLatin1String("Stable movement for high-volume repetitive tasks"),
+    "Steady groove for repetitive execution"_L1,
+    "Forward pulse with low melodic chatter"_L1,
+    "Continuous rhythmic drive for task clearing"_L1,
+    "A tighter motor rhythm for lighter repetitive work"_L1,
+    "Deep-house groove with clean productive momentum"_L1,
+    "Controlled techno pulse for repetitive task flow"_L1,
+    "Steady electronic rhythm for repeated operations"_L1,
+    "Linear groove with disciplined energy"_L1,
+    "Fast but controlled background momentum"_L1,
+    "Structured pulse for productive workflows"_L1,
+    "Clean repetitive movement without overload"_L1,
+    "Focused drive for execution-heavy sessions"_L1,
+    "Motorik pace with minimal melodic clutter"_L1,
+    "Soft-punch rhythm for sustained task flow"_L1,
+    "Controlled breakbeat energy for busy work"_L1,
+    "Stable movement for high-volume repetitive tasks"_L1,
 };
 
 }  // namespace
 
-QList<Track> makeTracks(std::span<const QLatin1String> titles, std::span<const QLatin1String> details,
+QList<Track> makeTracks(std::span<const QLatin1StringView> titles, std::span<const QLatin1StringView> details,
                         Mood mood) {
   const std::size_t count = std::min(titles.size(), details.size());
   QList<Track> tracks;
@@ -135,8 +129,8 @@ QList<Track> makeTracks(std::span<const QLatin1String> titles, std::span<const Q
     track.mood = mood;
     track.title = titles[i];
     track.detail = details[i];
-    track.resourceName = QStringLiteral("%1-%2").arg(rawValue(mood)).arg(i + 1);
-    track.fileExtension = QStringLiteral("m4a");
+    track.resourceName = u"%1-%2"_s.arg(rawValue(mood)).arg(i + 1);
+    track.fileExtension = u"m4a"_s;
     track.availability = TrackAvailability::included();
     tracks.append(std::move(track));
   }

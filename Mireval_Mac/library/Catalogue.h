@@ -2,7 +2,7 @@
 
 #include "library/Track.h"
 
-#include <QLatin1String>
+#include <QLatin1StringView>
 #include <QList>
 
 #include <map>
@@ -15,7 +15,7 @@ using Catalogue = std::map<Mood, QList<Track>>;
 
 /// Pairs the n-th title with the n-th detail, n = 1, 2, ..., until the shorter table is exhausted. Each
 /// track gets a fresh `id` and the resource name "<mood>-<n>", without leading zeros.
-QList<Track> makeTracks(std::span<const QLatin1String> titles, std::span<const QLatin1String> details,
+QList<Track> makeTracks(std::span<const QLatin1StringView> titles, std::span<const QLatin1StringView> details,
                         Mood mood);
 
 /// The tracks that ship with the application: sixteen for each mood. Built once, on first use, from
