@@ -23,7 +23,7 @@ QString rawValue(Mood mood);
 /// The mood with exactly this raw value (case-sensitive), or nothing.
 std::optional<Mood> moodFromRawValue(QStringView rawValue);
 
-/// What identifies the mood in a list: its raw value. Used by tests only, kept with the raw value.
+/// What identifies the mood in a list: its raw value. Only tests use it so far.
 QString id(Mood mood);
 
 /// The built-in English title, for example "Relaxation". Not the localised title of the panel's tiles,

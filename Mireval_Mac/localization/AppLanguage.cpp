@@ -1,38 +1,84 @@
 #include "localization/AppLanguage.h"
 
-#include <QLatin1String>
+#include <QLatin1StringView>
 
 #include <algorithm>
+#include <span>
 
 namespace mireval {
 namespace {
 
-struct LanguageNames {
-  QLatin1String rawValue;
+using namespace Qt::StringLiterals;
+
+/// What belongs to a language, but for its texts.
+struct LanguageRecord {
+  AppLanguage language;
+  AppLanguageOption option;
+  QLatin1StringView rawValue;
   QStringView displayName;
+  QStringView fontFamily;
+  /// In lower case; unused places are empty.
+  std::array<QLatin1StringView, 4> tagPrefixes;
 };
 
-constexpr std::array<LanguageNames, allAppLanguages.size()> languageNames{{
-    {QLatin1String("en"), u"English"},
-    {QLatin1String("zh-Hans"), u"简体中文"},
-    {QLatin1String("zh-Hant"), u"繁體中文"},
-    {QLatin1String("ja"), u"日本語"},
-}};
+constexpr auto records = std::to_array<LanguageRecord>({
+    {AppLanguage::english, AppLanguageOption::english, "en"_L1, u"English", {}, {"en"_L1}},
+    {AppLanguage::chineseSimplified,
+     AppLanguageOption::chineseSimplified,
+     "zh-Hans"_L1,
+     u"简体中文",
+     u"Noto Sans CJK SC",
+     {"zh"_L1}},
+    {AppLanguage::chineseTraditional,
+     AppLanguageOption::chineseTraditional,
+     "zh-Hant"_L1,
+     u"繁體中文",
+     u"Noto Sans CJK TC",
+     {"zh-hant"_L1, "zh-tw"_L1, "zh-hk"_L1, "zh-mo"_L1}},
+    {AppLanguage::japanese, AppLanguageOption::japanese, "ja"_L1, u"日本語", u"Noto Sans CJK JP", {"ja"_L1}},
+});
 
-const LanguageNames& namesOf(AppLanguage language) {
-  return languageNames.at(static_cast<std::size_t>(language));
+static_assert(std::ranges::equal(records, allAppLanguages, {}, &LanguageRecord::language),
+              "one record for each language, in declaration order");
+static_assert(std::ranges::equal(records, std::span(allAppLanguageOptions).subspan(1), {},
+                                 &LanguageRecord::option),
+              "one option for each language, behind `system`");
+
+const LanguageRecord& recordOf(AppLanguage language) {
+  return records.at(static_cast<std::size_t>(language));
+}
+
+std::optional<AppLanguage> languageOf(const LanguageRecord* record) {
+  return record == records.end() ? std::nullopt : std::optional(record->language);
 }
 
 }  // namespace
 
 QString rawValue(AppLanguage language) {
-  return namesOf(language).rawValue;
+  return recordOf(language).rawValue;
 }
 
 std::optional<AppLanguage> appLanguageFromRawValue(QStringView text) {
-  const auto* const match = std::ranges::find_if(
-      allAppLanguages, [text](AppLanguage language) { return text == namesOf(language).rawValue; });
-  return match == allAppLanguages.end() ? std::nullopt : std::optional(*match);
+  return languageOf(
+      std::ranges::find_if(records, [text](const auto& record) { return text == record.rawValue; }));
+}
+
+std::optional<AppLanguage> appLanguageFromOption(AppLanguageOption option) {
+  return languageOf(std::ranges::find(records, option, &LanguageRecord::option));
+}
+
+std::optional<AppLanguage> appLanguageFromTag(QStringView tag) {
+  std::optional<AppLanguage> language;
+  qsizetype longest = 0;
+  for (const LanguageRecord& record : records) {
+    for (const QLatin1StringView prefix : record.tagPrefixes) {
+      if (prefix.size() > longest && tag.startsWith(prefix)) {
+        language = record.language;
+        longest = prefix.size();
+      }
+    }
+  }
+  return language;
 }
 
 QString id(AppLanguage language) {
@@ -40,7 +86,11 @@ QString id(AppLanguage language) {
 }
 
 QString displayName(AppLanguage language) {
-  return namesOf(language).displayName.toString();
+  return recordOf(language).displayName.toString();
+}
+
+QString fontFamily(AppLanguage language) {
+  return recordOf(language).fontFamily.toString();
 }
 
 }  // namespace mireval

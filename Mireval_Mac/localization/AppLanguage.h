@@ -1,5 +1,7 @@
 #pragma once
 
+#include "localization/AppLanguageOption.h"
+
 #include <QObject>
 #include <QString>
 #include <QtGlobal>
@@ -8,11 +10,14 @@
 #include <optional>
 
 namespace mireval {
+
+// A namespace can be Q_NAMESPACE in one header only, so each enumeration has one of its own.
 namespace app_language {
 Q_NAMESPACE
 
-/// A language that the interface speaks. English stands in wherever another one lacks something. QML's
-/// registration knows Qt's names of integers only.
+/// A language that the interface speaks. English stands in wherever another one lacks something.
+//
+// The underlying type has Qt's name, since QML's registration does not know std::uint8_t.
 enum class AppLanguage : quint8 { english, chineseSimplified, chineseTraditional, japanese };
 Q_ENUM_NS(AppLanguage)
 
@@ -30,10 +35,21 @@ QString rawValue(AppLanguage language);
 /// The language with exactly this tag (case-sensitive), or nothing.
 std::optional<AppLanguage> appLanguageFromRawValue(QStringView rawValue);
 
-/// What identifies the language in a list: its raw value.
+/// The language that the option fixes; nothing for `system`.
+std::optional<AppLanguage> appLanguageFromOption(AppLanguageOption option);
+
+/// The language whose longest prefix the tag begins with, or nothing. The tag is in lower case, with hyphens,
+/// and may go on with a script, a region or anything else.
+std::optional<AppLanguage> appLanguageFromTag(QStringView tag);
+
+/// What identifies the language in a list: its raw value. Only tests use it so far.
 QString id(AppLanguage language);
 
 /// The language's own name for itself, the same whatever language the interface speaks.
 QString displayName(AppLanguage language);
+
+/// The family of fonts that draws shared East Asian characters in this language's shapes; empty for a
+/// language that the desktop's own font is enough for.
+QString fontFamily(AppLanguage language);
 
 }  // namespace mireval

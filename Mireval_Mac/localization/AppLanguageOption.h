@@ -8,6 +8,8 @@
 #include <optional>
 
 namespace mireval {
+
+// A namespace of its own for the reason given in AppLanguage.h.
 namespace app_language_option {
 Q_NAMESPACE
 
@@ -36,7 +38,7 @@ QString rawValue(AppLanguageOption option);
 /// The option with exactly this raw value (case-sensitive), or nothing.
 std::optional<AppLanguageOption> appLanguageOptionFromRawValue(QStringView rawValue);
 
-/// What identifies the option in a list: its raw value.
+/// What identifies the option in a list: its raw value. Only tests use it so far.
 QString id(AppLanguageOption option);
 
 }  // namespace mireval

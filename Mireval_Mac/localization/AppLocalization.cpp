@@ -6,10 +6,10 @@
 #include "platform/SystemLanguages.h"
 #include "platform/UserDefaults.h"
 
+#include <QLatin1StringView>
 #include <QPointer>
 #include <QStringList>
 
-#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <optional>
@@ -18,11 +18,13 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr QStringView languageOptionKey = u"app.language.option";
 
 QString fixedMoodTitle(Mood mood) {
-  static constexpr std::array<QLatin1String, allMoods.size()> titles{
-      QLatin1String("Relax"), QLatin1String("Focus"), QLatin1String("Create"), QLatin1String("Tempo")};
+  static constexpr std::array<QLatin1StringView, allMoods.size()> titles{"Relax"_L1, "Focus"_L1, "Create"_L1,
+                                                                         "Tempo"_L1};
   return titles.at(static_cast<std::size_t>(mood));
 }
 
@@ -53,26 +55,13 @@ std::optional<QString> find(const QHash<AppLanguage, QHash<Key, QString>>& texts
   return std::nullopt;
 }
 
-/// The language that a tag in lower case, with hyphens, begins with. By its beginning only: a tag may go on
-/// with a script, a region or anything else.
-std::optional<AppLanguage> languageOfTag(QStringView tag) {
-  struct Prefix {
-    QLatin1String prefix;
-    AppLanguage language;
-  };
-  // The traditional ones begin with "zh", too, and so come first.
-  static constexpr auto prefixes = std::to_array<Prefix>({
-      {QLatin1String("zh-hant"), AppLanguage::chineseTraditional},
-      {QLatin1String("zh-tw"), AppLanguage::chineseTraditional},
-      {QLatin1String("zh-hk"), AppLanguage::chineseTraditional},
-      {QLatin1String("zh-mo"), AppLanguage::chineseTraditional},
-      {QLatin1String("zh"), AppLanguage::chineseSimplified},
-      {QLatin1String("ja"), AppLanguage::japanese},
-      {QLatin1String("en"), AppLanguage::english},
-  });
-  const auto* const match = std::ranges::find_if(
-      prefixes, [tag](const Prefix& candidate) { return tag.startsWith(candidate.prefix); });
-  return match == prefixes.end() ? std::nullopt : std::optional(match->language);
+/// The languages as a desktop knows them, in declaration order.
+QStringList localizations() {
+  QStringList tags;
+  for (const AppLanguage language : allAppLanguages) {
+    tags.append(rawValue(language));
+  }
+  return tags;
 }
 
 }  // namespace
@@ -104,28 +93,18 @@ void AppLocalization::persistLanguageOption() {
 }
 
 AppLanguage AppLocalization::effectiveLanguage() const {
-  switch (m_languageOption) {
-    case AppLanguageOption::system:
-      break;
-    case AppLanguageOption::english:
-      return AppLanguage::english;
-    case AppLanguageOption::chineseSimplified:
-      return AppLanguage::chineseSimplified;
-    case AppLanguageOption::chineseTraditional:
-      return AppLanguage::chineseTraditional;
-    case AppLanguageOption::japanese:
-      return AppLanguage::japanese;
+  if (const auto language = appLanguageFromOption(m_languageOption)) {
+    return *language;
   }
   return detectSystemLanguage(m_services.systemLanguages);
 }
 
 AppLanguage AppLocalization::detectSystemLanguage(const SystemLanguages& systemLanguages) {
   QStringList candidates = systemLanguages.preferredLanguages();
-  candidates += systemLanguages.preferredLocalizations();
+  candidates += systemLanguages.preferredLocalizations(localizations());
   candidates += systemLanguages.currentLocaleIdentifier();
   for (const QString& candidate : std::as_const(candidates)) {
-    if (const auto language =
-            languageOfTag(candidate.toLower().replace(QLatin1Char('_'), QLatin1Char('-')))) {
+    if (const auto language = appLanguageFromTag(candidate.toLower().replace(u'_', u'-'))) {
       return *language;
     }
   }

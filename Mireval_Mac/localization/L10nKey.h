@@ -7,6 +7,8 @@
 #include <optional>
 
 namespace mireval {
+
+// A namespace of its own for the reason given in AppLanguage.h.
 namespace l10n {
 Q_NAMESPACE
 

@@ -1,5 +1,6 @@
 #include "localization/StringTables.h"
 
+#include <algorithm>
 #include <array>
 
 namespace mireval {
@@ -129,6 +130,9 @@ constexpr auto tables = std::to_array<LanguageTables>({
      chineseTraditionalMoodSubtitles},
     {AppLanguage::japanese, japaneseTexts, japaneseMoodTitles, japaneseMoodSubtitles},
 });
+
+static_assert(std::ranges::equal(tables, allAppLanguages, {}, &LanguageTables::language),
+              "tables for each language, in declaration order");
 
 }  // namespace
 

@@ -14,8 +14,9 @@ class SystemLanguages {
   /// The languages that the user prefers, the best first; may be empty.
   virtual QStringList preferredLanguages() const = 0;
 
-  /// Those of the application's languages that fit the user's, the best first; may be empty.
-  virtual QStringList preferredLocalizations() const = 0;
+  /// Those of the available localizations, given by their tags, that fit the user's languages, the best
+  /// first; may be empty.
+  virtual QStringList preferredLocalizations(const QStringList& available) const = 0;
 
   /// The identifier of the locale in effect, such as "ja_JP"; may be empty.
   virtual QString currentLocaleIdentifier() const = 0;

@@ -11,7 +11,7 @@ QStringList FakeSystemLanguages::preferredLanguages() const {
   return m_preferredLanguages;
 }
 
-QStringList FakeSystemLanguages::preferredLocalizations() const {
+QStringList FakeSystemLanguages::preferredLocalizations(const QStringList& /*available*/) const {
   m_log->add(QStringLiteral("languages: localizations"));
   return m_preferredLocalizations;
 }

@@ -7,8 +7,9 @@
 
 namespace mireval {
 
-/// A system that knows of no language until the test says otherwise.
-/// Events: "languages: preferred", "languages: localizations" and "languages: locale", one for each question.
+/// A system that knows of no language until the test says otherwise. It answers with whatever localizations
+/// the test names, available or not. Events: "languages: preferred", "languages: localizations" and
+/// "languages: locale", one for each question.
 class FakeSystemLanguages final : public SystemLanguages {
  public:
   explicit FakeSystemLanguages(std::shared_ptr<EventLog> log = makeEventLog());
@@ -18,7 +19,7 @@ class FakeSystemLanguages final : public SystemLanguages {
   void setCurrentLocaleIdentifier(const QString& identifier) { m_currentLocaleIdentifier = identifier; }
 
   QStringList preferredLanguages() const override;
-  QStringList preferredLocalizations() const override;
+  QStringList preferredLocalizations(const QStringList& available) const override;
   QString currentLocaleIdentifier() const override;
 
  private:

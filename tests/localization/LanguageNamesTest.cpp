@@ -18,7 +18,7 @@ TEST(AppLanguageTest, AllLanguagesAreInDeclarationOrder) {
   const std::vector<AppLanguage> all(allAppLanguages.begin(), allAppLanguages.end());
   EXPECT_EQ(all, (std::vector{AppLanguage::english, AppLanguage::chineseSimplified,
                               AppLanguage::chineseTraditional, AppLanguage::japanese}));
-  EXPECT_EQ(QMetaEnum::fromType<AppLanguage>().keyCount(), 4);
+  EXPECT_EQ(QMetaEnum::fromType<AppLanguage>().keyCount(), all.size());
 }
 
 TEST(AppLanguageTest, NamesOfEachLanguage) {
@@ -26,17 +26,24 @@ TEST(AppLanguageTest, NamesOfEachLanguage) {
     AppLanguage language;
     QString rawValue;
     QString displayName;
+    AppLanguageOption option;
+    QString fontFamily;
   };
-  for (const auto& [language, tag, name] : {
-           Row{AppLanguage::english, u"en"_s, u"English"_s},
-           Row{AppLanguage::chineseSimplified, u"zh-Hans"_s, u"简体中文"_s},
-           Row{AppLanguage::chineseTraditional, u"zh-Hant"_s, u"繁體中文"_s},
-           Row{AppLanguage::japanese, u"ja"_s, u"日本語"_s},
+  using enum AppLanguageOption;
+  for (const auto& [language, tag, name, option, font] : {
+           Row{AppLanguage::english, u"en"_s, u"English"_s, english, u""_s},
+           Row{AppLanguage::chineseSimplified, u"zh-Hans"_s, u"简体中文"_s, chineseSimplified,
+               u"Noto Sans CJK SC"_s},
+           Row{AppLanguage::chineseTraditional, u"zh-Hant"_s, u"繁體中文"_s, chineseTraditional,
+               u"Noto Sans CJK TC"_s},
+           Row{AppLanguage::japanese, u"ja"_s, u"日本語"_s, japanese, u"Noto Sans CJK JP"_s},
        }) {
     EXPECT_EQ(rawValue(language), tag);
     EXPECT_EQ(id(language), tag);
     EXPECT_EQ(displayName(language), name);
+    EXPECT_EQ(fontFamily(language), font);
     EXPECT_EQ(appLanguageFromRawValue(tag), language);
+    EXPECT_EQ(appLanguageFromOption(option), language);
   }
 }
 
@@ -44,6 +51,16 @@ TEST(AppLanguageTest, IsNotMadeFromAnyOtherText) {
   for (const QString& text : {QString(), u""_s, u"EN"_s, u"en-GB"_s, u"en "_s, u"zh"_s, u"zh-hans"_s,
                               u"zh_Hans"_s, u"zh-Hant-TW"_s, u"ja-JP"_s, u"japanese"_s, u"english"_s}) {
     EXPECT_EQ(appLanguageFromRawValue(text), std::nullopt) << text.toStdString();
+  }
+}
+
+TEST(AppLanguageTest, TheOptionSystemFixesNone) {
+  EXPECT_EQ(appLanguageFromOption(AppLanguageOption::system), std::nullopt);
+}
+
+TEST(AppLanguageTest, EachIsFoundByItsOwnTag) {
+  for (const AppLanguage language : allAppLanguages) {
+    EXPECT_EQ(appLanguageFromTag(rawValue(language).toLower()), language) << rawValue(language).toStdString();
   }
 }
 
@@ -60,7 +77,7 @@ TEST(AppLanguageOptionTest, RawValueOfEachOption) {
     QString rawValue;
   };
   const auto enumerators = QMetaEnum::fromType<AppLanguageOption>();
-  EXPECT_EQ(enumerators.keyCount(), 5);
+  EXPECT_EQ(enumerators.keyCount(), allAppLanguageOptions.size());
   for (const auto& [option, name] : {
            Row{AppLanguageOption::system, u"system"_s},
            Row{AppLanguageOption::english, u"english"_s},

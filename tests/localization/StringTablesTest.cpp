@@ -23,6 +23,7 @@ class StringTablesTest : public testing::TestWithParam<AppLanguage> {
     for (std::size_t row = 0; row < expected.size(); ++row) {
       EXPECT_EQ(table[row].first, expected[row].key) << row;
       EXPECT_EQ(table[row].second, expected[row].text(GetParam())) << row;
+      EXPECT_FALSE(table[row].second.isEmpty()) << row;
     }
   }
 };

@@ -10,26 +10,30 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// "ja_JP" of "ja_JP.UTF-8"; empty for what names no language.
+/// "ja_JP" of "ja_JP.UTF-8"; empty where it names no language.
 QString languageOf(const QByteArray& value) {
   const auto end = std::find_if(value.begin(), value.end(), [](char c) { return c == '.' || c == '@'; });
   const QString name = QString::fromUtf8(value.left(end - value.begin()));
   return name == "C"_L1 || name == "POSIX"_L1 ? QString() : name;
 }
 
-QString localizationFor(const QString& language) {
-  // Knows other spellings, such as "jpn", and which script a territory writes.
-  const QLocale locale(language);
-  switch (locale.language()) {
-    case QLocale::English:
-      return u"en"_s;
-    case QLocale::Chinese:
-      return locale.script() == QLocale::TraditionalHanScript ? u"zh-Hant"_s : u"zh-Hans"_s;
-    case QLocale::Japanese:
-      return u"ja"_s;
-    default:
-      return {};
+QString localizationFor(const QString& language, const QStringList& available) {
+  // QLocale knows other spellings, such as "jpn", and which script a territory writes.
+  const QLocale wanted(language);
+  QString sameLanguage;
+  for (const QString& tag : available) {
+    const QLocale offered(tag);
+    if (offered.language() != wanted.language()) {
+      continue;
+    }
+    if (offered.script() == wanted.script()) {
+      return tag;
+    }
+    if (sameLanguage.isEmpty()) {
+      sameLanguage = tag;
+    }
   }
+  return sameLanguage;
 }
 
 }  // namespace
@@ -52,10 +56,10 @@ QStringList LocaleVariables::preferredLanguages() const {
   return languages;
 }
 
-QStringList LocaleVariables::preferredLocalizations() const {
+QStringList LocaleVariables::preferredLocalizations(const QStringList& available) const {
   QStringList localizations;
   for (const QString& language : preferredLanguages()) {
-    const QString localization = localizationFor(language);
+    const QString localization = localizationFor(language, available);
     if (!localization.isEmpty() && !localizations.contains(localization)) {
       localizations.append(localization);
     }

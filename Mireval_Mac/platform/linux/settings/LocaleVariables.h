@@ -8,7 +8,7 @@
 
 namespace mireval {
 
-/// What the variables of a locale (LANG, LC_ALL and so on) say of the user's languages, whoever holds them.
+/// The user's languages by the variables of a locale (LANG, LC_ALL and so on), wherever these come from.
 /// Encodings and modifiers (".UTF-8", "@euro") are left out; "C" and "POSIX" are no language.
 class LocaleVariables {
  public:
@@ -21,9 +21,10 @@ class LocaleVariables {
   /// The entries of LANGUAGE, then LC_ALL, LC_MESSAGES and LANG, as they are written.
   QStringList preferredLanguages() const;
 
-  /// Those of the application's localizations ("en", "zh-Hans", "zh-Hant", "ja") that fit the preferred
-  /// languages, in their order, each once.
-  QStringList preferredLocalizations() const;
+  /// The available localizations ("en", "zh-Hans" and so on) that fit the preferred languages, in the order
+  /// of these, each once. The script decides between localizations of one language; without one in the right
+  /// script, the first of them fits.
+  QStringList preferredLocalizations(const QStringList& available) const;
 
   /// The locale that formats follow: the first of LC_ALL, LC_NUMERIC and LANG that is set.
   QString currentLocaleIdentifier() const;

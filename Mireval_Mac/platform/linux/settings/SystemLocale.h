@@ -28,7 +28,9 @@ class SystemLocale final : public LocaleChanges, public SystemLanguages {
   ~SystemLocale() override;
 
   QStringList preferredLanguages() const override { return variables().preferredLanguages(); }
-  QStringList preferredLocalizations() const override { return variables().preferredLocalizations(); }
+  QStringList preferredLocalizations(const QStringList& available) const override {
+    return variables().preferredLocalizations(available);
+  }
   QString currentLocaleIdentifier() const override { return variables().currentLocaleIdentifier(); }
 
  private:

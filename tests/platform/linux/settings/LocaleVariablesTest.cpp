@@ -12,6 +12,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+const QStringList available{u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s};
+
 LocaleVariables make(const std::map<std::string, QByteArray>& values) {
   return LocaleVariables([&values](const char* name) {
     const auto found = values.find(name);
@@ -20,13 +22,13 @@ LocaleVariables make(const std::map<std::string, QByteArray>& values) {
 }
 
 QStringList localizations(const QByteArray& languages) {
-  return make({{"LANGUAGE", languages}}).preferredLocalizations();
+  return make({{"LANGUAGE", languages}}).preferredLocalizations(available);
 }
 
 TEST(LocaleVariables, NothingSetIsNothingPreferred) {
   const LocaleVariables variables = make({});
   EXPECT_EQ(variables.preferredLanguages(), QStringList());
-  EXPECT_EQ(variables.preferredLocalizations(), QStringList());
+  EXPECT_EQ(variables.preferredLocalizations(available), QStringList());
   EXPECT_EQ(variables.currentLocaleIdentifier(), QString());
 }
 
@@ -82,7 +84,7 @@ TEST(LocaleVariables, TheLocaleWithoutLanguageIsEmptyAndFinal) {
 TEST(LocaleVariables, LocalizationsThatFitInTheUsersOrder) {
   EXPECT_EQ(localizations("fr:ja_JP:zh_TW:en_GB:zh_CN"),
             (QStringList{u"ja"_s, u"zh-Hant"_s, u"en"_s, u"zh-Hans"_s}));
-  EXPECT_EQ(make({{"LANG", "ja_JP.UTF-8"}}).preferredLocalizations(), QStringList{u"ja"_s});
+  EXPECT_EQ(make({{"LANG", "ja_JP.UTF-8"}}).preferredLocalizations(available), QStringList{u"ja"_s});
 }
 
 TEST(LocaleVariables, EachLocalizationOnce) {
@@ -104,6 +106,13 @@ TEST(LocaleVariables, ChineseByScriptOrTerritory) {
   }
 }
 
+TEST(LocaleVariables, OnlyAvailableLocalizationsFit) {
+  const LocaleVariables variables = make({{"LANGUAGE", "ja:zh_TW:en:de_AT"}});
+  EXPECT_EQ(variables.preferredLocalizations({}), QStringList());
+  EXPECT_EQ(variables.preferredLocalizations({u"de"_s, u"ja"_s}), (QStringList{u"ja"_s, u"de"_s}));
+  EXPECT_EQ(variables.preferredLocalizations({u"zh-Hans"_s}), QStringList{u"zh-Hans"_s});
+}
+
 TEST(LocaleVariables, OtherSpellingsFit) {
   EXPECT_EQ(localizations("jpn_JP"), QStringList{u"ja"_s});
   EXPECT_EQ(localizations("JA"), QStringList{u"ja"_s});
@@ -121,7 +130,7 @@ TEST(LocaleVariables, AbsurdValuesAreSurvived) {
     EXPECT_EQ(localizations(absurd + ":ja"), QStringList{u"ja"_s});
     const LocaleVariables variables = make({{"LC_ALL", absurd}, {"LANG", absurd}});
     EXPECT_LE(variables.preferredLanguages().size(), 2);
-    EXPECT_EQ(variables.preferredLocalizations(), QStringList());
+    EXPECT_EQ(variables.preferredLocalizations(available), QStringList());
     EXPECT_LE(variables.currentLocaleIdentifier().size(), large);
   }
 }

@@ -7,6 +7,7 @@
 #include <cstdio>
 
 using namespace mireval;
+using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -14,10 +15,12 @@ int main(int argc, char** argv) {
   const SystemLocale locale;
   const PortalColorScheme colorScheme;
   const auto say = [&] {
-    std::printf("languages=%s localizations=%s locale=%s %s\n",
-                qPrintable(locale.preferredLanguages().join(QChar(u','))),
-                qPrintable(locale.preferredLocalizations().join(QChar(u','))),
-                qPrintable(locale.currentLocaleIdentifier()), colorScheme.isDark() ? "dark" : "light");
+    std::printf(
+        "languages=%s localizations=%s locale=%s %s\n",
+        qPrintable(locale.preferredLanguages().join(QChar(u','))),
+        qPrintable(
+            locale.preferredLocalizations({u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s}).join(QChar(u','))),
+        qPrintable(locale.currentLocaleIdentifier()), colorScheme.isDark() ? "dark" : "light");
     std::fflush(stdout);
   };
   QObject::connect(&locale, &LocaleChanges::currentLocaleDidChange, say);
