@@ -24,8 +24,21 @@ DESKTOP_FILE = PACKAGING / f"{ID}.desktop"
 AUTOSTART = PACKAGING / f"autostart/{ID}.desktop"
 METAINFO = PACKAGING / f"{ID}.metainfo.xml"
 MANUAL = PACKAGING / "mireval.1"
-# As the tables of the texts are ordered, and other names of these languages on the desktop.
-LANGUAGES = ("", "zh_CN", "zh_TW", "ja")
+LOCALIZATION = SOURCE / "Mireval_Mac/localization"
+
+
+def languages_of_the_player():
+    """The record of each language in the order of the tables: its option and its tag."""
+    text = (LOCALIZATION / "AppLanguage.cpp").read_text(encoding="utf-8")
+    records = re.findall(r'AppLanguageOption::(\w+),\s*"([\w-]+)"_L1', text)
+    enumerators = re.search(r"allAppLanguages\{([^}]*)\}", (LOCALIZATION / "AppLanguage.h").read_text(encoding="utf-8"))
+    assert len(records) == enumerators[1].count("AppLanguage::") > 0, records
+    return records
+
+
+# What the desktop calls the languages, and other names of these there. A new language needs an entry.
+DESKTOP_NAMES = {"en": "", "zh-Hans": "zh_CN", "zh-Hant": "zh_TW", "ja": "ja"}
+LANGUAGES = [DESKTOP_NAMES[tag] for _, tag in languages_of_the_player()]
 SAME = {"zh_SG": "zh_CN", "zh_HK": "zh_TW"}
 XML_LANGUAGE = "{http://www.w3.org/XML/1998/namespace}lang"
 # The application's name begins with a capital, and so does the last part of its id.
@@ -67,15 +80,16 @@ class DesktopFileTest(unittest.TestCase):
                     in_languages(group, key)
                     for language, same in SAME.items():
                         self.assertEqual(group[f"{key}[{language}]"], group[f"{key}[{same}]"])
-                    self.assertEqual(len([other for other in group if other.startswith(key + "[")]), 5, key)
+                    self.assertEqual(len([other for other in group if other.startswith(key + "[")]),
+                                     len(LANGUAGES) - 1 + len(SAME), key)
 
     def test_texts_of_the_player(self):
-        tables = (SOURCE / "Mireval_Mac/localization/StringTables.cpp").read_text(encoding="utf-8")
+        tables = (LOCALIZATION / "StringTables.cpp").read_text(encoding="utf-8")
         settings = re.findall(r'L10nKey::settingsTitle, u"(.*)"', tables)
         self.assertEqual(in_languages(read(DESKTOP_FILE)["Desktop Action Settings"], "Name"), settings)
         entry = read(DESKTOP_FILE)["Desktop Entry"]
         for key in ("GenericName", "Comment", "Keywords"):
-            self.assertEqual(len(set(in_languages(entry, key))), 4, key)
+            self.assertEqual(len(set(in_languages(entry, key))), len(LANGUAGES), key)
 
     def test_the_autostart_entry_agrees(self):
         application, autostart = read(DESKTOP_FILE)["Desktop Entry"], read(AUTOSTART)["Desktop Entry"]
@@ -127,10 +141,10 @@ class MetainfoTest(unittest.TestCase):
             texts = self.texts(tag)
             self.assertGreaterEqual(len(texts), 4)
             for text in texts:
-                self.assertEqual(len(set(text)), 4, text)
+                self.assertEqual(len(set(text)), len(LANGUAGES), text)
         # Some words are written alike.
         self.assertGreaterEqual(len(self.texts("keyword")), 3)
-        tables = (SOURCE / "Mireval_Mac/localization/StringTables.cpp").read_text(encoding="utf-8")
+        tables = (LOCALIZATION / "StringTables.cpp").read_text(encoding="utf-8")
         modes = self.texts("li")
         for mood, mode in zip(("focus", "tempo", "creative", "relaxation"), modes):
             titles = re.findall(rf'Mood::{mood}, u"(.*)"', tables)[::2]
@@ -169,6 +183,15 @@ class ManualTest(unittest.TestCase):
         manual = MANUAL.read_text(encoding="utf-8")
         described = "\n".join(re.findall(r"^\.It (Fl .*)$", manual, re.MULTILINE)).replace("Fl ", " ").split()
         self.assertEqual(set(described) - {","}, options)
+
+
+class LanguagesTest(unittest.TestCase):
+    def test_users_are_told_every_option(self):
+        readme = (SOURCE / "README.md").read_text(encoding="utf-8")
+        manual = MANUAL.read_text(encoding="utf-8")
+        for option, _ in [("system", ""), *languages_of_the_player()]:
+            self.assertIn(f"`{option}`", readme)
+            self.assertRegex(manual, rf"(?m)^\.Cm {option}\b|^app\.language\.option={option}$")
 
 
 class InstalledCase(unittest.TestCase):
