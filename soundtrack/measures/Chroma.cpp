@@ -14,7 +14,7 @@ constexpr double lowestHz = 55;
 constexpr double highestHz = 2000;
 constexpr float standsOut = 10;
 constexpr std::size_t neighbours = 15;
-/// One median serves as many bins.
+/// The median is computed once for this many bins.
 constexpr std::size_t floorStep = 8;
 constexpr double nothing = 1e-9;
 

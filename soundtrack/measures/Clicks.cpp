@@ -9,12 +9,12 @@
 namespace mireval::soundtrack {
 namespace {
 
-/// Only the jumps that stand out the most of the 10 ms around them are looked at closely.
+/// Only the jumps that stand out most from the 10 ms around them are examined closely.
 constexpr std::size_t mostCandidates = 3000;
 /// Smaller jumps are not heard.
 constexpr double smallestJump = 0.004;
 constexpr double nothing = 1e-5;
-/// A jump on a slope has large neighbours of its own, so the next one on each side is left out.
+/// A jump on a slope has large neighbours, so the nearest one on each side is left out.
 constexpr std::ptrdiff_t nearest = 2;
 constexpr std::ptrdiff_t farthest = 48;
 
@@ -30,7 +30,7 @@ std::vector<double> jumpsOf(const std::vector<float>& samples) {
   return jumps;
 }
 
-/// Each jump over the root of the mean square of the `2 * reach + 1` around it.
+/// Each jump divided by the root mean square of the `2 * reach + 1` jumps around it.
 std::vector<float> prominences(std::span<const double> jumps, std::size_t reach) {
   std::vector<float> result(jumps.size());
   const auto width = static_cast<double>(2 * reach + 1);

@@ -4,11 +4,12 @@
 
 namespace mireval::soundtrack {
 
-/// The sample-to-sample jump that stands alone the most: what an edit, a dropped block or a voice that is cut
-/// off leaves in the sound. Silence is assumed before the start and after the end, so a cut there counts.
+/// The sample-to-sample jump that stands out most from its surroundings. Edits, dropped blocks and voices
+/// that are cut off leave such jumps. Silence is assumed before the start and after the end, so a cut there
+/// counts.
 struct Clicks {
-  /// The jump over the largest one within about a millisecond on each side. Clean music stays below 3, a step
-  /// of 0.05 of full scale reaches 4.
+  /// The jump divided by the largest one within about a millisecond on each side. Clean music stays below 3,
+  /// a step of 0.05 of full scale reaches 4.
   double worstRatio = 0;
   double worstAtSeconds = 0;
 

@@ -11,7 +11,7 @@
 
 namespace mireval::soundtrack {
 
-/// What a figure may be; both ends are allowed.
+/// The range that a figure may have, both ends included.
 struct Range {
   double least = -std::numeric_limits<double>::infinity();
   double most = std::numeric_limits<double>::infinity();
@@ -22,7 +22,7 @@ struct Range {
   std::string text(std::string_view between = "..") const;
 };
 
-/// One number that a piece is judged by.
+/// One number by which a piece is judged.
 struct Figure {
   std::string name;
   /// Empty for a pure number.
@@ -36,7 +36,7 @@ struct Figure {
   std::string text() const;
 };
 
-/// The figures of a piece, with what its mood allows: all limits of single pieces are here, and only here.
+/// The figures of a piece, with the limits of its mood. All limits of single pieces are here, and only here.
 std::vector<Figure> figuresOf(const Measurement& measurement, Mood mood);
 
 /// The mean length of the pieces of a mood, seconds.

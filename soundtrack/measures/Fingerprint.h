@@ -8,7 +8,7 @@
 
 namespace mireval::soundtrack {
 
-/// What makes a piece itself: its timbre and harmony, as a whole and over sixteen equal parts.
+/// What distinguishes a piece from others: its timbre and harmony, as a whole and over sixteen equal parts.
 ///
 /// Timbre is the level in 32 mel bands (40..12000 Hz, spectra of 4096 samples every 2048) in dB, with the
 /// sound brought to a mean power of 1 and a floor of 0 dB.
@@ -25,7 +25,7 @@ struct Fingerprint {
   /// The mean `difference` in chroma from one step of four seconds to the next, 0..1. A drone has 0.04,
   /// chords 0.2 and more. Noise has much of it too, so it tells only together with the tonal share.
   double harmonicMovement = 0;
-  /// How the parts differ: the root of the mean square of their bands about the mean of the parts, dB. A loop
+  /// How much the parts differ: the root mean square of their bands about the mean of the parts, dB. A loop
   /// reaches 1.5.
   double form = 0;
 

@@ -14,7 +14,8 @@ struct FreeBuffer {
   void operator()(void* buffer) const { fftwf_free(buffer); }
 };
 
-/// Plans share tables, and only carrying them out is safe on several threads at once.
+/// Guards making and freeing plans, which share tables. Only executing them is safe on several threads at
+/// once.
 std::mutex plansMutex;
 
 struct DestroyPlan {

@@ -31,7 +31,7 @@ struct Recording {
   bool operator==(const Recording&) const = default;
 };
 
-/// A recording, or, when there is none, why.
+/// A recording or, if there is none, the reason.
 struct RecordingResult {
   std::optional<Recording> recording;
   std::string error;

@@ -4,7 +4,7 @@
 
 namespace mireval::soundtrack {
 
-/// How long nothing is heard. All lengths are in seconds.
+/// How long nothing can be heard. All lengths are in seconds.
 struct Silence {
   /// Before the first and after the last sample above -60 dBFS in either channel; the whole length when there
   /// is none.

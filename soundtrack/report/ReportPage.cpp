@@ -65,7 +65,7 @@ QString text(const std::string& plain) {
   return QString::fromStdString(plain).toHtmlEscaped();
 }
 
-/// As many digits as mean something, and as a limit may need.
+/// As many digits as are meaningful, and as the limits need.
 QString number(double value) {
   const double size = std::abs(value);
   if (!std::isfinite(value) || (size > 0 && size < 0.01)) {
@@ -82,7 +82,7 @@ QString length(double seconds) {
   return QStringLiteral("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
 }
 
-/// Nothing when everything is allowed.
+/// Empty when every value is allowed.
 QString limits(const Range& range) {
   if (std::isinf(range.least) && std::isinf(range.most)) {
     return {};
@@ -94,7 +94,7 @@ QString badClass(bool bad) {
   return bad ? QStringLiteral(" class=\"bad\"") : QString();
 }
 
-/// A value with its limits, marked when it is outside of them.
+/// A value with its limits, marked when it is outside them.
 QString judged(const QString& value, double exact, const Range& range) {
   return QStringLiteral("<span%1>%2 (%3)</span>").arg(badClass(!range.contains(exact)), value, limits(range));
 }

@@ -12,10 +12,10 @@
 
 namespace mireval::soundtrack {
 
-/// What the report knows of one piece of the catalogue.
+/// One piece of the catalogue in the report.
 struct ReportTrack {
   Track track;
-  /// Absent when there is no source to be read.
+  /// Absent when the source cannot be read.
   std::optional<TrackSource> source;
   /// Where the page finds them, relative to itself; empty when the piece has none.
   QString audio;

@@ -72,7 +72,7 @@ void fill(QImage& image, int column, int top, int rows, uchar color) {
   }
 }
 
-/// Spectra around the moments of the columns.
+/// Spectra around the times of the columns.
 class ColumnSpectra {
  public:
   ColumnSpectra(std::span<const float> mono, std::size_t hop, std::size_t size)
@@ -101,7 +101,7 @@ class ColumnSpectra {
 };
 
 void drawSpectrum(QImage& image, std::span<const float> mono, std::size_t hop, int sampleRate) {
-  // Low notes need a long look to be told apart, high ones a short one to be seen when they come.
+  // Low notes need a long frame to be told apart, high ones a short frame to show when they begin.
   const ColumnSpectra slow(mono, hop, 16384);
   const ColumnSpectra quick(mono, hop, 2048);
   constexpr double quickFrom = 88;
@@ -145,7 +145,7 @@ void drawChroma(QImage& image, const Chroma& chroma, double secondsPerColumn) {
   }
 }
 
-/// How many rows a level reaches up.
+/// The height of a level in rows.
 int levelRows(double decibels) {
   constexpr double lowest = -42;
   constexpr double highest = -10;
@@ -165,7 +165,7 @@ void drawLevel(QImage& image, std::span<const float> mono, std::size_t hop, cons
     const int rows = levelRows(10 * std::log10(energy / static_cast<double>(hop) + 1e-12));
     fill(image, column, height - rows, rows, levelColor);
 
-    // The first is that of the third second.
+    // The first value belongs to the third second.
     const auto second = static_cast<std::ptrdiff_t>(column * secondsPerColumn) - 3;
     if (second >= 0 && std::cmp_less(second, loudness.shortTerm.size())) {
       const int line = levelRows(loudness.shortTerm[static_cast<std::size_t>(second)]);

@@ -12,7 +12,7 @@ namespace mireval::soundtrack {
 ///   3 dB per octave; marks on the left at every C;
 /// - the pitch classes, B on top and C at the bottom, relative to the strongest of each moment;
 /// - the level (-42 to -10 dB) with the short-term loudness as a line.
-/// Marks between these tell every thirty seconds.
+/// Marks between these show every thirty seconds.
 QImage trackPicture(const Recording& recording, const Loudness& loudness);
 
 }  // namespace mireval::soundtrack

@@ -7,7 +7,7 @@
 
 namespace mireval::soundtrack {
 
-/// What a `piece` line says.
+/// The content of a `piece` line.
 struct Piece {
   QString title;
   /// In beats per minute.
@@ -17,8 +17,8 @@ struct Piece {
   int beatsPerBar = 4;
 };
 
-/// What the notation of a track tells about it, as far as reports and rules about the whole soundtrack need
-/// it. Whether the notation is right in every detail is for the renderer to say.
+/// The part of a track's notation that reports and rules about the whole soundtrack need. The renderer checks
+/// the notation itself; this does not.
 struct TrackSource {
   int lineCount = 0;
   /// The three parts of the first line, "; Title - mood - what it is". All are empty when it is anything
@@ -30,10 +30,10 @@ struct TrackSource {
   std::optional<Piece> piece;
   /// The chords of the first section, with one space between them; empty when it has none.
   QString firstProgression;
-  /// Who is in front: the player of the first `tune` lane; without one, that of the first `keys` lane. Empty
+  /// The lead: the player of the first `tune` lane; without one, that of the first `keys` lane. Empty
   /// when neither exists.
   QString lead;
-  /// What it stands on: the player of the first `wash` lane; without one, that of the first `stab` or `keys`
+  /// The bed: the player of the first `wash` lane; without one, that of the first `stab` or `keys`
   /// lane. Empty when none of these exists.
   QString bed;
 

@@ -1,5 +1,5 @@
 // soundtrack_report AUDIO SOURCES OUT - measures the tracks of the catalogue in the folder AUDIO
-// (<name>.m4a), reads what they are in the folder SOURCES (<name>.orc), and writes OUT/index.html with a
+// (<name>.m4a), reads their sources in the folder SOURCES (<name>.orc), and writes OUT/index.html with a
 // picture and the sound of each.
 
 #include "library/Catalogue.h"
@@ -34,13 +34,13 @@ struct Folders {
   fs::path out;
 };
 
-/// A track, and what it is compared with the others by.
+/// A track, and the fingerprint by which it is compared with the others.
 struct Review {
   ReportTrack report;
   std::optional<Fingerprint> fingerprint;
 };
 
-/// A second name for the file, or a copy where that cannot be.
+/// Makes a hard link to the file, or a copy where links are not possible.
 std::error_code bring(const fs::path& from, const fs::path& to) {
   std::error_code error;
   fs::remove(to, error);
@@ -120,7 +120,7 @@ std::vector<Review> reviewAll(const Folders& folders) {
     }
   };
   {
-    // Each holds a few hundred megabytes of samples and spectra.
+    // Each thread holds a few hundred megabytes of samples and spectra.
     const std::array<std::jthread, 2> workers{std::jthread(work), std::jthread(work)};
   }
   std::printf("\n");
