@@ -6,7 +6,7 @@
 
 namespace mireval {
 
-/// The pictures that stand for the tracks of a mode in the desktop's media controls.
+/// The pictures that the desktop's media controls show for the tracks of a mode.
 class Cover {
  public:
   static constexpr int sidePixels = 1200;

@@ -10,13 +10,13 @@ class QPainter;
 
 namespace mireval {
 
-/// Shapes as scissors leave them, none of them quite exact, on a sheet from (0, 0) to (1000, 1000).
+/// Shapes cut out of paper, slightly irregular, on a sheet from (0, 0) to (1000, 1000).
 class CutPaper {
  public:
-  /// `seed` decides how the hand trembles.
+  /// `seed` decides the irregularities.
   CutPaper(QPainter& painter, QColor ground, std::uint32_t seed);
 
-  /// Lays thin paper, which the sheets below shine through and tint.
+  /// Lays thin paper; the sheets below shine through and tint it.
   void lay(const QPainterPath& shape, QColor colour);
   /// Glues thick paper.
   void glue(const QPainterPath& shape, QColor colour);

@@ -9,7 +9,7 @@
 
 namespace mireval {
 
-/// The length of a side of the square that a picture fills, from (0, 0).
+/// The side of the square that a picture fills, from (0, 0).
 inline constexpr double pictureSide = 1000;
 inline constexpr QPointF middle(pictureSide / 2, pictureSide / 2);
 

@@ -17,19 +17,19 @@ class Scenery {
 
   /// Fills the square; stop 0 is its top, 1 its bottom.
   void air(const QGradientStops& stops);
-  /// Fills what lies below the smooth line through points from the left edge to the right one. Within `depth`
-  /// below the line's highest point the colour goes over into that of the mist.
+  /// Fills the area below a smooth line through points from the left edge to the right one. From the line's
+  /// highest point to `depth` below it the colour changes to that of the mist.
   void land(const QPolygonF& skyline, QColor colour, QColor mist, double depth);
-  /// The same upwards, for clouds that hang down to a line.
+  /// Fills the area above a line in the same way, for clouds.
   void ceiling(const QPolygonF& underside, QColor colour, QColor mist, double depth);
   /// Fills the whole width from `top` to `bottom`.
   void water(double top, double bottom, QColor far, QColor near);
   /// Fills a shape, from its highest point to its lowest one.
   void shape(const QPainterPath& outline, QColor top, QColor bottom);
   void disc(QPointF centre, double radius, QColor top, QColor bottom);
-  /// Light that has faded out at `radius`.
+  /// Light that fades to nothing at `radius`.
   void glow(QPointF centre, double radius, QColor colour);
-  /// Light or shade on water: a flat lens.
+  /// Light or shade on water, in the shape of a flat lens.
   void gleam(QPointF centre, double halfWidth, double halfHeight, QColor colour);
 
  private:

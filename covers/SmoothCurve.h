@@ -10,7 +10,7 @@ class SmoothCurve {
  public:
   /// From the first point to the last.
   static QPainterPath open(const QPolygonF& points);
-  /// Back to the first point.
+  /// Through all points and back to the first.
   static QPainterPath closed(const QPolygonF& points);
 };
 
