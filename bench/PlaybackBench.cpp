@@ -1,6 +1,6 @@
-// Measures, on the null sink's monitor, how soon sound follows the command to play and how long the silence
-// between two tracks is: for this player and its peers, on the same files and the same server. Prints lines
-// of the form `server player first_sample_ms median worst gap_ms median worst`.
+// Measures how soon sound follows the command to play, and how long the silence between two tracks is, for
+// this player and its peers. All play the same files on the same server; the monitor of its null sink is
+// recorded. Prints lines of the form `server player first_sample_ms median worst gap_ms median worst`.
 
 #include "Players.h"
 
@@ -60,7 +60,7 @@ void measure(Player& player, const test::SoundServer& server, const char* server
       throw std::runtime_error(std::string(player.name()) + " stayed silent");
     }
     firstSample.push_back(milliseconds(*sound - begin));
-    // The first track and the second, without what a player does after them.
+    // The first and the second track only; players differ in what follows.
     gap.push_back(recorder.recordingFrom(before).trimmed().part(0.5, 2 * trackSeconds - 1).longestSilence() *
                   1000);
   }

@@ -34,7 +34,7 @@ std::filesystem::path trackIn(const std::filesystem::path& folder, int number) {
 
 MirevalPlayer::MirevalPlayer(const std::filesystem::path& folder) : m_bundle(folder) {
   m_factory.warmUp();
-  // Words of zero leave the order as it is.
+  // With zeros as random words the shuffle changes nothing.
   m_controller = AudioPlayerController::create(
       std::make_unique<LocalLibraryProvider>(twoTracks(), [] { return std::uint64_t{0}; }),
       {m_bundle, m_factory, m_runLoop, m_mainThread, m_commands, m_nowPlaying, m_imageDecoder, m_output});
@@ -78,7 +78,7 @@ void RemotePlayer::connectTo(const std::filesystem::path& path) {
 }
 
 void RemotePlayer::send(const std::string& line) const {
-  // Answers are read so that the player never waits for us to take them.
+  // Reads the answers, so that the player never blocks on a full socket.
   std::array<char, 4096> answers{};
   while (recv(m_socket, answers.data(), answers.size(), MSG_DONTWAIT) > 0) {
   }

@@ -11,7 +11,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 option(MIREVAL_LINK_TIME_OPTIMISATION "Optimise across files when linking" OFF)
 set(MIREVAL_SANITIZERS "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
-# Asks a cache for what it has compiled before, also in another folder.
+# Takes from a cache what was compiled before, also in another folder.
 find_program(CCACHE ccache)
 if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
@@ -29,7 +29,7 @@ else()
   add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,--as-needed)
   if(CMAKE_BUILD_TYPE MATCHES "Rel")
     add_compile_definitions(_FORTIFY_SOURCE=2)
-    # The same comes out of every folder.
+    # The output must not depend on the folder of the build.
     set(folders -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=build)
     add_compile_options(${folders})
     add_link_options(${folders})
@@ -45,14 +45,14 @@ if(MIREVAL_LINK_TIME_OPTIMISATION)
   include(CheckIPOSupported)
   check_ipo_supported()
   set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
-  # Optimising a position-independent executable as a whole, the compiler would copy Qt's variables into it,
-  # and Qt's libraries, which go on using their own, would crash.
+  # When the compiler optimises a whole position-independent executable, it copies Qt's variables into it. Qt's
+  # libraries go on using their own copies, and crash.
   include(CheckCXXCompilerFlag)
   check_cxx_compiler_flag(-mno-direct-extern-access MIREVAL_HAS_NO_DIRECT_EXTERN_ACCESS)
   if(MIREVAL_HAS_NO_DIRECT_EXTERN_ACCESS)
     add_compile_options(-mno-direct-extern-access)
     add_link_options(-mno-direct-extern-access)
   endif()
-  # The whole-program pass warns about sizes inside Qt's headers that cannot occur.
+  # Whole-program optimisation warns about sizes in Qt's headers that cannot occur.
   add_link_options(-Wno-alloc-size-larger-than)
 endif()

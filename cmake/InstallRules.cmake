@@ -1,6 +1,6 @@
-# What the installation rules of several folders share.
+# Shared by the installation rules of several folders.
 
-# Installs files that are not part of ALL, and fails as long as the target that makes them has not been built.
+# Installs files that are not part of ALL. Fails if the target that makes them has not been built.
 function(install_made_files target destination)
   install(CODE "
     set(files \"${ARGN}\")

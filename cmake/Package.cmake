@@ -1,7 +1,7 @@
-# One Debian package with all that is installed. `pack` has CPack make it.
+# One Debian package with everything that is installed. The program `pack` makes it with CPack.
 
-# Packages of two releases of Debian have the same version but for its end, which sorts them like the releases.
-# Debian's unstable has no number.
+# The end of the version tells the releases of Debian apart, and sorts packages like the releases. Debian's unstable
+# has no number.
 cmake_host_system_information(RESULT distribution QUERY DISTRIB_ID)
 cmake_host_system_information(RESULT release QUERY DISTRIB_VERSION_ID)
 set(package_version ${PROJECT_VERSION})
@@ -27,7 +27,7 @@ set(CPACK_PACKAGE_CONTACT "The Mireval authors <authors@mireval.org>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-# Nearly all of it is compressed already.
+# Nearly everything in it is compressed already.
 set(CPACK_DEBIAN_COMPRESSION_TYPE gzip)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_PACKAGE_DESCRIPTION
@@ -37,7 +37,7 @@ mode, in a new order at each start; all of them were composed for Mireval.
 .
 It needs neither an account nor the network.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What is loaded by name, and cannot be computed.
+# Loaded by name, so dpkg-shlibdeps does not find them.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qml6-module-qtqml-workerscript, qml6-module-qtquick-shapes")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk, pulseaudio | pipewire-pulse, qt6-wayland")
 include(CPack)
