@@ -18,8 +18,8 @@ using Catalogue = std::map<Mood, QList<Track>>;
 QList<Track> makeTracks(std::span<const QLatin1StringView> titles, std::span<const QLatin1StringView> details,
                         Mood mood);
 
-/// The tracks that ship with the application: sixteen for each mood. Built once, on first use, from
-/// whichever thread comes first; read-only from then on, so that each `id` stays the same for the run.
+/// The tracks that ship with the application, sixteen for each mood. The first caller, on any thread, builds
+/// them; from then on they are read-only, so that each `id` stays the same for the run.
 const Catalogue& catalogue();
 
 }  // namespace mireval

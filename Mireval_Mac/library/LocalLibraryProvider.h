@@ -8,8 +8,7 @@
 
 namespace mireval {
 
-/// Serves the catalogue, each mood in an order drawn at random when the provider is made and fixed from
-/// then on.
+/// Serves the catalogue. Draws a random order for each mood when it is made and keeps it.
 class LocalLibraryProvider final : public AudioLibraryProviding {
  public:
   /// Shuffles the shipped catalogue with the operating system's secure random source.

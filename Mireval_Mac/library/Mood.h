@@ -10,14 +10,14 @@
 namespace mireval {
 Q_NAMESPACE
 
-/// A work mode. Declared in catalogue order; the panel shows the modes in an order of its own.
+/// A work mode. Declared in catalogue order; the panel shows another order.
 enum class Mood : std::uint8_t { relaxation, focus, creative, tempo };
 Q_ENUM_NS(Mood)
 
 /// Every mood, in declaration order.
 inline constexpr std::array allMoods{Mood::relaxation, Mood::focus, Mood::creative, Mood::tempo};
 
-/// The stable lower-case name that files and views identify a mood by, for example "focus".
+/// The stable lower-case name by which files and views identify a mood, for example "focus".
 QString rawValue(Mood mood);
 
 /// The mood with exactly this raw value (case-sensitive), or nothing.
@@ -26,8 +26,8 @@ std::optional<Mood> moodFromRawValue(QStringView rawValue);
 /// What identifies the mood in a list: its raw value. Only tests use it so far.
 QString id(Mood mood);
 
-/// The built-in English title, for example "Relaxation". Not the localised title of the panel's tiles,
-/// whose English words differ on purpose.
+/// The built-in English title, for example "Relaxation". The localised titles on the panel's tiles differ on
+/// purpose, also in English.
 QString title(Mood mood);
 
 /// The name of the symbol on the mood's tile.

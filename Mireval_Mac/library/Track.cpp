@@ -3,8 +3,8 @@
 #include <QHashFunctions>
 
 std::size_t std::hash<mireval::Track>::operator()(const mireval::Track& track) const noexcept {
-  // Each part is hashed by itself before it is combined with those before it: fed into one another's seeds, a
-  // mark of presence and a text could cancel each other out.
+  // Each part is hashed by itself and then combined. With one part's hash as the seed of the next, the flag
+  // for a missing text and a text could cancel each other out.
   std::size_t combined = 0;
   const auto add = [&combined](const auto& part) { combined = qHashMulti(combined, part); };
   const auto addOptional = [&add](const std::optional<QString>& text) {

@@ -21,7 +21,7 @@ struct Track {
   /// A random version-4 UUID: stable while the process runs, never persisted.
   QUuid id;
   Mood mood = Mood::relaxation;
-  /// Shown as it stands in every interface language, like `detail`.
+  /// Shown unchanged in every interface language, like `detail`.
   QString title;
   QString detail;
   /// Base name of the audio file, for example "focus-1"; absent when the track has no local file.

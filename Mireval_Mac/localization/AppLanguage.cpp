@@ -10,7 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// What belongs to a language, but for its texts.
+/// Everything that belongs to a language except its texts.
 struct LanguageRecord {
   AppLanguage language;
   AppLanguageOption option;

@@ -16,8 +16,8 @@ namespace app_language {
 Q_NAMESPACE
 
 /// A language that the interface speaks. English stands in wherever another one lacks something.
-//
-// The underlying type has Qt's name, since QML's registration does not know std::uint8_t.
+///
+/// The type is quint8 because QML's registration knows Qt's names of integers only.
 enum class AppLanguage : quint8 { english, chineseSimplified, chineseTraditional, japanese };
 Q_ENUM_NS(AppLanguage)
 
@@ -38,8 +38,8 @@ std::optional<AppLanguage> appLanguageFromRawValue(QStringView rawValue);
 /// The language that the option fixes; nothing for `system`.
 std::optional<AppLanguage> appLanguageFromOption(AppLanguageOption option);
 
-/// The language whose longest prefix the tag begins with, or nothing. The tag is in lower case, with hyphens,
-/// and may go on with a script, a region or anything else.
+/// The language that the tag begins with, or nothing. The longest prefix decides ("zh-hant" before "zh"); a
+/// script, a region or anything else may follow it. The tag must be in lower case, with hyphens.
 std::optional<AppLanguage> appLanguageFromTag(QStringView tag);
 
 /// What identifies the language in a list: its raw value. Only tests use it so far.
@@ -48,8 +48,8 @@ QString id(AppLanguage language);
 /// The language's own name for itself, the same whatever language the interface speaks.
 QString displayName(AppLanguage language);
 
-/// The family of fonts that draws shared East Asian characters in this language's shapes; empty for a
-/// language that the desktop's own font is enough for.
+/// The family of fonts that draws the characters that Chinese and Japanese share in this language's shapes;
+/// empty for other languages.
 QString fontFamily(AppLanguage language);
 
 }  // namespace mireval

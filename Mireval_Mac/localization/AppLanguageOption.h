@@ -13,7 +13,7 @@ namespace mireval {
 namespace app_language_option {
 Q_NAMESPACE
 
-/// The user's choice of a language: one of the interface's, or whichever the system speaks.
+/// The user's choice: one of the interface's languages, or that of the system.
 enum class AppLanguageOption : std::uint8_t {
   system,
   english,

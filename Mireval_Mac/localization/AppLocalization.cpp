@@ -28,7 +28,7 @@ QString fixedMoodTitle(Mood mood) {
   return titles.at(static_cast<std::size_t>(mood));
 }
 
-/// Points to the text, which is static, instead of copying it.
+/// Shares the text, which is static, instead of copying it.
 QString sharedText(QStringView text) {
   return QString::fromRawData(text.data(), text.size());
 }
@@ -55,7 +55,7 @@ std::optional<QString> find(const QHash<AppLanguage, QHash<Key, QString>>& texts
   return std::nullopt;
 }
 
-/// The languages as a desktop knows them, in declaration order.
+/// The tags of all languages, in declaration order.
 QStringList localizations() {
   QStringList tags;
   for (const AppLanguage language : allAppLanguages) {

@@ -19,8 +19,8 @@ class MainThread;
 class SystemLanguages;
 class UserDefaults;
 
-/// Decides in which language the interface speaks and is the one source of its texts. Used on the UI thread;
-/// nothing fails: what a table lacks is said in English, or with a fixed word, or not at all.
+/// Decides in which language the interface speaks, and is the one source of its texts. Used on the UI thread.
+/// No look-up fails: a text that a table lacks comes in English, as a fixed word, or empty.
 ///
 /// While the option is `system`, each look-up asks the system for its languages.
 class AppLocalization : public QObject {
@@ -29,7 +29,7 @@ class AppLocalization : public QObject {
       mireval::app_language::AppLanguage effectiveLanguage READ effectiveLanguage NOTIFY languageChanged)
 
  public:
-  /// What it stands on. Not owned; must outlive it.
+  /// What it needs of the desktop. Not owned; must outlive it.
   struct Services {
     UserDefaults& userDefaults;
     const SystemLanguages& systemLanguages;
@@ -37,10 +37,12 @@ class AppLocalization : public QObject {
     MainThread& mainThread;
   };
 
-  /// Speaks from the shipped tables, with the stored option; without a valid one, with the option `system`.
+  /// Takes the shipped tables and the stored option, or the option `system` if none or no valid one is
+  /// stored.
   explicit AppLocalization(Services services);
 
-  /// Speaks from the given tables, which may lack entries or whole languages. Only their texts must stay.
+  /// Takes the given tables, which may lack entries or whole languages. Their texts, which are not copied,
+  /// must outlive the object.
   AppLocalization(Services services, std::span<const LanguageTables> tables);
 
   AppLanguageOption languageOption() const { return m_languageOption; }
@@ -51,15 +53,15 @@ class AppLocalization : public QObject {
   /// Stores the option for the next start.
   void persistLanguageOption();
 
-  /// The language of the texts: that of the option, or what the system's languages come down to now.
+  /// The language of the texts: that of the option or, for `system`, the one that is detected now.
   AppLanguage effectiveLanguage() const;
 
   /// The first language of ours among the system's: its preferred languages, then the application's
   /// preferred localisations, then the current locale; English when there is none.
   static AppLanguage detectSystemLanguage(const SystemLanguages& systemLanguages);
 
-  /// The text of the key, in the effective language or a given one. In English where the language lacks it;
-  /// empty where English does, too. A view passes `effectiveLanguage`, so that its binding follows a change.
+  /// The text of the key, in the effective language or a given one. English if the language lacks it, empty
+  /// if English lacks it too. A view passes `effectiveLanguage`, so that its binding follows a change.
   Q_INVOKABLE QString text(mireval::l10n::L10nKey key) const;
   Q_INVOKABLE QString text(mireval::l10n::L10nKey key, mireval::app_language::AppLanguage language) const;
 
@@ -75,10 +77,10 @@ class AppLocalization : public QObject {
   Q_INVOKABLE QString displayName(mireval::app_language::AppLanguage language) const;
 
  Q_SIGNALS:
-  /// The option or the system's languages are about to count as changed, whether or not they differ.
+  /// The option or the system's languages are about to change, or may be.
   void objectWillChange();
 
-  /// Follows each `objectWillChange`: read the texts again.
+  /// Follows each `objectWillChange`. Observers read the texts again.
   void languageChanged();
 
  private:

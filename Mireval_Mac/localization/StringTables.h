@@ -17,7 +17,7 @@ using LocalizedText = std::pair<L10nKey, QStringView>;
 /// One entry of a table of mode titles or subtitles. The text lives as long as the program.
 using LocalizedMoodText = std::pair<Mood, QStringView>;
 
-/// What one language says.
+/// The texts of one language.
 struct LanguageTables {
   AppLanguage language;
   /// In the order of `L10nKey`.
@@ -27,8 +27,7 @@ struct LanguageTables {
   std::span<const LocalizedMoodText> moodSubtitles;
 };
 
-/// The tables that ship with the application: every language in the order of `AppLanguage`, each of them
-/// complete.
+/// The tables that ship with the application: complete, and in the order of `AppLanguage`.
 std::span<const LanguageTables> shippedTables();
 
 }  // namespace mireval

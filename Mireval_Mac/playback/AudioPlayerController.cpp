@@ -153,7 +153,7 @@ void AudioPlayerController::prepareInfrastructureIfNeeded() {
     configureRemoteCommands();
     m_playbackInfrastructureReady = true;
   }
-  // A desktop has no audio session to configure: the flag only marks that the step ran.
+  // A desktop has no audio session to configure; the flag only says that this ran.
   if (!m_audioSessionPrepared) {
     m_audioSessionPrepared = true;
   }
@@ -190,7 +190,7 @@ void AudioPlayerController::updateProgress() {
   if (position <= 0) {
     position = 0;
   }
-  // Compared this way round so that an unknown (NaN) duration does not limit the position.
+  // In this order a NaN duration compares false, and does not limit the position.
   const double elapsed = duration < position ? duration : position;
   publish(m_playbackProgress, duration > 0 ? elapsed / duration : 0.0,
           &AudioPlayerController::playbackProgressChanged);
@@ -216,8 +216,8 @@ QString AudioPlayerController::formatTime(double seconds) {
 }
 
 void AudioPlayerController::audioPlayerDidFinishPlaying(AudioPlayer&, bool) {
-  // Nothing of the controller may be touched on this thread. The lock fails only when the controller is
-  // being destroyed together with the player that calls.
+  // This thread may not touch the controller's state. The lock fails only while the controller is being
+  // destroyed, together with the player that calls.
   if (auto self = weak_from_this().lock()) {
     MainThread& mainThread = m_services.mainThread;
     mainThread.async([self = std::move(self)] { self->advanceAfterFinish(); });

@@ -27,7 +27,7 @@ namespace mireval {
 ///
 /// Everything runs on the UI thread. Each write of a property first emits `objectWillChange`, while the old
 /// value can still be read, then stores the value and, if it differs, emits that property's own signal.
-/// Nothing is thrown: a failed load is told by `statusDetail` and one debug line.
+/// Nothing is thrown: `statusDetail` and one debug line report a failed load.
 class AudioPlayerController final : public QObject,
                                     public AudioPlayerDelegate,
                                     public std::enable_shared_from_this<AudioPlayerController> {
@@ -62,7 +62,7 @@ class AudioPlayerController final : public QObject,
   const QList<Track>& playlistTracks() const { return m_playlistTracks; }
   /// The tracks that are listed for the mode.
   const QList<Track>& playlistEntries() const { return m_playlistEntries; }
-  /// True while the player is meant to be sounding.
+  /// True from a successful start or resumption until a pause or a failed load.
   bool isPlaying() const { return m_isPlaying; }
   /// 1-based position and count, for example "2 / 16".
   const QString& playlistPositionText() const { return m_playlistPositionText; }
@@ -81,12 +81,11 @@ class AudioPlayerController final : public QObject,
   /// Makes the mood's tracks the playlist and starts the first, also when the mood is already current.
   Q_INVOKABLE void selectMood(mireval::Mood mood);
 
-  /// Pauses if the player is sounding, resumes it otherwise. Nothing happens before the first successful
-  /// load.
+  /// Pauses a player that plays, resumes it otherwise. Does nothing before the first successful load.
   Q_INVOKABLE void togglePlayback();
 
-  /// Load and start the next or previous track; the ends of the playlist are joined. Nothing happens when
-  /// the playlist is empty.
+  /// Loads and starts the next or previous track; after the last comes the first. Does nothing when the
+  /// playlist is empty.
   Q_INVOKABLE void playNextTrack();
   Q_INVOKABLE void playPreviousTrack();
 
@@ -101,7 +100,7 @@ class AudioPlayerController final : public QObject,
   /// on any thread.
   static ImageCache& coverImageCache();
 
-  /// The end of a track, on any thread: goes on with the next one.
+  /// At the end of a track, on any thread: starts the next one on the UI thread.
   void audioPlayerDidFinishPlaying(AudioPlayer& player, bool successfully) override;
 
  Q_SIGNALS:

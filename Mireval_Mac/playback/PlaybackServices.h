@@ -11,8 +11,8 @@ class RemoteCommandCenter;
 class ResourceBundle;
 class RunLoop;
 
-/// What the desktop supplies for playback. Not owned; everything must outlive the controller and the tasks
-/// that it has given to the main thread.
+/// What the controller needs of the desktop. Not owned; must outlive the controller and the tasks that it has
+/// given to the main thread.
 struct PlaybackServices {
   ResourceBundle& resourceBundle;
   AudioPlayerFactory& audioPlayerFactory;

@@ -18,8 +18,8 @@ class QmlFonts final : public QObject {
   /// The desktop's own font.
   Q_INVOKABLE static QFont system(int pixelSize, int weight);
 
-  /// For a text in the language. Characters that Chinese and Japanese share come in the shapes of that
-  /// language, if there is a font for it; the desktop's own font does the rest.
+  /// The font for a text in the language: for the characters that Chinese and Japanese share, a family with
+  /// the shapes of that language if one is installed; for all others the desktop's own font.
   Q_INVOKABLE static QFont systemFor(int pixelSize, int weight, mireval::app_language::AppLanguage language);
 };
 

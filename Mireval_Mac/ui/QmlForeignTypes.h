@@ -9,7 +9,7 @@
 
 namespace mireval {
 
-/// Make the objects that views render known to QML; their own folders know nothing of it.
+/// These make the objects that views render known to QML, since their own folders do not know QML.
 struct QmlAudioPlayerController {
   Q_GADGET
   QML_FOREIGN(mireval::AudioPlayerController)

@@ -9,7 +9,7 @@
 
 namespace mireval {
 
-/// The moods for QML, whose own enumerators would have to begin with a capital.
+/// The moods for QML, as properties: QML accepts only enumerators that begin with a capital.
 class QmlMoods final : public QObject {
   Q_OBJECT
   QML_NAMED_ELEMENT(Moods)

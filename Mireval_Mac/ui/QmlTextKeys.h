@@ -8,7 +8,7 @@
 
 namespace mireval {
 
-/// The text keys that views look up, for QML, whose own enumerators would have to begin with a capital.
+/// The text keys that views look up, as properties: QML accepts only enumerators that begin with a capital.
 class QmlTextKeys final : public QObject {
   Q_OBJECT
   QML_NAMED_ELEMENT(L10nKeys)
