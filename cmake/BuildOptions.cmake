@@ -11,11 +11,11 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 option(MIREVAL_LINK_TIME_OPTIMISATION "Optimise across files when linking" OFF)
 set(MIREVAL_SANITIZERS "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
-# Takes from a cache what was compiled before, also in another folder.
+# What was compiled before, also in another folder, is not compiled again.
 find_program(CCACHE ccache)
 if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
-    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true ${CCACHE})
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Werror)

@@ -11,7 +11,7 @@
 namespace mireval {
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double endless = std::numeric_limits<double>::infinity();
 
 std::string timeText(double seconds) {
   return AudioPlayerController::formatTime(seconds).toStdString();
@@ -37,8 +37,8 @@ TEST(FormatTimeTest, NegativeTimesAreZero) {
 }
 
 TEST(FormatTimeTest, TimesThatAreNoNumberAreZero) {
-  EXPECT_EQ(timeText(infinity), "0:00");
-  EXPECT_EQ(timeText(-infinity), "0:00");
+  EXPECT_EQ(timeText(endless), "0:00");
+  EXPECT_EQ(timeText(-endless), "0:00");
   EXPECT_EQ(timeText(std::numeric_limits<double>::quiet_NaN()), "0:00");
   EXPECT_EQ(timeText(-std::numeric_limits<double>::quiet_NaN()), "0:00");
 }
@@ -53,7 +53,7 @@ TEST(FormatTimeDeathTest, ATimeBeyond64BitsIsFatal) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_DEATH(AudioPlayerController::formatTime(0x1p63), "cannot be shown");
   EXPECT_DEATH(AudioPlayerController::formatTime(1e300), "cannot be shown");
-  EXPECT_DEATH(AudioPlayerController::formatTime(std::nextafter(-0x1p63, -infinity)), "cannot be shown");
+  EXPECT_DEATH(AudioPlayerController::formatTime(std::nextafter(-0x1p63, -endless)), "cannot be shown");
 }
 
 }  // namespace

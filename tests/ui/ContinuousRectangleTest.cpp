@@ -35,21 +35,21 @@ std::vector<Cubic> curvesOf(const QPainterPath& path) {
 }
 
 constexpr qreal radius = 28;
-constexpr QRectF panel(10, 20, 338, 337);
+constexpr QRectF panelArea(10, 20, 338, 337);
 
 TEST(ContinuousRectangleTest, KeepsToItsBounds) {
-  const QRectF bounds = continuousRectangle(panel, radius).boundingRect();
-  EXPECT_NEAR(bounds.left(), panel.left(), 1e-9);
-  EXPECT_NEAR(bounds.right(), panel.right(), 1e-9);
-  EXPECT_NEAR(bounds.top(), panel.top(), 1e-9);
-  EXPECT_NEAR(bounds.bottom(), panel.bottom(), 1e-9);
+  const QRectF bounds = continuousRectangle(panelArea, radius).boundingRect();
+  EXPECT_NEAR(bounds.left(), panelArea.left(), 1e-9);
+  EXPECT_NEAR(bounds.right(), panelArea.right(), 1e-9);
+  EXPECT_NEAR(bounds.top(), panelArea.top(), 1e-9);
+  EXPECT_NEAR(bounds.bottom(), panelArea.bottom(), 1e-9);
 }
 
 TEST(ContinuousRectangleTest, EveryCornerIsThreeCurvesThatReachSixteenTenthsOfTheRadius) {
-  const auto curves = curvesOf(continuousRectangle(panel, radius));
+  const auto curves = curvesOf(continuousRectangle(panelArea, radius));
   ASSERT_EQ(curves.size(), 12U);
   const qreal reach = 1.6 * radius;
-  const std::array corners{panel.topRight(), panel.bottomRight(), panel.bottomLeft(), panel.topLeft()};
+  const std::array corners{panelArea.topRight(), panelArea.bottomRight(), panelArea.bottomLeft(), panelArea.topLeft()};
   for (std::size_t corner = 0; corner < corners.size(); ++corner) {
     const QPointF begin = curves[3 * corner].points.front() - corners.at(corner);
     const QPointF end = curves[3 * corner + 2].points.back() - corners.at(corner);
@@ -60,8 +60,8 @@ TEST(ContinuousRectangleTest, EveryCornerIsThreeCurvesThatReachSixteenTenthsOfTh
 }
 
 TEST(ContinuousRectangleTest, MiddleOfACornerIsAnArcOfTheRadius) {
-  const auto curves = curvesOf(continuousRectangle(panel, radius));
-  const QPointF centre = panel.topRight() + QPointF(-radius, radius);
+  const auto curves = curvesOf(continuousRectangle(panelArea, radius));
+  const QPointF centre = panelArea.topRight() + QPointF(-radius, radius);
   for (const QPointF& end : {curves[1].points.front(), curves[1].points.back()}) {
     EXPECT_NEAR(std::hypot(end.x() - centre.x(), end.y() - centre.y()), radius, 1e-9);
   }
@@ -73,7 +73,7 @@ TEST(ContinuousRectangleTest, MiddleOfACornerIsAnArcOfTheRadius) {
 }
 
 TEST(ContinuousRectangleTest, CurvatureNeverJumps) {
-  for (const QRectF& rectangle : {panel, QRectF(0, 0, 306, 54), QRectF(0, 0, 278, 4)}) {
+  for (const QRectF& rectangle : {panelArea, QRectF(0, 0, 306, 54), QRectF(0, 0, 278, 4)}) {
     const auto curves = curvesOf(continuousRectangle(rectangle, std::min(radius, rectangle.height() / 2)));
     ASSERT_EQ(curves.size(), 12U);
     for (std::size_t first = 0; first < curves.size(); first += 3) {
@@ -88,7 +88,7 @@ TEST(ContinuousRectangleTest, CurvatureNeverJumps) {
 }
 
 TEST(ContinuousRectangleTest, DirectionNeverJumps) {
-  const auto curves = curvesOf(continuousRectangle(panel, radius));
+  const auto curves = curvesOf(continuousRectangle(panelArea, radius));
   const auto angle = [](QPointF vector) { return std::atan2(vector.y(), vector.x()); };
   for (std::size_t index = 0; index + 1 < curves.size(); ++index) {
     if (index % 3 != 2) {
@@ -127,9 +127,9 @@ TEST(ContinuousRectangleTest, CapsuleIsHardlyACircleLess) {
 
 TEST(ContinuousRectangleTest, WithoutARadiusItIsARectangle) {
   QPainterPath rectangle;
-  rectangle.addRect(panel);
+  rectangle.addRect(panelArea);
   for (const qreal none : {0.0, -1.0, std::numeric_limits<qreal>::quiet_NaN()}) {
-    EXPECT_EQ(continuousRectangle(panel, none), rectangle) << none;
+    EXPECT_EQ(continuousRectangle(panelArea, none), rectangle) << none;
   }
 }
 

@@ -11,16 +11,16 @@
 namespace mireval {
 namespace {
 
-using Parameters = std::tuple<const char*, bool>;
+using SettingsParameters = std::tuple<const char*, bool>;
 
-std::string testName(const testing::TestParamInfo<Parameters>& info) {
+std::string nameOfSettingsTest(const testing::TestParamInfo<SettingsParameters>& info) {
   const auto& [language, dark] = info.param;
   std::string name = std::string(language) + (dark ? "_dark" : "_light");
   std::ranges::replace(name, '-', '_');
   return name;
 }
 
-class SettingsPictureTest : public PictureFixture, public testing::WithParamInterface<Parameters> {};
+class SettingsPictureTest : public PictureFixture, public testing::WithParamInterface<SettingsParameters> {};
 
 TEST_P(SettingsPictureTest, LooksAsEver) {
   const auto& [language, dark] = GetParam();
@@ -42,7 +42,7 @@ TEST_P(SettingsPictureTest, LooksAsEver) {
 
 INSTANTIATE_TEST_SUITE_P(All, SettingsPictureTest,
                          testing::Combine(testing::Values("en", "zh-Hans", "zh-Hant", "ja"), testing::Bool()),
-                         testName);
+                         nameOfSettingsTest);
 
 class OpenSettingsPictureTest : public PictureFixture {};
 

@@ -14,7 +14,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-NowPlayingInfo makeInfo() {
+NowPlayingInfo infoOfTrack() {
   return {.title = u"Rain Veil"_s,
           .albumTitle = u"Mireval"_s,
           .artist = u"Mireval \u2022 Focus"_s,
@@ -25,13 +25,13 @@ NowPlayingInfo makeInfo() {
 }
 
 NowPlayingInfo withArtFile(const std::filesystem::path& file) {
-  NowPlayingInfo info = makeInfo();
+  NowPlayingInfo info = infoOfTrack();
   info.artwork = MediaItemArtwork{.boundsSize = {1, 1}, .requestHandler = {}, .file = file};
   return info;
 }
 
 TEST(MprisMetadata, TakesTheTextsAndTheLength) {
-  const MprisMetadata metadata(makeInfo());
+  const MprisMetadata metadata(infoOfTrack());
   EXPECT_EQ(metadata.title, u"Rain Veil"_s);
   EXPECT_EQ(metadata.albumTitle, u"Mireval"_s);
   EXPECT_EQ(metadata.artist, u"Mireval \u2022 Focus"_s);
@@ -43,7 +43,7 @@ TEST(MprisMetadata, LengthOnlyWhenKnown) {
   using Limits = std::numeric_limits<double>;
   for (const double duration :
        {0.0, -1.0, -0.0, 1e-9, Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), Limits::max()}) {
-    NowPlayingInfo info = makeInfo();
+    NowPlayingInfo info = infoOfTrack();
     info.playbackDurationSeconds = duration;
     EXPECT_EQ(MprisMetadata(info).length, std::nullopt) << duration;
     EXPECT_EQ(MprisMetadata(info), MprisMetadata(info)) << duration;
@@ -61,14 +61,14 @@ TEST(MprisMetadata, MicrosecondsAreRoundedAndNeverNegative) {
 }
 
 TEST(MprisMetadata, TimesThatPassDoNotChangeIt) {
-  NowPlayingInfo later = makeInfo();
+  NowPlayingInfo later = infoOfTrack();
   later.elapsedPlaybackSeconds = 4;
   later.playbackRate = 0;
-  EXPECT_EQ(MprisMetadata(makeInfo()), MprisMetadata(later));
+  EXPECT_EQ(MprisMetadata(infoOfTrack()), MprisMetadata(later));
 }
 
 TEST(MprisMetadata, TrackIdIsAnObjectPathOfTheTrackAlone) {
-  const MprisMetadata metadata(makeInfo());
+  const MprisMetadata metadata(infoOfTrack());
   const QRegularExpression objectPath(u"^(/[A-Za-z0-9_]+)+$"_s);
   EXPECT_TRUE(objectPath.match(QString::fromLatin1(metadata.trackId())).hasMatch())
       << metadata.trackId().data();
@@ -82,18 +82,18 @@ TEST(MprisMetadata, TrackIdIsAnObjectPathOfTheTrackAlone) {
 }
 
 TEST(MprisMetadata, OtherTextsAreAnotherTrack) {
-  const MprisMetadata metadata(makeInfo());
+  const MprisMetadata metadata(infoOfTrack());
   for (QString NowPlayingInfo::*const text :
        {&NowPlayingInfo::title, &NowPlayingInfo::albumTitle, &NowPlayingInfo::artist}) {
-    NowPlayingInfo other = makeInfo();
+    NowPlayingInfo other = infoOfTrack();
     other.*text += u'!';
     EXPECT_NE(MprisMetadata(other).trackId(), metadata.trackId());
     EXPECT_FALSE(MprisMetadata(other).isSameTrack(metadata));
   }
-  NowPlayingInfo shifted = makeInfo();
+  NowPlayingInfo shifted = infoOfTrack();
   shifted.title = u"Veil"_s;
   shifted.albumTitle = u"Mireval Rain "_s;
-  NowPlayingInfo unshifted = makeInfo();
+  NowPlayingInfo unshifted = infoOfTrack();
   unshifted.title = u"Rain Veil"_s;
   unshifted.albumTitle = u"Mireval "_s;
   EXPECT_NE(MprisMetadata(shifted).trackId(), MprisMetadata(unshifted).trackId());
