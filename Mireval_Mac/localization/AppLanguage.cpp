@@ -10,9 +10,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+using enum AppLanguageOption;
+
 /// Everything that belongs to a language except its texts.
 struct LanguageRecord {
-  AppLanguage language;
   AppLanguageOption option;
   QLatin1StringView rawValue;
   QStringView displayName;
@@ -21,35 +22,30 @@ struct LanguageRecord {
   std::array<QLatin1StringView, 4> tagPrefixes;
 };
 
-constexpr auto records = std::to_array<LanguageRecord>({
-    {AppLanguage::english, AppLanguageOption::english, "en"_L1, u"English", {}, {"en"_L1}},
-    {AppLanguage::chineseSimplified,
-     AppLanguageOption::chineseSimplified,
-     "zh-Hans"_L1,
-     u"简体中文",
-     u"Noto Sans CJK SC",
-     {"zh"_L1}},
-    {AppLanguage::chineseTraditional,
-     AppLanguageOption::chineseTraditional,
+/// In the order of `AppLanguage`.
+constexpr std::array<LanguageRecord, allAppLanguages.size()> records{{
+    {english, "en"_L1, u"English", u"", {"en"_L1}},
+    {chineseSimplified, "zh-Hans"_L1, u"简体中文", u"Noto Sans CJK SC", {"zh"_L1}},
+    {chineseTraditional,
      "zh-Hant"_L1,
      u"繁體中文",
      u"Noto Sans CJK TC",
      {"zh-hant"_L1, "zh-tw"_L1, "zh-hk"_L1, "zh-mo"_L1}},
-    {AppLanguage::japanese, AppLanguageOption::japanese, "ja"_L1, u"日本語", u"Noto Sans CJK JP", {"ja"_L1}},
-});
+    {japanese, "ja"_L1, u"日本語", u"Noto Sans CJK JP", {"ja"_L1}},
+}};
 
-static_assert(std::ranges::equal(records, allAppLanguages, {}, &LanguageRecord::language),
-              "one record for each language, in declaration order");
 static_assert(std::ranges::equal(records, std::span(allAppLanguageOptions).subspan(1), {},
                                  &LanguageRecord::option),
-              "one option for each language, behind `system`");
+              "one record for each language, one option for each behind `system`, all in the same order");
 
 const LanguageRecord& recordOf(AppLanguage language) {
   return records.at(static_cast<std::size_t>(language));
 }
 
-std::optional<AppLanguage> languageOf(const LanguageRecord* record) {
-  return record == records.end() ? std::nullopt : std::optional(record->language);
+template <typename Predicate>
+std::optional<AppLanguage> findLanguage(Predicate matches) {
+  const auto* const match = std::ranges::find_if(allAppLanguages, matches, recordOf);
+  return match == allAppLanguages.end() ? std::nullopt : std::optional(*match);
 }
 
 }  // namespace
@@ -59,21 +55,20 @@ QString rawValue(AppLanguage language) {
 }
 
 std::optional<AppLanguage> appLanguageFromRawValue(QStringView text) {
-  return languageOf(
-      std::ranges::find_if(records, [text](const auto& record) { return text == record.rawValue; }));
+  return findLanguage([text](const LanguageRecord& record) { return text == record.rawValue; });
 }
 
 std::optional<AppLanguage> appLanguageFromOption(AppLanguageOption option) {
-  return languageOf(std::ranges::find(records, option, &LanguageRecord::option));
+  return findLanguage([option](const LanguageRecord& record) { return option == record.option; });
 }
 
 std::optional<AppLanguage> appLanguageFromTag(QStringView tag) {
   std::optional<AppLanguage> language;
   qsizetype longest = 0;
-  for (const LanguageRecord& record : records) {
-    for (const QLatin1StringView prefix : record.tagPrefixes) {
+  for (const AppLanguage candidate : allAppLanguages) {
+    for (const QLatin1StringView prefix : recordOf(candidate).tagPrefixes) {
       if (prefix.size() > longest && tag.startsWith(prefix)) {
-        language = record.language;
+        language = candidate;
         longest = prefix.size();
       }
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "localization/EnumeratorNames.h"
+
 #include <QObject>
 #include <QString>
 
@@ -33,12 +35,18 @@ inline constexpr std::array allAppLanguageOptions{
     AppLanguageOption::chineseTraditional, AppLanguageOption::japanese};
 
 /// The option's name as declared, for example "chineseSimplified". It is what is stored.
-QString rawValue(AppLanguageOption option);
+inline QString rawValue(AppLanguageOption option) {
+  return enumeratorName(option);
+}
 
 /// The option with exactly this raw value (case-sensitive), or nothing.
-std::optional<AppLanguageOption> appLanguageOptionFromRawValue(QStringView rawValue);
+inline std::optional<AppLanguageOption> appLanguageOptionFromRawValue(QStringView text) {
+  return enumeratorNamed<AppLanguageOption>(text);
+}
 
 /// What identifies the option in a list: its raw value. Only tests use it so far.
-QString id(AppLanguageOption option);
+inline QString id(AppLanguageOption option) {
+  return rawValue(option);
+}
 
 }  // namespace mireval

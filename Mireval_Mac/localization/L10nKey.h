@@ -1,5 +1,7 @@
 #pragma once
 
+#include "localization/EnumeratorNames.h"
+
 #include <QObject>
 #include <QString>
 
@@ -34,9 +36,13 @@ Q_ENUM_NS(L10nKey)
 using l10n::L10nKey;
 
 /// The key's name as declared, for example "nowPlaying".
-QString rawValue(L10nKey key);
+inline QString rawValue(L10nKey key) {
+  return enumeratorName(key);
+}
 
 /// The key with exactly this raw value (case-sensitive), or nothing.
-std::optional<L10nKey> l10nKeyFromRawValue(QStringView rawValue);
+inline std::optional<L10nKey> l10nKeyFromRawValue(QStringView text) {
+  return enumeratorNamed<L10nKey>(text);
+}
 
 }  // namespace mireval

@@ -30,7 +30,7 @@ LOCALIZATION = SOURCE / "Mireval_Mac/localization"
 def languages_of_the_player():
     """The record of each language in the order of the tables: its option and its tag."""
     text = (LOCALIZATION / "AppLanguage.cpp").read_text(encoding="utf-8")
-    records = re.findall(r'AppLanguageOption::(\w+),\s*"([\w-]+)"_L1', text)
+    records = re.findall(r'\{(\w+),\s*"([\w-]+)"_L1', text)
     enumerators = re.search(r"allAppLanguages\{([^}]*)\}", (LOCALIZATION / "AppLanguage.h").read_text(encoding="utf-8"))
     assert len(records) == enumerators[1].count("AppLanguage::") > 0, records
     return records
