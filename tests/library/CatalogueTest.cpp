@@ -50,8 +50,8 @@ TEST(CatalogueTest, StaysTheSame) {
   EXPECT_EQ(catalogue(), before);
 }
 
-constexpr std::array threeTitles{QLatin1String("One"), QLatin1String("Two"), QLatin1String("Three")};
-constexpr std::array twoDetails{QLatin1String("first"), QLatin1String("second")};
+constexpr std::array threeTitles{"One"_L1, "Two"_L1, "Three"_L1};
+constexpr std::array twoDetails{"first"_L1, "second"_L1};
 
 TEST(MakeTracksTest, StopsAtTheShorterTable) {
   const QList<Track> moreTitles = makeTracks(threeTitles, twoDetails, Mood::creative);

@@ -127,7 +127,7 @@ TEST(ShuffleTest, DrawsAgainInsideTheWalk) {
   EXPECT_EQ(words.drawn(), 3U);
 }
 
-// For each order, X = how often it comes in n shuffles, expected n p. Hoeffding's inequality bounds the
+// For each order, X is how often it comes in n shuffles; n p is expected. Hoeffding's inequality bounds the
 // chance of a false alarm without any approximation: P(|X - n p| >= t) <= 2 exp(-2 t^2 / n). With
 // n = 60000 and t = 900: 2 t^2 / n = 27, so 2 * e^-27 < 4e-12 for one order and < 3e-11 for all six. A walk
 // that draws each offset below 3 favours some orders with 5/27 over 4/27: off by 1111, seen.

@@ -50,40 +50,22 @@ std::vector<Change> changesOfOneField() {
 
 TEST(TrackTest, CopyIsEqualAndHashesEqual) {
   const Track track = sampleTrack();
-  const Track copy = track;
+  // Equal content, in strings of its own.
+  const Track copy = sampleTrack();
   EXPECT_EQ(track, copy);
   EXPECT_EQ(std::hash<Track>{}(track), std::hash<Track>{}(copy));
-  // Equal content in strings of their own.
-  EXPECT_EQ(std::hash<Track>{}(sampleTrack()), std::hash<Track>{}(track));
 }
 
-TEST(TrackTest, EachFieldCountsInEquality) {
+TEST(TrackTest, EachFieldCountsInEqualityAndHashing) {
+  std::unordered_set<Track> tracks{sampleTrack(), sampleTrack()};
+  std::unordered_set<std::size_t> hashes{std::hash<Track>{}(sampleTrack())};
   for (const Change& change : changesOfOneField()) {
     Track changed = sampleTrack();
     change.apply(changed);
-    EXPECT_NE(changed, sampleTrack()) << change.what;
+    EXPECT_TRUE(tracks.insert(changed).second) << change.what;
+    EXPECT_FALSE(tracks.insert(changed).second) << change.what;
+    EXPECT_TRUE(hashes.insert(std::hash<Track>{}(changed)).second) << change.what;
   }
-}
-
-TEST(TrackTest, EachFieldCountsInHashing) {
-  for (const Change& change : changesOfOneField()) {
-    Track changed = sampleTrack();
-    change.apply(changed);
-    EXPECT_NE(std::hash<Track>{}(changed), std::hash<Track>{}(sampleTrack())) << change.what;
-  }
-}
-
-TEST(TrackTest, AbsentAndEmptyOptionalTextsDiffer) {
-  Track absent = sampleTrack();
-  absent.resourceName.reset();
-  Track empty = sampleTrack();
-  empty.resourceName = u""_s;
-  EXPECT_NE(absent, empty);
-  EXPECT_NE(std::hash<Track>{}(absent), std::hash<Track>{}(empty));
-
-  Track alsoAbsent = sampleTrack();
-  alsoAbsent.resourceName.reset();
-  EXPECT_EQ(absent, alsoAbsent);
 }
 
 TEST(TrackTest, HashTellsSwappedTextsApart) {
@@ -100,16 +82,6 @@ TEST(TrackTest, HashTellsWhichOptionalTextIsAbsent) {
   withoutExtension.resourceName = withoutName.fileExtension;
   withoutExtension.fileExtension.reset();
   EXPECT_NE(std::hash<Track>{}(withoutName), std::hash<Track>{}(withoutExtension));
-}
-
-TEST(TrackTest, WorksInASet) {
-  std::unordered_set<Track> tracks{sampleTrack(), sampleTrack()};
-  for (const Change& change : changesOfOneField()) {
-    Track changed = sampleTrack();
-    change.apply(changed);
-    tracks.insert(changed);
-  }
-  EXPECT_EQ(tracks.size(), 1 + changesOfOneField().size());
 }
 
 TEST(TrackTest, ViewsCanReadTheTitle) {

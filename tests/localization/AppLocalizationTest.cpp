@@ -29,7 +29,7 @@ class AppLocalizationTest : public testing::Test {
     return {m_userDefaults, m_systemLanguages, m_localeChanges, m_mainThread};
   }
 
-  /// With the given text stored as the option, and nothing logged yet but what happens from now on.
+  /// With the given text stored as the option. The log then begins empty.
   AppLocalization& make(const std::optional<QString>& stored = std::nullopt) {
     if (stored) {
       m_userDefaults.put(u"app.language.option"_s, *stored);
@@ -54,12 +54,12 @@ class AppLocalizationTest : public testing::Test {
   AppLocalization& observed(std::unique_ptr<AppLocalization> localization) {
     m_localization = std::move(localization);
     m_log->take();
-    // Each with what an observer reads at that moment.
+    // Logs what an observer reads at that moment.
     QObject::connect(m_localization.get(), &AppLocalization::objectWillChange, [this] {
-      m_log->add(QLatin1String("objectWillChange: ") + rawValue(m_localization->languageOption()));
+      m_log->add("objectWillChange: "_L1 + rawValue(m_localization->languageOption()));
     });
     QObject::connect(m_localization.get(), &AppLocalization::languageChanged, [this] {
-      m_log->add(QLatin1String("languageChanged: ") + rawValue(m_localization->languageOption()));
+      m_log->add("languageChanged: "_L1 + rawValue(m_localization->languageOption()));
     });
     return *m_localization;
   }
@@ -278,7 +278,7 @@ TEST_F(AppLocalizationTest, WhatALanguageLacksIsSaidInEnglish) {
   EXPECT_EQ(localization.moodTitle(Mood::tempo, AppLanguage::japanese), u"速さ"_s);
   EXPECT_EQ(localization.moodTitle(Mood::relaxation, AppLanguage::japanese), u"休み"_s);
 
-  // Not this key; an empty table; no table.
+  // The table lacks the key, is empty, or does not exist.
   EXPECT_EQ(localization.text(L10nKey::ready, AppLanguage::japanese), u"Set"_s);
   EXPECT_EQ(localization.text(L10nKey::quit, AppLanguage::chineseTraditional), u"Leave"_s);
   EXPECT_EQ(localization.text(L10nKey::quit, AppLanguage::chineseSimplified), u"Leave"_s);

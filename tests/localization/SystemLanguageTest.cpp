@@ -34,7 +34,7 @@ TEST(SystemLanguageTest, LanguageOfATag) {
            Row{AppLanguage::english, {u"en"_s, u"en-GB"_s, u"en_US.UTF-8"_s, u"EN"_s, u"enm"_s}},
        }) {
     for (const QString& tag : row.tags) {
-      // What would be found, were the tag not recognised.
+      // Found instead if the tag is not recognised.
       const QString other = row.language == AppLanguage::english ? u"ja"_s : u"en"_s;
       EXPECT_EQ(detect({tag, other}), row.language) << tag.toStdString();
     }

@@ -11,7 +11,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// A view of nothing but bindings to texts.
+/// A view that has only bindings to texts.
 class LocalizationBindingTest : public PanelFixture {
  protected:
   LocalizationBindingTest() {

@@ -120,7 +120,7 @@ TEST(LocaleVariables, OtherSpellingsFit) {
   EXPECT_EQ(localizations("en_US_POSIX"), QStringList{u"en"_s});
 }
 
-// What it makes of them does not matter, as long as the sensible entry behind them is found.
+// Absurd entries may mean anything, but the sensible entry behind them is found.
 TEST(LocaleVariables, AbsurdValuesAreSurvived) {
   constexpr qsizetype large = 100'000;
   for (const QByteArray& absurd :
