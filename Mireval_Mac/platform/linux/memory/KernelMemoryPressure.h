@@ -1,27 +1,42 @@
 #pragma once
 
 #include "platform/MemoryPressure.h"
-#include "platform/linux/memory/MemoryPressureFile.h"
+#include "platform/linux/posix/FileDescriptor.h"
 
 #include <QSocketNotifier>
 
+#include <filesystem>
 #include <optional>
 
 namespace mireval {
 
-/// Tells what a memory pressure file tells, woken by the kernel; never tells anything without one, or once
-/// the file is gone.
+/// Watches a pressure file of the kernel. Sleeps until the kernel reports a shortage of memory, and never
+/// signals where there is no such file.
 class KernelMemoryPressure final : public MemoryPressure {
   Q_OBJECT
 
  public:
-  explicit KernelMemoryPressure(std::optional<MemoryPressureFile> file = MemoryPressureFile::open());
+  /// Where the kernel reports on this process and on the whole system.
+  struct Places {
+    std::filesystem::path cgroupOfProcess = "/proc/self/cgroup";
+    std::filesystem::path cgroups = "/sys/fs/cgroup";
+    std::filesystem::path system = "/proc/pressure/memory";
+  };
+
+  /// The pressure file of the process's control group, else that of the system, with the request to report.
+  /// Closed when there is neither, or when this user may not watch: older kernels ask for privileges.
+  static FileDescriptor open(const Places& places);
+
+  KernelMemoryPressure() : KernelMemoryPressure(open(Places())) {}
+
+  /// `file` shows POLLPRI at a shortage, as the kernel's pressure files do, and does not block.
+  explicit KernelMemoryPressure(FileDescriptor file);
 
  private:
-  void takeReport();
+  void report();
 
-  std::optional<MemoryPressureFile> m_file;
-  /// Goes before the file that it watches.
+  FileDescriptor m_file;
+  /// Destroyed before the file that it watches.
   std::optional<QSocketNotifier> m_notifier;
 };
 
