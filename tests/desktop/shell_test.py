@@ -5,8 +5,10 @@ usage: shell_test.py [test class], with the environment of desktop_test.py
 """
 
 import configparser
+import os
 import shlex
 import signal
+import subprocess
 import sys
 import time
 import unittest
@@ -231,6 +233,15 @@ class OptionsTest(ShellCase):
                 result = self.session.run("sh", "-c", f'"$0" {option} {redirection}', PROGRAM)
                 self.assertEqual(result.returncode, 1)
                 self.assertEqual(result.stderr, "mireval: standard output cannot be written\n")
+
+    def test_a_reader_that_goes_away(self):
+        reader, writer = os.pipe()
+        os.close(reader)
+        with open(writer, "wb") as output:
+            copy = self.session.start([PROGRAM, "--help"], stdout=output, stderr=subprocess.PIPE, text=True)
+            _, errors = copy.communicate(timeout=10)
+        # A signal would have ended it.
+        self.assertEqual((copy.returncode, errors), (1, "mireval: standard output cannot be written\n"))
 
     def test_mistakes(self):
         for arguments, message in ((["--foo"], "mireval: unknown option '--foo'\n"),
