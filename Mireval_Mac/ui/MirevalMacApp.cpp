@@ -106,7 +106,7 @@ int runScenes(const SingleInstance& instance, CommandLine::Action action) {
   QtImageDecoder imageDecoder;
   StandardOutput debugOutput;
   QtMainThread mainThread;
-  IniUserDefaults userDefaults = IniUserDefaults::ofUser();
+  IniUserDefaults userDefaults = IniUserDefaults::forCurrentUser();
   SystemLocale systemLocale;
   PortalColorScheme colorScheme;
   const LinuxWindowSystem windowSystem;

@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,153 +10,72 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <array>
-#include <chrono>
-#include <thread>
 #include <utility>
 
 namespace mireval {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 
-constexpr qsizetype largestFileInBytes = 1 << 20;
-constexpr auto longestWaitForOthers = 1s;
-constexpr auto pauseBetweenAttempts = 10ms;
+constexpr qsizetype maxFileBytes = 1 << 20;
+constexpr int lockTimeoutMilliseconds = 1000;
 
 constexpr QByteArrayView byteOrderMark = "\xEF\xBB\xBF";
 constexpr QByteArrayView generalSection = "[General]";
 
-/// What a text must not contain if it is to stand without quotes.
-constexpr QByteArrayView reserved = "\",;\\\n\r";
-
-struct Escape {
-  char character;
-  char letter;
-};
-constexpr auto escapes = std::to_array<Escape>({{'"', '"'}, {'\\', '\\'}, {'\n', 'n'}, {'\r', 'r'}});
-
-bool hasReserved(QByteArrayView text) {
-  return std::ranges::any_of(text, [](char character) { return reserved.contains(character); });
-}
-
-QByteArray encoded(const QString& value) {
-  QByteArray text = value.toUtf8();
-  if (!hasReserved(text) && text.trimmed() == text) {
-    return text;
-  }
-  QByteArray quoted = "\"";
-  for (const char character : std::as_const(text)) {
-    const auto* const escape = std::ranges::find(escapes, character, &Escape::character);
-    if (escape != escapes.end()) {
-      quoted += '\\';
-    }
-    quoted += escape != escapes.end() ? escape->letter : character;
-  }
-  return quoted + '"';
-}
-
-std::optional<QByteArray> unescaped(QByteArrayView text) {
-  QByteArray result;
-  for (auto character = text.begin(); character != text.end(); ++character) {
-    if (*character != '\\') {
-      if (*character == '"') {
-        return std::nullopt;
-      }
-      result += *character;
-      continue;
-    }
-    if (++character == text.end()) {
-      return std::nullopt;
-    }
-    const auto* const escape = std::ranges::find(escapes, *character, &Escape::letter);
-    if (escape == escapes.end()) {
-      return std::nullopt;
-    }
-    result += escape->character;
-  }
-  return result;
-}
-
+/// Nothing for a value that is no plain word.
 std::optional<QString> decoded(QByteArrayView value) {
-  std::optional<QByteArray> text;
   if (value.size() >= 2 && value.startsWith('"') && value.endsWith('"')) {
-    text = unescaped(value.sliced(1, value.size() - 2));
-  } else if (!hasReserved(value)) {
-    text = value.toByteArray();
+    value = value.sliced(1, value.size() - 2);
   }
-  if (!text || !text->isValidUtf8() || text->contains('\0')) {
-    return std::nullopt;
+  for (const char reserved : {'"', '\\', ',', ';', '\0'}) {
+    if (value.contains(reserved)) {
+      return std::nullopt;
+    }
   }
-  return QString::fromUtf8(*text);
+  return value.isValidUtf8() ? std::optional(QString::fromUtf8(value)) : std::nullopt;
 }
 
-/// A stretch of the file, in bytes.
-struct Stretch {
-  qsizetype start;
-  qsizetype length;
-};
+qsizetype startOf(QByteArrayView content) {
+  return content.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
+}
 
-struct Places {
-  /// The value that stands for the key; of several the last.
-  std::optional<Stretch> value;
-  /// Behind the line that opens the section.
-  std::optional<qsizetype> sectionStart;
-};
-
-Places placesIn(QByteArrayView content, QByteArrayView key) {
-  Places places;
-  // What stands above every section belongs to it, too.
+/// The part of the content that is the key's value; of several the last one.
+std::optional<QByteArrayView> valueIn(QByteArrayView content, QByteArrayView key) {
+  std::optional<QByteArrayView> value;
+  // Entries above the first section belong to it too.
   bool inGeneralSection = true;
-  qsizetype next = 0;
-  for (qsizetype start = content.startsWith(byteOrderMark) ? byteOrderMark.size() : 0; start < content.size();
-       start = next) {
-    const qsizetype end = content.indexOf('\n', start);
-    next = end < 0 ? content.size() : end + 1;
-    const QByteArrayView line = content.sliced(start, next - start).trimmed();
+  qsizetype end = 0;
+  for (qsizetype start = startOf(content); start < content.size(); start = end + 1) {
+    end = content.indexOf('\n', start);
+    end = end < 0 ? content.size() : end;
+    const QByteArrayView line = content.sliced(start, end - start).trimmed();
+    const qsizetype equals = line.indexOf('=');
     if (line.startsWith('[')) {
       inGeneralSection = line.compare(generalSection, Qt::CaseInsensitive) == 0;
-      if (inGeneralSection) {
-        places.sectionStart = next;
-      }
-    } else if (const qsizetype equals = line.indexOf('=');
-               inGeneralSection && equals >= 0 && line.first(equals).trimmed() == key) {
-      const QByteArrayView value = line.sliced(equals + 1).trimmed();
-      places.value = {.start = value.data() - content.data(), .length = value.size()};
+    } else if (inGeneralSection && equals >= 0 && line.first(equals).trimmed() == key) {
+      value = line.sliced(equals + 1).trimmed();
     }
   }
-  return places;
+  return value;
 }
 
 QByteArray withValue(QByteArray content, const QByteArray& key, const QByteArray& value) {
-  const Places places = placesIn(content, key);
-  if (places.value) {
-    return content.replace(places.value->start, places.value->length, value);
+  if (const auto earlier = valueIn(content, key)) {
+    return content.replace(earlier->data() - content.constData(), earlier->size(), value);
   }
-  const QByteArray line = key + '=' + value + '\n';
-  if (places.sectionStart) {
-    const bool endsInside = !content.first(*places.sectionStart).endsWith('\n');
-    return content.insert(*places.sectionStart, endsInside ? '\n' + line : line);
-  }
-  const qsizetype top = content.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
-  const bool isEmpty = content.size() == top;
-  return content.insert(top, generalSection.toByteArray() + '\n' + line + (isEmpty ? "" : "\n"));
+  return content.insert(startOf(content), generalSection.toByteArray() + '\n' + key + '=' + value + '\n');
 }
 
 QString nameOf(const fs::path& path) {
   return QFile::decodeName(path.c_str());
 }
 
-/// Opening anything else could wait for ever, as with a pipe, or never come to an end.
-bool isSmallFile(const QFileInfo& file) {
-  return file.isFile() && file.size() <= largestFileInBytes;
-}
-
 std::optional<QByteArray> contentOf(const QString& name) {
   QFile file(name);
-  if (!isSmallFile(QFileInfo(file)) || !file.open(QIODevice::ReadOnly)) {
+  // Opening anything but a regular file could block, as with a pipe, or never end.
+  const QFileInfo info(file);
+  if (!info.isFile() || info.size() > maxFileBytes || !file.open(QIODevice::ReadOnly)) {
     return std::nullopt;
   }
   return file.readAll();
@@ -172,66 +90,43 @@ void makeFolders(const fs::path& folder) {
   }
 }
 
-void replaceFile(const QString& name, const QByteArray& content) {
-  QSaveFile file(name);
-  // On a full disk QSaveFile would commit what could be written.
-  if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush()) {
-    file.commit();
-  }
-}
-
-bool tryLock(QLockFile& lock) {
-  const QFileInfo file(lock.fileName());
-  if (file.exists() && !isSmallFile(file)) {
-    return false;
-  }
-  // With its own time limit the lock would sleep longer and longer from 100 ms on; writing takes a few.
-  const QDeadlineTimer deadline(longestWaitForOthers);
-  while (!lock.tryLock(0)) {
-    if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired()) {
-      return false;
-    }
-    std::this_thread::sleep_for(pauseBetweenAttempts);
-  }
-  return true;
-}
-
 }  // namespace
 
 IniUserDefaults::IniUserDefaults(fs::path file) : m_file(std::move(file)) {}
 
-IniUserDefaults IniUserDefaults::ofUser() {
+IniUserDefaults IniUserDefaults::forCurrentUser() {
   const fs::path named = qgetenv("XDG_CONFIG_HOME").toStdString();
-  // A relative one is to be ignored.
+  // The specification says to ignore a relative path.
   const fs::path folder =
       named.is_absolute() ? named : fs::path(QFile::encodeName(QDir::homePath()).toStdString()) / ".config";
   return IniUserDefaults(folder / "mireval" / "mireval.conf");
 }
 
 std::optional<QString> IniUserDefaults::string(QStringView key) const {
-  if (const auto content = contentOf(nameOf(m_file))) {
-    if (const auto value = placesIn(*content, key.toUtf8()).value) {
-      return decoded(QByteArrayView(*content).sliced(value->start, value->length));
-    }
-  }
-  return std::nullopt;
+  const auto content = contentOf(nameOf(m_file));
+  const auto value = content ? valueIn(*content, key.toUtf8()) : std::nullopt;
+  return value ? decoded(*value) : std::nullopt;
 }
 
 void IniUserDefaults::set(QStringView key, const QString& value) {
+  const QByteArray text = value.toUtf8();
+  if (text.contains('\n') || decoded(QByteArrayView(text).trimmed()) != value) {
+    return;
+  }
   makeFolders(m_file.parent_path());
   const QString name = nameOf(m_file);
   QLockFile lock(name + QLatin1String(".lock"));
-  if (!tryLock(lock)) {
+  if (!lock.tryLock(lockTimeoutMilliseconds)) {
     return;
   }
   const auto content = QFileInfo::exists(name) ? contentOf(name) : QByteArray();
-  if (!content) {
-    return;
-  }
-  const QByteArray changed = withValue(*content, key.toUtf8(), encoded(value));
-  // What could not be read again is not written.
-  if (changed.size() <= largestFileInBytes) {
-    replaceFile(name, changed);
+  QSaveFile file(name);
+  if (content && file.open(QIODevice::WriteOnly)) {
+    const QByteArray changed = withValue(*content, key.toUtf8(), text);
+    // Without the explicit flush, Qt 6.4 commits a truncated file when the disk is full.
+    if (file.write(changed) == changed.size() && file.flush()) {
+      file.commit();
+    }
   }
 }
 

@@ -7,27 +7,26 @@
 namespace mireval {
 
 /// Keeps the preferences in an INI file of UTF-8 text, in its section `[General]`:
-/// `app.language.option=japanese`. Keys are plain names. Nothing is cached: what somebody else writes is read
-/// the next time.
+/// `app.language.option=japanese`. Keys are plain names. Nothing is cached, so changes by others are seen.
 ///
-/// A value that could be misread is in quotes: `"with \"quotes\", commas and\nlines"`. One without, but with
-/// a quote, comma, semicolon or backslash in it, is no text.
+/// Values are plain words, which may stand in double quotes. A value that contains a quote, comma, semicolon,
+/// backslash or line break is read as nothing and is not stored.
 ///
-/// A file that is not there, that cannot be read, that is no regular file or is larger than 1 MiB holds
-/// nothing; reading makes nothing. Writing makes the folders that are missing, replaces the file in one step,
-/// and keeps all else that is in it. A link to the file stays a link.
+/// A file that is missing, unreadable, not a regular file or larger than 1 MiB holds nothing; reading creates
+/// nothing. Writing creates missing folders, replaces the file in one step and keeps everything else in it.
+/// A link to the file stays a link.
 class IniUserDefaults final : public UserDefaults {
  public:
   explicit IniUserDefaults(std::filesystem::path file);
 
-  /// In `mireval/mireval.conf` below the user's configuration folder: XDG_CONFIG_HOME, else `~/.config`.
-  static IniUserDefaults ofUser();
+  /// `mireval/mireval.conf` below the user's configuration folder: XDG_CONFIG_HOME, else `~/.config`.
+  static IniUserDefaults forCurrentUser();
 
   const std::filesystem::path& file() const { return m_file; }
 
   std::optional<QString> string(QStringView key) const override;
 
-  /// Waits at most a second for another process that is writing, and then gives up.
+  /// Waits at most a second for another process that is writing, then gives up.
   void set(QStringView key, const QString& value) override;
 
  private:
