@@ -186,7 +186,7 @@ int MirevalMacApp::main(int argc, char** argv) {
   if (const auto exitStatus = handOver(instance, commandLine.action)) {
     return *exitStatus;
   }
-  returnLargeBlocksAtOnce();
+  useMmapForLargeBlocks();
   if (!displayServerAnswers()) {
     std::fputs("mireval: no display answers; set DISPLAY or WAYLAND_DISPLAY\n", stderr);
     return 1;

@@ -11,8 +11,8 @@
 namespace mireval {
 namespace {
 
-/// The loader has touched every library whole; most of it is never needed again. Only segments that were
-/// never writable, and so are the same in the file.
+/// The loader touches every page of the libraries, and few are needed again. Only segments that were never
+/// writable are released: their content is still in the file.
 int releaseCode(dl_phdr_info* object, std::size_t, void*) {
   const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
   for (const ElfW(Phdr) & segment : std::span(object->dlpi_phdr, object->dlpi_phnum)) {
@@ -21,7 +21,7 @@ int releaseCode(dl_phdr_info* object, std::size_t, void*) {
     }
     const std::uintptr_t begin = (object->dlpi_addr + segment.p_vaddr) / pageSize * pageSize;
     const std::uintptr_t end = object->dlpi_addr + segment.p_vaddr + segment.p_memsz;
-    // A refusal only means that the pages stay. The loader gives addresses as numbers.
+    // If the call fails, the pages just stay. The loader gives addresses as numbers.
     // NOLINTNEXTLINE(performance-no-int-to-ptr)
     madvise(reinterpret_cast<void*>(begin), end - begin, MADV_DONTNEED);
   }
@@ -35,10 +35,10 @@ void releaseUnusedMemory() {
   dl_iterate_phdr(releaseCode, nullptr);
 }
 
-void returnLargeBlocksAtOnce() {
-  // The size from which a block gets a map of its own. It is glibc's first value too, but unless it is set,
-  // freeing one large block raises it beyond that block's size, and the next ones come from the heap, where
-  // anything behind them keeps them.
+void useMmapForLargeBlocks() {
+  // Blocks of this size and more get a mapping of their own. It is glibc's default too, but unless it is set,
+  // freeing a large block raises it, and later blocks come from the heap, where any block behind them keeps
+  // them from being returned.
   constexpr int bytes = 128 * 1024;
   mallopt(M_MMAP_THRESHOLD, bytes);
 }

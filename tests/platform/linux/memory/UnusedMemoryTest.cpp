@@ -29,12 +29,12 @@ TEST(UnusedMemoryTest, GivesBackWhatIsNotUsedAndBreaksNothing) {
   EXPECT_LT(residentPages(), before - 2000);
 }
 
-TEST(UnusedMemoryTest, LargeBlocksGoBackAtOnce) {
+TEST(UnusedMemoryTest, LargeBlocksAreReturnedWhenFreed) {
   constexpr std::size_t large = 10 << 20;
   constexpr int count = 12;
   // Freeing a block of that size is what makes the allocator keep such blocks in the heap.
   std::make_unique<char[]>(2 * large).reset();
-  returnLargeBlocksAtOnce();
+  useMmapForLargeBlocks();
   std::vector<std::unique_ptr<char[]>> blocks;
   std::vector<std::unique_ptr<char[]>> behind;
   for (int i = 0; i < count; ++i) {
