@@ -96,7 +96,7 @@ std::optional<int> handOver(SingleInstance& instance, CommandLine::Action action
 }
 
 int runScenes(const SingleInstance& instance, CommandLine::Action action) {
-  FolderResourceBundle resourceBundle = FolderResourceBundle::ofApplication();
+  FolderResourceBundle resourceBundle = FolderResourceBundle::forApplication();
   LazyAudioPlayerFactory audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication());
   QtRunLoop runLoop;
   const QByteArray applicationId = QGuiApplication::desktopFileName().toUtf8();

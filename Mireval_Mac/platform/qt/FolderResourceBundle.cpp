@@ -1,5 +1,7 @@
 #include "platform/qt/FolderResourceBundle.h"
 
+#include "platform/qt/ApplicationFile.h"
+
 #include <QFile>
 
 #include <system_error>
@@ -22,17 +24,9 @@ bool isFileName(const QString& name) {
 
 FolderResourceBundle::FolderResourceBundle(fs::path folder) : m_folder(std::move(folder)) {}
 
-FolderResourceBundle FolderResourceBundle::ofApplication() {
-  const QByteArray named = qgetenv("MIREVAL_RESOURCES");
-  if (!named.isEmpty()) {
-    return FolderResourceBundle(fs::path(named.toStdString()));
-  }
-  std::error_code error;
-  const fs::path programFolder = fs::read_symlink("/proc/self/exe", error).parent_path();
-  const fs::path besideProgram = programFolder / "resources";
-  return FolderResourceBundle(fs::is_directory(besideProgram, error)
-                                  ? besideProgram
-                                  : programFolder.parent_path() / "share" / "mireval");
+FolderResourceBundle FolderResourceBundle::forApplication() {
+  const fs::path named = qgetenv("MIREVAL_RESOURCES").toStdString();
+  return FolderResourceBundle(named.empty() ? applicationFile("resources", "../share/mireval") : named);
 }
 
 std::optional<fs::path> FolderResourceBundle::urlForResource(const QString& name, const QString& extension,

@@ -6,15 +6,16 @@
 
 namespace mireval {
 
-/// Finds resources in a folder: `<folder>/<subdirectory>/<name>.<extension>`. Nothing is cached, so that a
-/// file that appears later is found.
+/// Finds resources in a folder: `<folder>/<subdirectory>/<name>.<extension>`. Nothing is cached, so a file
+/// that appears later is found.
 class FolderResourceBundle final : public ResourceBundle {
  public:
   explicit FolderResourceBundle(std::filesystem::path folder);
 
   /// The bundle of the running program: the folder that the environment variable MIREVAL_RESOURCES names,
   /// else `resources` beside the executable (a build tree), else `../share/mireval` (an installed tree).
-  static FolderResourceBundle ofApplication();
+  /// Needs the application object unless the variable is set.
+  static FolderResourceBundle forApplication();
 
   const std::filesystem::path& folder() const { return m_folder; }
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+
 #include <filesystem>
 #include <optional>
 
@@ -117,12 +119,16 @@ class BundleOfApplicationTest : public FolderResourceBundleTest {
 TEST_F(BundleOfApplicationTest, TheEnvironmentNamesTheFolder) {
   const fs::path file = m_folder.makeFile("PreviewAudio/focus-1.m4a");
   qputenv(variable, QByteArray::fromStdString(m_folder.path().string()));
-  const FolderResourceBundle bundle = FolderResourceBundle::ofApplication();
+  const FolderResourceBundle bundle = FolderResourceBundle::forApplication();
   EXPECT_EQ(bundle.folder(), m_folder.path());
   EXPECT_EQ(bundle.urlForResource(u"focus-1"_s, u"m4a"_s, u"PreviewAudio"_s), file);
 }
 
 TEST_F(BundleOfApplicationTest, WithoutItTheFolderIsFoundFromTheExecutable) {
+  int argumentCount = 1;
+  char programName[] = "test";
+  char* arguments[] = {programName, nullptr};
+  const QCoreApplication application(argumentCount, arguments);
   const fs::path programFolder = fs::read_symlink("/proc/self/exe").parent_path();
   const fs::path besideProgram = programFolder / "resources";
   ASSERT_FALSE(fs::exists(besideProgram));
@@ -131,11 +137,11 @@ TEST_F(BundleOfApplicationTest, WithoutItTheFolderIsFoundFromTheExecutable) {
     if (empty) {
       qputenv(variable, "");
     }
-    EXPECT_EQ(FolderResourceBundle::ofApplication().folder(),
+    EXPECT_EQ(FolderResourceBundle::forApplication().folder(),
               programFolder.parent_path() / "share" / "mireval");
   }
   fs::create_directory(besideProgram);
-  EXPECT_EQ(FolderResourceBundle::ofApplication().folder(), besideProgram);
+  EXPECT_EQ(FolderResourceBundle::forApplication().folder(), besideProgram);
   fs::remove(besideProgram);
 }
 

@@ -1,8 +1,9 @@
 #include "platform/linux/audio/LazyAudioPlayerFactory.h"
 
+#include "platform/qt/ApplicationFile.h"
+
 #include <dlfcn.h>
 
-#include <system_error>
 #include <utility>
 
 namespace mireval {
@@ -23,12 +24,7 @@ LazyAudioPlayerFactory::~LazyAudioPlayerFactory() {
 }
 
 fs::path LazyAudioPlayerFactory::moduleOfApplication() {
-  std::error_code error;
-  const fs::path programFolder = fs::read_symlink("/proc/self/exe", error).parent_path();
-  const fs::path besideProgram = programFolder / moduleName;
-  return fs::exists(besideProgram, error)
-             ? besideProgram
-             : programFolder.parent_path() / "lib" / "mireval" / "modules" / moduleName;
+  return applicationFile(moduleName, fs::path("../lib/mireval/modules") / moduleName);
 }
 
 void LazyAudioPlayerFactory::warmUp() {

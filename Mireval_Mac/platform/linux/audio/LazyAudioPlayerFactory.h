@@ -21,7 +21,7 @@ class LazyAudioPlayerFactory final : public AudioPlayerFactory {
   ~LazyAudioPlayerFactory() override;
 
   /// The module of the running program: beside the executable (a build tree), else in
-  /// `../lib/mireval/modules` (an installed tree).
+  /// `../lib/mireval/modules` (an installed tree). Needs the application object.
   static std::filesystem::path moduleOfApplication();
 
   /// Loads the module on a thread of its own.
