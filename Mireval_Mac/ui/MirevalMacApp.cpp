@@ -73,13 +73,14 @@ std::optional<int> answer(const CommandLine& commandLine) {
 std::optional<int> handOver(SingleInstance& instance, CommandLine::Action action) {
   using Request = SingleInstance::Request;
   const bool wantsSettings = action == CommandLine::Action::showSettings;
-  switch (instance.elect(wantsSettings ? Request::showSettings : Request::showPanel)) {
+  const auto outcome = instance.elect(wantsSettings ? Request::showSettings : Request::showPanel);
+  if (!outcome) {
+    std::fprintf(stderr, "mireval: other copies cannot be found: %s\n", outcome.error().c_str());
+    return std::nullopt;
+  }
+  switch (*outcome) {
     case SingleInstance::Outcome::elected:
-      break;
     case SingleInstance::Outcome::independent:
-      if (!instance.problem().empty()) {
-        std::fprintf(stderr, "mireval: other copies cannot be found: %s\n", instance.problem().c_str());
-      }
       break;
     case SingleInstance::Outcome::handedOver:
       if (action == CommandLine::Action::serve) {
@@ -182,7 +183,7 @@ int MirevalMacApp::main(int argc, char** argv) {
   if (const auto exitStatus = answer(commandLine)) {
     return *exitStatus;
   }
-  SingleInstance instance = SingleInstance::ofUser();
+  SingleInstance instance = SingleInstance::forCurrentUser();
   if (const auto exitStatus = handOver(instance, commandLine.action)) {
     return *exitStatus;
   }

@@ -22,8 +22,12 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-// For the moment between the lock and the socket of a copy that has just started, or the end of one.
+// A copy that has just started holds the lock a moment before its socket exists; one that ends is similar.
 constexpr auto retryInterval = 5ms;
+
+tl::unexpected<std::string> lastError() {
+  return tl::unexpected(std::generic_category().message(errno));
+}
 
 std::filesystem::path socketIn(const std::filesystem::path& folder) {
   return folder / "socket";
@@ -43,7 +47,7 @@ bool becomesReadable(const FileDescriptor& descriptor, Clock::time_point deadlin
 
 SingleInstance::SingleInstance(std::filesystem::path folder) : m_folder(std::move(folder)) {}
 
-SingleInstance SingleInstance::ofUser() {
+SingleInstance SingleInstance::forCurrentUser() {
   const char* const runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
   if (runtimeFolder == nullptr || *runtimeFolder == '\0') {
     return SingleInstance({});
@@ -51,18 +55,30 @@ SingleInstance SingleInstance::ofUser() {
   return SingleInstance(std::filesystem::path(runtimeFolder) / "mireval");
 }
 
-SingleInstance::Outcome SingleInstance::elect(Request request, std::chrono::milliseconds patience) {
-  if (m_folder.empty() || !prepareFolder() || !openLock()) {
+tl::expected<SingleInstance::Outcome, std::string> SingleInstance::elect(Request request,
+                                                                         std::chrono::milliseconds patience) {
+  if (m_folder.empty()) {
     return Outcome::independent;
   }
+  return prepareFolder()
+      .and_then([this] { return openLock(); })
+      .and_then([&] { return contend(request, patience); })
+      .map_error([this](const std::string& reason) {
+        m_socket = FileDescriptor();
+        m_lock = FileDescriptor();
+        return m_folder.native() + ": " + reason;
+      });
+}
+
+tl::expected<SingleInstance::Outcome, std::string> SingleInstance::contend(
+    Request request, std::chrono::milliseconds patience) {
   const auto deadline = Clock::now() + patience;
   while (true) {
     if (flock(m_lock.get(), LOCK_EX | LOCK_NB) == 0) {
-      return listen() ? Outcome::elected : Outcome::independent;
+      return listen().map([] { return Outcome::elected; });
     }
     if (errno != EWOULDBLOCK && errno != EINTR) {
-      failWithErrno();
-      return Outcome::independent;
+      return lastError();
     }
     if (handOver(request, deadline)) {
       return Outcome::handedOver;
@@ -74,44 +90,43 @@ SingleInstance::Outcome SingleInstance::elect(Request request, std::chrono::mill
   }
 }
 
-bool SingleInstance::prepareFolder() {
+SingleInstance::Status SingleInstance::prepareFolder() const {
   if (!m_folder.is_absolute()) {
-    return fail("not an absolute path");
+    return tl::unexpected<std::string>("not an absolute path");
   }
   if (!unixSocketAddress(socketIn(m_folder).native())) {
-    return fail("the path is too long for a socket");
-  }
-  if (mkdir(m_folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
-    return failWithErrno();
+    return tl::unexpected<std::string>("the path is too long for a socket");
   }
   struct stat status {};
-  if (lstat(m_folder.c_str(), &status) != 0) {
-    return failWithErrno();
+  if ((mkdir(m_folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) || lstat(m_folder.c_str(), &status) != 0) {
+    return lastError();
   }
   const bool isPrivate = (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
-  return (S_ISDIR(status.st_mode) && status.st_uid == geteuid() && isPrivate) ||
-         fail("not a folder of this user alone");
+  if (!S_ISDIR(status.st_mode) || status.st_uid != geteuid() || !isPrivate) {
+    return tl::unexpected<std::string>("not a folder of this user alone");
+  }
+  return {};
 }
 
-bool SingleInstance::openLock() {
-  // The file is never removed: a copy might just have opened it.
+SingleInstance::Status SingleInstance::openLock() {
+  // The file is never removed: another copy may have just opened it.
   m_lock = FileDescriptor(::open((m_folder / "lock").c_str(),
                                  O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR));
-  return m_lock.isOpen() || failWithErrno();
+  return m_lock.isOpen() ? Status() : lastError();
 }
 
-bool SingleInstance::listen() {
+SingleInstance::Status SingleInstance::listen() {
   const auto path = socketIn(m_folder);
   const auto address = unixSocketAddress(path.native());
-  // One that an earlier copy has left behind.
+  // An earlier copy may have left its socket behind.
   unlink(path.c_str());
   m_socket = makeSocket();
   if (!m_socket.isOpen() ||
       bind(m_socket.get(), reinterpret_cast<const sockaddr*>(&*address), sizeof *address) != 0 ||
       ::listen(m_socket.get(), SOMAXCONN) != 0) {
-    return failWithErrno();
+    return lastError();
   }
-  return true;
+  return {};
 }
 
 bool SingleInstance::handOver(Request request, Clock::time_point deadline) const {
@@ -125,17 +140,6 @@ bool SingleInstance::handOver(Request request, Clock::time_point deadline) const
   }
   char answer = 0;
   return recv(connection.get(), &answer, sizeof answer, 0) == sizeof answer;
-}
-
-bool SingleInstance::fail(const std::string& reason) {
-  m_problem = m_folder.native() + ": " + reason;
-  m_socket = FileDescriptor();
-  m_lock = FileDescriptor();
-  return false;
-}
-
-bool SingleInstance::failWithErrno() {
-  return fail(std::generic_category().message(errno));
 }
 
 }  // namespace mireval

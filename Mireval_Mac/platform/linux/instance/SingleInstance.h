@@ -2,6 +2,8 @@
 
 #include "platform/linux/posix/FileDescriptor.h"
 
+#include <tl/expected.hpp>
+
 #include <chrono>
 #include <filesystem>
 #include <string>
@@ -9,8 +11,7 @@
 namespace mireval {
 
 /// Keeps the user's session to one copy of the program: the first one holds a lock as long as it lives and
-/// listens on a socket beside it; later ones hand over what they were asked to do. Needs no application
-/// object.
+/// listens on a socket beside it; later ones send it what they were asked to do. Needs no application object.
 class SingleInstance final {
  public:
   /// What a later copy asks of the first. The value is sent, and comes back as the answer.
@@ -19,7 +20,7 @@ class SingleInstance final {
   enum class Outcome {
     /// This copy is the first.
     elected,
-    /// Copies cannot find each other here, so this one is on its own.
+    /// There is no folder, so this copy is on its own.
     independent,
     /// The first copy has done what was asked.
     handedOver,
@@ -27,33 +28,32 @@ class SingleInstance final {
     unanswered,
   };
 
-  /// The copies of one folder find each other. The folder is made if it is missing; it must be the user's,
-  /// and nobody else may enter it. An empty path makes every copy independent.
+  /// The copies of one folder find each other. The folder is created if it is missing; it must belong to the
+  /// user, and nobody else may enter it. An empty path makes every copy independent.
   explicit SingleInstance(std::filesystem::path folder);
 
   /// With the folder below XDG_RUNTIME_DIR, or none if that is unset.
-  static SingleInstance ofUser();
+  static SingleInstance forCurrentUser();
 
-  /// Decides what this copy is. Immediate for the first copy; waits at most `patience` for its answer
-  /// otherwise. Should the first copy end meanwhile, this one may become the first.
-  Outcome elect(Request request, std::chrono::milliseconds patience = std::chrono::seconds(5));
+  /// Decides what this copy is. Immediate for the first copy; a later one waits at most `patience` for the
+  /// answer of the first, and may become the first if that one ends meanwhile. The error says why copies
+  /// cannot find each other; this copy is then on its own.
+  tl::expected<Outcome, std::string> elect(Request request,
+                                           std::chrono::milliseconds patience = std::chrono::seconds(5));
 
-  /// Why copies cannot find each other; empty if they can, and without a folder.
-  const std::string& problem() const { return m_problem; }
-
-  /// Where requests arrive, from the election of this copy on; -1 otherwise. For SingleInstanceServer.
+  /// Where requests arrive once this copy is elected; -1 otherwise. For SingleInstanceServer.
   int listeningSocket() const { return m_socket.get(); }
 
  private:
-  bool prepareFolder();
-  bool openLock();
-  bool listen();
+  using Status = tl::expected<void, std::string>;
+
+  Status prepareFolder() const;
+  Status openLock();
+  tl::expected<Outcome, std::string> contend(Request request, std::chrono::milliseconds patience);
+  Status listen();
   bool handOver(Request request, std::chrono::steady_clock::time_point deadline) const;
-  bool fail(const std::string& reason);
-  bool failWithErrno();
 
   std::filesystem::path m_folder;
-  std::string m_problem;
   FileDescriptor m_lock;
   FileDescriptor m_socket;
 };

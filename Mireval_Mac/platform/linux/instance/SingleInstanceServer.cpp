@@ -16,9 +16,9 @@ namespace {
 using namespace std::chrono_literals;
 using Request = SingleInstance::Request;
 
-// Clients speak as soon as they have connected. Of those that do not, only so many are kept.
+// Clients send as soon as they have connected. Only so many silent ones are kept.
 constexpr std::size_t mostClients = 16;
-// A client that cannot be accepted would wake us again at once.
+// Without a pause, a client that cannot be accepted would wake the process again and again.
 constexpr auto pauseWithoutDescriptors = 1s;
 
 }  // namespace
@@ -59,7 +59,7 @@ void SingleInstanceServer::accept() {
 }
 
 void SingleInstanceServer::receive(const Client& client) {
-  // Room for more than a request, so that a longer message is no request.
+  // One byte more than a request, to recognise longer messages.
   std::array<char, 2> message{};
   const ssize_t length = recv(client.connection.get(), message.data(), message.size(), 0);
   if (length < 0 && (errno == EAGAIN || errno == EINTR)) {
@@ -68,7 +68,7 @@ void SingleInstanceServer::receive(const Client& client) {
   const auto place = std::ranges::find(m_clients, &client, &std::unique_ptr<Client>::get);
   const std::unique_ptr<Client> served = std::move(*place);
   m_clients.erase(place);
-  // It is calling right now.
+  // The notifier is the caller, so it must not be destroyed yet.
   served->readable->setEnabled(false);
   served->readable.release()->deleteLater();
 
