@@ -9,7 +9,7 @@ class DebugOutput {
  public:
   virtual ~DebugOutput() = default;
 
-  /// Writes the text and a newline. Never fails: output that nobody takes is lost.
+  /// Writes the text and a newline. Never fails: output without a reader is lost.
   virtual void writeLine(QStringView line) = 0;
 };
 

@@ -6,18 +6,18 @@
 
 namespace mireval {
 
-/// Turns image files into pictures. A picture comes back whole: nothing of its file is needed afterwards.
-/// Callable on any thread; takes tens of milliseconds for a large file.
+/// Decodes image files at once and completely; the file is not needed afterwards. Callable on any thread.
+/// Takes tens of milliseconds for a large file.
 class ImageDecoder {
  public:
   virtual ~ImageDecoder() = default;
 
-  /// The file's first picture, upright, its longer side at most `maxPixelSize` pixels: smaller pictures keep
-  /// their size, larger ones their proportions. A null image when the file is not a picture or when not even
-  /// one pixel is allowed.
+  /// The file's first picture, upright, its longer side at most `maxPixelSize` pixels. Smaller pictures keep
+  /// their size, larger ones their proportions. A null image if the file is not a picture or `maxPixelSize`
+  /// is below 1.
   virtual QImage thumbnail(const std::filesystem::path& file, double maxPixelSize) = 0;
 
-  /// The file's first picture, upright and in its own size; a null image when the file is not a picture.
+  /// The file's first picture, upright and in its own size; a null image if the file is not a picture.
   virtual QImage image(const std::filesystem::path& file) = 0;
 };
 

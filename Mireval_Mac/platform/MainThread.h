@@ -4,13 +4,13 @@
 
 namespace mireval {
 
-/// The way onto the UI thread.
+/// Hands tasks to the UI thread.
 class MainThread {
  public:
   virtual ~MainThread() = default;
 
-  /// Runs `task` later on the UI thread, after what is being done there now and in the order of the calls.
-  /// Callable on any thread. A task that has not run when the application ends is dropped.
+  /// Runs `task` later on the UI thread, after its current work and in the order of the calls. Callable on
+  /// any thread. Tasks that have not run when the application ends are dropped.
   virtual void async(std::function<void()> task) = 0;
 };
 

@@ -10,11 +10,11 @@ namespace mireval {
 
 /// A picture that the desktop's media controls may show.
 struct MediaItemArtwork {
-  /// Largest size that is worth asking for, in pixels.
+  /// The largest useful size, in pixels.
   QSize boundsSize;
-  /// The picture for a size in pixels; which size comes back is up to the maker. Callable on any thread.
+  /// Returns the picture for a size in pixels; its own size may differ. Callable on any thread.
   std::function<QImage(QSize size)> requestHandler;
-  /// Where the picture came from, for a desktop that rather loads it itself.
+  /// The file of the picture, for desktops that load it themselves.
   std::filesystem::path file;
 };
 

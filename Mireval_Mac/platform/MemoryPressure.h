@@ -4,13 +4,13 @@
 
 namespace mireval {
 
-/// Tells when the system is short of memory. Lives and signals on the UI thread.
+/// Signals shortages of memory, on the UI thread.
 class MemoryPressure : public QObject {
   Q_OBJECT
 
  Q_SIGNALS:
-  /// The system is short of memory at this moment: what can be had again should be let go. May come again
-  /// and again while the shortage lasts, and may never come where the system does not tell.
+  /// The system is short of memory now: release what can be loaded again. May repeat while the shortage
+  /// lasts, and never comes on systems that do not report it.
   void memoryIsShort();
 };
 

@@ -12,10 +12,10 @@ class UserDefaults {
  public:
   virtual ~UserDefaults() = default;
 
-  /// What is stored under the key; nothing when that is no text or when the store cannot be read.
+  /// The value of the key; nothing if there is none, if it is no text or if the store cannot be read.
   virtual std::optional<QString> string(QStringView key) const = 0;
 
-  /// Stores the value under the key. Other entries stay. What cannot be written is left as it was.
+  /// Stores the value under the key. Other entries stay. If the value cannot be stored, nothing changes.
   virtual void set(QStringView key, const QString& value) = 0;
 };
 

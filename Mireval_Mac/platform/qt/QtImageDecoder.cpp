@@ -15,26 +15,27 @@ bool fitsAllocationLimit(const QImageReader& reader) {
   constexpr qint64 bitsPerMegabyte = 8LL << 20;
   const qint64 limit = QImageReader::allocationLimit();
   const QSize size = reader.size();
-  // Qt counts at least 32 bits, because most pictures end up in that form.
+  // Like Qt, assume at least 32 bits: most pictures are decoded to that.
   const int bitsPerPixel = std::max<int>(QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel(), 32);
   return limit <= 0 || qint64{size.width()} * size.height() <= limit * bitsPerMegabyte / bitsPerPixel;
 }
 
-/// Ready to read; false when the file is not a picture that may be read.
+/// Opens the file for reading; false if it is not a picture or too large.
 bool open(QImageReader& reader, const std::filesystem::path& file) {
   std::error_code error;
-  // Opening a pipe would wait for whoever writes to it.
+  // Opening a pipe would wait for a writer.
   if (!std::filesystem::is_regular_file(file, error)) {
     return false;
   }
   reader.setFileName(QFile::decodeName(file.c_str()));
   reader.setAutoTransform(true);
-  // Qt itself would refuse it too, but with a warning, and not before scaling what can be read line by line.
+  // Qt refuses too large pictures itself, but with a warning, and only after scaling formats that it reads
+  // line by line.
   return reader.canRead() && !reader.size().isEmpty() && fitsAllocationLimit(reader);
 }
 
-/// `size` shrunk to `maxPixelSize` on the longer side. Turning the picture upright does not change that: the
-/// limit is the same for both sides.
+/// `size` reduced to `maxPixelSize` on the longer side. The limit is the same for both sides, so rotation
+/// does not matter.
 QSize fittedSize(QSize size, double maxPixelSize) {
   const int longer = std::max(size.width(), size.height());
   if (longer <= maxPixelSize) {
@@ -51,7 +52,7 @@ QSize fittedSize(QSize size, double maxPixelSize) {
 
 QImage QtImageDecoder::thumbnail(const std::filesystem::path& file, double maxPixelSize) {
   QImageReader reader;
-  // Written so that NaN fails too.
+  // The negation also rejects NaN.
   if (!(maxPixelSize >= 1) || !open(reader, file)) {
     return {};
   }

@@ -4,8 +4,8 @@
 
 namespace mireval {
 
-/// Decodes with Qt, whatever formats it has; the content decides, not the file's name. A picture whose pixels
-/// exceed QImageReader's allocation limit is refused unread.
+/// Decodes every format that Qt knows, by the file's content, not its name. Refuses pictures beyond
+/// QImageReader's allocation limit before it decodes them.
 class QtImageDecoder final : public ImageDecoder {
  public:
   QImage thumbnail(const std::filesystem::path& file, double maxPixelSize) override;

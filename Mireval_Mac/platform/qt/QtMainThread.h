@@ -6,7 +6,7 @@
 
 namespace mireval {
 
-/// Runs tasks on the thread that made this object, through Qt's event loop, and releases them there too,
+/// Runs tasks in the Qt event loop of the thread that created this object. Tasks are destroyed there too,
 /// with everything they hold.
 class QtMainThread final : public MainThread {
  public:

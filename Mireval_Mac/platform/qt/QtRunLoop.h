@@ -6,8 +6,8 @@
 
 namespace mireval {
 
-/// Timers on Qt's event loop. They are coarse (within 5 % of the interval), so that the system can serve
-/// several wake-ups at once.
+/// Timers of Qt's event loop. They are coarse (within 5 % of the interval), so the system can combine
+/// wake-ups.
 class QtRunLoop final : public RunLoop {
  public:
   ~QtRunLoop() override;

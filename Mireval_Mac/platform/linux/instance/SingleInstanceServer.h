@@ -12,18 +12,18 @@
 
 namespace mireval {
 
-/// Takes the requests of later copies on the event loop of the thread that made it. Nothing waits for them:
-/// clients may be silent, talk nonsense or be many.
+/// Receives the requests of later copies in the event loop of the thread that created it. Nothing blocks:
+/// clients may stay silent, send nonsense or be many.
 class SingleInstanceServer final : public QObject {
   Q_OBJECT
 
  public:
-  /// Listens on the socket of `instance`, which must outlive the server; does nothing if that has none.
+  /// Listens on the socket of `instance`, which must outlive the server. Does nothing if it has none.
   explicit SingleInstanceServer(const SingleInstance& instance);
   ~SingleInstanceServer() override;
 
  Q_SIGNALS:
-  /// A later copy asks for this. It is answered when the slots that are called directly have returned.
+  /// A later copy asks for this. The answer is sent when the directly connected slots have returned.
   void requested(mireval::SingleInstance::Request request);
 
  private:

@@ -6,10 +6,10 @@
 
 namespace mireval {
 
-/// Owns a descriptor of the system, or none.
+/// Owns a file descriptor, or none.
 class FileDescriptor final {
  public:
-  /// Takes what a system call returned, which may be -1.
+  /// Takes ownership of the result of a system call; -1 means none.
   explicit FileDescriptor(int descriptor = -1) : m_descriptor(descriptor) {}
   FileDescriptor(FileDescriptor&& other) noexcept : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
   FileDescriptor& operator=(FileDescriptor&& other) noexcept {
