@@ -33,7 +33,7 @@ void FakeMainThread::runAll() {
 }
 
 void FakeMainThread::dropAll() {
-  // Released without the lock: what a task holds may call back when it goes.
+  // Destroyed without the lock: the destructors may call back.
   std::deque<std::function<void()>> dropped;
   {
     const std::lock_guard lock(m_mutex);

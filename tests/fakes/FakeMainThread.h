@@ -10,7 +10,7 @@
 
 namespace mireval {
 
-/// Keeps the tasks until the test, which plays the UI thread, runs them.
+/// Keeps the tasks until the test runs them, in place of the UI thread.
 class FakeMainThread final : public MainThread {
  public:
   explicit FakeMainThread(std::shared_ptr<EventLog> log = makeEventLog());
@@ -19,10 +19,10 @@ class FakeMainThread final : public MainThread {
 
   std::size_t pending() const;
 
-  /// Runs and releases the tasks in order, also those that they add, until none is left.
+  /// Runs and destroys the tasks in order, including those that they add, until none is left.
   void runAll();
 
-  /// Releases the tasks without running them, as at the end of the application.
+  /// Destroys the tasks without running them, as at the end of the application.
   void dropAll();
 
  private:

@@ -27,13 +27,13 @@ using namespace Qt::StringLiterals;
 
 constexpr QStringView optionKey = u"app.language.option";
 
-/// Lets file permissions count while it lives, also for the superuser.
+/// While it exists, file permissions apply to the superuser too.
 class WithoutPrivileges {
  public:
   WithoutPrivileges() {
     if (m_user == 0) {
       constexpr uid_t nobody = 65534;
-      // Also as the real user, whom access(2) goes by.
+      // access(2) checks the real user, so that one changes too.
       EXPECT_EQ(setresuid(nobody, nobody, m_user), 0);
     }
   }
@@ -45,7 +45,7 @@ class WithoutPrivileges {
   const uid_t m_user = geteuid();
 };
 
-/// Lets no file grow beyond a size while it lives, as on a full disk.
+/// While it exists, no file can grow beyond a size, as on a full disk.
 class FileSizeLimit {
  public:
   explicit FileSizeLimit(rlim_t bytes) {
@@ -62,14 +62,14 @@ class FileSizeLimit {
 
  private:
   rlimit m_before{};
-  // Else the signal would end the test.
+  // The default action of the signal would end the test.
   void (*m_handlerBefore)(int) = std::signal(SIGXFSZ, SIG_IGN);
 };
 
 class IniUserDefaultsTest : public testing::Test {
  protected:
   IniUserDefaultsTest() {
-    // Others may look into it, but not write.
+    // Others may read it, but not write.
     fs::permissions(m_folder.path(), fs::perms(0755));
   }
 
@@ -85,7 +85,7 @@ class IniUserDefaultsTest : public testing::Test {
   }
   std::string content() const { return contentOf(file()); }
 
-  /// Everything in the folder with its content and the moment of its last change: equal only if nobody wrote.
+  /// All entries of the folder with content and time of the last change, to show that nobody wrote.
   std::map<fs::path, std::string> everything() const {
     std::map<fs::path, std::string> entries;
     const auto add = [&entries](const fs::path& path) {
@@ -108,7 +108,7 @@ class IniUserDefaultsTest : public testing::Test {
     EXPECT_EQ(everything(), before);
   }
 
-  /// But for a lock, which may have come and gone.
+  /// Apart from a lock, which may have existed meanwhile.
   void expectNothingWritten() const {
     auto before = everything();
     defaults().set(optionKey, u"japanese"_s);
@@ -118,7 +118,7 @@ class IniUserDefaultsTest : public testing::Test {
     EXPECT_EQ(after, before);
   }
 
-  /// Nothing but the one file, hence no lock and no half-written copy.
+  /// The folder holds only the one file: no lock and no half-written copy.
   void expectOnlyTheFile() const {
     EXPECT_EQ(std::distance(fs::directory_iterator(m_folder.path()), {}), 1);
     EXPECT_TRUE(fs::is_regular_file(file()));
@@ -351,7 +351,7 @@ TEST_F(IniUserDefaultsTest, AFullDiskLeavesTheFileAsItWas) {
   text.resize(10'000, 'n');
   text += '\n';
   write(text);
-  // Too full for anything; for the file, but not for the lock.
+  // No room at all; then room for the lock only.
   for (const rlim_t limit : {0, 4096}) {
     {
       const FileSizeLimit full(limit);

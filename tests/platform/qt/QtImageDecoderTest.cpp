@@ -120,7 +120,7 @@ TEST_F(QtImageDecoderTest, ColoursAndTransparencyAreKept) {
   EXPECT_EQ(opaque.pixelColor(810, 1590), QColor(0, 0, 255));
 }
 
-// Nothing is left to read once the picture is there.
+// The picture is decoded at once.
 TEST_F(QtImageDecoderTest, APictureSurvivesItsFile) {
   const fs::path file = write(picture(1700, 100));
   const QImage thumbnail = m_decoder.thumbnail(file, maxPixelSize);
@@ -142,7 +142,7 @@ TEST_F(QtImageDecoderTest, ThePixelSizeIsTheTests) {
   }
 }
 
-/// The JPEG with the EXIF note that it is to be turned by 90 degrees clockwise.
+/// The JPEG with an EXIF entry that says to rotate it by 90 degrees clockwise.
 QByteArray lyingOnItsSide(const QByteArray& jpeg) {
   static constexpr char exif[] =
       "\xff\xe1\0\x22"
@@ -185,27 +185,23 @@ TEST_F(QtImageDecoderTest, WhatIsNoPictureFails) {
   expectNoPicture(write(QByteArray(1 << 20, '\0')));
   fs::create_directory(path("folder.png"));
   expectNoPicture(path("folder.png"));
-  // Nobody will ever write to it.
+  // A pipe without a writer.
   ASSERT_EQ(mkfifo(path("pipe.png").c_str(), 0600), 0);
   expectNoPicture(path("pipe.png"));
 }
 
-TEST_F(QtImageDecoderTest, TruncatedFilesFail) {
+TEST_F(QtImageDecoderTest, TruncatedAndDamagedFilesFail) {
   const QByteArray whole = bytesOf(write(picture(2000, 100)));
   for (const qsizetype length : {4LL, 8LL, 20LL, 33LL, 60LL, whole.size() / 2}) {
     ASSERT_LT(length, whole.size());
     expectNoPicture(write(whole.first(length)));
   }
-}
-
-TEST_F(QtImageDecoderTest, DamagedFilesFail) {
-  const QByteArray whole = bytesOf(write(picture(2000, 100)));
   QByteArray damaged = whole;
   damaged.replace(whole.indexOf("IDAT") + 4, 20, QByteArray(20, '\xff'));
   expectNoPicture(write(damaged));
 }
 
-/// A PNG up to where its pixels would begin.
+/// The start of a PNG, without its pixels.
 QByteArray pngHeader(quint32 width, quint32 height, char colourType) {
   QByteArray header("IHDR");
   quint32 number = qToBigEndian(width);
@@ -233,7 +229,7 @@ TEST_F(QtImageDecoderTest, PicturesBeyondTheAllocationLimitAreRefusedQuietly) {
     expectNoPicture(write(pngHeader(60000, 60000, type)));
     expectNoPicture(write(pngHeader(1000000, 1000000, type)));
   }
-  // Twice a second it would fill the log.
+  // A warning twice a second would fill the log.
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
@@ -244,7 +240,7 @@ TEST_F(QtImageDecoderTest, ImpossibleSizesFail) {
   expectNoPicture(write(pngHeader(0, 10, colour)));
 }
 
-// The limit itself is not refused, one line more is; a limit of one megabyte is 512 by 512 pixels.
+// A picture at the limit is decoded, one with another line is not. One megabyte is 512 by 512 pixels.
 TEST_F(QtImageDecoderTest, TheAllocationLimitIsThatOfTheReader) {
   const int before = QImageReader::allocationLimit();
   QImageReader::setAllocationLimit(1);

@@ -72,7 +72,7 @@ TEST_F(QtMainThreadTest, TasksFromAnotherThreadRunOnThisOne) {
   }
 }
 
-// What a task holds may be the last reference to something that belongs to the UI thread.
+// A task may hold the last reference to an object that belongs to the UI thread.
 TEST_F(QtMainThreadTest, TasksFromAnotherThreadAreReleasedOnThisOne) {
   QtMainThread mainThread;
   constexpr int tasks = 5000;

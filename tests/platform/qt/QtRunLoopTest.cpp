@@ -18,7 +18,7 @@ class QtRunLoopTest : public testing::Test {
  protected:
   static constexpr std::chrono::milliseconds patience = 5s;
 
-  /// Runs the event loop until the condition holds, or patience ends.
+  /// Runs the event loop until the condition holds, or time is up.
   static bool runUntil(const std::function<bool()>& condition) {
     QElapsedTimer elapsed;
     elapsed.start();
@@ -90,7 +90,7 @@ TEST_F(QtRunLoopTest, TheBlockMayInvalidateItsOwnTimer) {
   EXPECT_EQ(fired, 1);
 }
 
-// Scheduling lets go of invalidated timers, here of the one whose block is running.
+// Scheduling releases invalidated timers, here the one whose block is running.
 TEST_F(QtRunLoopTest, TheBlockMayReplaceItsOwnTimer) {
   int first = 0;
   int second = 0;
@@ -124,7 +124,7 @@ TEST_F(QtRunLoopTest, FiresInsideANestedEventLoop) {
   int fired = 0;
   m_runLoop.scheduleRepeatingTimer(5ms, [&fired] { ++fired; });
   QTimer::singleShot(0, [&fired] {
-    // As a menu does while it is open.
+    // An open menu runs such a loop.
     const int before = fired;
     runFor(100ms);
     EXPECT_GT(fired, before);

@@ -13,7 +13,7 @@
 namespace mireval {
 namespace {
 
-/// Puts a pipe in the place of standard output.
+/// Replaces standard output by a pipe.
 class StandardOutputTest : public testing::Test {
  protected:
   StandardOutputTest() {
@@ -78,7 +78,7 @@ TEST_F(StandardOutputTest, TextIsNoFormat) {
 }
 
 TEST_F(StandardOutputTest, OutputThatNobodyTakesIsLost) {
-  // As the program does at its start.
+  // The program does so at its start.
   const auto before = std::signal(SIGPIPE, SIG_IGN);
   StandardOutput output;
   closeReader();

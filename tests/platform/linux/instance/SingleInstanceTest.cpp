@@ -38,10 +38,10 @@ using Clock = std::chrono::steady_clock;
 using Outcome = SingleInstance::Outcome;
 using Request = SingleInstance::Request;
 
-// Far beyond what any of it takes; reached only when something hangs.
+// Much longer than any test takes; reached only if something hangs.
 constexpr auto longest = 20s;
 
-/// Copies are objects here; another process would find the same lock and socket.
+/// Here copies are objects of one process; another process would find the same lock and socket.
 class SingleInstanceTest : public testing::Test {
  protected:
   SingleInstance makeCopy() const { return SingleInstance(folder()); }
@@ -58,7 +58,7 @@ class SingleInstanceTest : public testing::Test {
                       [&copy, request, patience] { return copy.elect(request, patience).value(); });
   }
 
-  /// Runs the event loop until the condition holds; fails the test when it never does.
+  /// Runs the event loop until the condition holds; fails the test if it never does.
   template <typename Condition>
   static void waitFor(Condition condition) {
     const auto limit = Clock::now() + longest;
@@ -73,7 +73,7 @@ class SingleInstanceTest : public testing::Test {
     return election.get();
   }
 
-  /// A client that is not one of ours, connected to the copy's socket.
+  /// A foreign client, connected to the socket of the first copy.
   FileDescriptor connectClient() const {
     FileDescriptor client(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     const auto address = unixSocketAddress((folder() / "socket").native());
@@ -81,7 +81,7 @@ class SingleInstanceTest : public testing::Test {
     return client;
   }
 
-  /// What the copy has sent: nothing yet, an empty text at the end of the connection, or the answer.
+  /// What the first copy has sent: nothing yet, the answer, or an empty text if it closed the connection.
   static std::optional<std::string> receivedBy(const FileDescriptor& client) {
     std::array<char, 16> buffer{};
     const ssize_t length = recv(client.get(), buffer.data(), buffer.size(), 0);
@@ -198,7 +198,7 @@ TEST_F(SingleInstanceTest, ACopyWhoseRequestOutlivesTheFirstOneTakesItsPlace) {
   EXPECT_EQ(election.wait_for(50ms), std::future_status::timeout);
   first.reset();
   EXPECT_EQ(outcomeOf(election), Outcome::elected);
-  // And can be reached itself.
+  // It accepts requests itself.
   const ServingCopy serving(later);
   SingleInstance third = makeCopy();
   auto thirdElection = electElsewhere(third);
@@ -298,7 +298,7 @@ TEST_F(SingleInstanceTest, ManySilentClientsKeepNobodyOut) {
   SingleInstance later = makeCopy();
   auto election = electElsewhere(later);
   EXPECT_EQ(outcomeOf(election), Outcome::handedOver);
-  // Only some are kept, the youngest.
+  // Only the most recent ones are kept.
   EXPECT_EQ(receivedBy(silent.front()), "");
   EXPECT_EQ(receivedBy(silent.back()), std::nullopt);
   EXPECT_LE(std::ranges::count_if(silent, [](const FileDescriptor& client) { return !receivedBy(client); }),
@@ -370,7 +370,7 @@ TEST_F(SingleInstanceTest, TheFolderIsTheSessionsOwn) {
   }
 }
 
-/// Whatever is wrong with the folder: the copy runs, says why, and keeps nothing.
+/// With an unusable folder the copy is on its own, says why, and holds no lock and no socket.
 class UnusableFolderTest : public SingleInstanceTest {
  protected:
   static void expectIndependent(const fs::path& folder, const std::string& reason) {
@@ -439,7 +439,7 @@ TEST_F(UnusableFolderTest, SocketThatCannotBeMade) {
   fs::create_directories(folder() / "socket");
   fs::permissions(folder(), fs::perms::owner_all);
   expectIndependent(folder(), "Address already in use");
-  // The lock is let go, so that a later copy does not wait for this one.
+  // The lock is released, so a later copy does not wait for this one.
   SingleInstance alone = makeCopy();
   EXPECT_FALSE(alone.elect(Request::showPanel, 0ms));
   fs::remove(folder() / "socket");

@@ -151,7 +151,7 @@ class KernelMemoryPressureTest : public testing::TestWithParam<bool> {
     });
   }
 
-  /// Runs the event loop, not a step longer than until the condition holds, and at most for some seconds.
+  /// Runs the event loop until the condition holds, at most for some seconds.
   static bool waitFor(const std::function<bool()>& condition) {
     const QDeadlineTimer deadline(5000);
     while (!condition() && !deadline.hasExpired()) {
@@ -160,10 +160,10 @@ class KernelMemoryPressureTest : public testing::TestWithParam<bool> {
     return condition();
   }
 
-  /// Whether the event loop has anything to do but wait.
+  /// Whether the event loop keeps doing something.
   static bool isBusy() {
     bool busy = false;
-    // What is under way may end; an event loop that spins never does.
+    // Pending work ends within some turns; an event loop that spins never rests.
     for (int i = 0; i < 20; ++i) {
       busy = QCoreApplication::eventDispatcher()->processEvents(QEventLoop::AllEvents);
     }
@@ -183,7 +183,7 @@ TEST_P(KernelMemoryPressureTest, WithoutAFileThereIsNoSignal) {
   EXPECT_FALSE(isBusy());
 }
 
-// A socket's urgent byte is a POLLPRI like that of the kernel's pressure files.
+// An urgent byte on a socket shows POLLPRI, as the kernel's pressure files do.
 TEST_P(KernelMemoryPressureTest, AnExceptionalConditionIsASignal) {
   const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
   sockaddr_in address{};

@@ -17,7 +17,7 @@ long residentPages() {
 }
 
 TEST(UnusedMemoryTest, GivesBackWhatIsNotUsedAndBreaksNothing) {
-  // Pieces too small for maps of their own, with something behind them that keeps the heap from shrinking.
+  // Blocks too small for a mapping of their own, and a last one that keeps the heap from shrinking.
   std::vector<std::unique_ptr<char[]>> pieces;
   for (int i = 0; i < 4000; ++i) {
     pieces.push_back(std::make_unique<char[]>(4096));
@@ -32,7 +32,7 @@ TEST(UnusedMemoryTest, GivesBackWhatIsNotUsedAndBreaksNothing) {
 TEST(UnusedMemoryTest, LargeBlocksAreReturnedWhenFreed) {
   constexpr std::size_t large = 10 << 20;
   constexpr int count = 12;
-  // Freeing a block of that size is what makes the allocator keep such blocks in the heap.
+  // By default, freeing such a block makes the allocator take later ones from the heap.
   std::make_unique<char[]>(2 * large).reset();
   useMmapForLargeBlocks();
   std::vector<std::unique_ptr<char[]>> blocks;
@@ -45,7 +45,7 @@ TEST(UnusedMemoryTest, LargeBlocksAreReturnedWhenFreed) {
   }
   const long before = residentPages();
   blocks.clear();
-  // The first blocks may have found room in the heap of the tests before this one.
+  // The heap left by earlier tests may have had room for the first blocks.
   constexpr long pages = count / 2 * (large / 4096);
   EXPECT_LT(residentPages(), before - pages);
 }
