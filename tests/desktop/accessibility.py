@@ -1,15 +1,15 @@
 """Reads what an application shows from the desktop's accessibility bus, as a screen reader does."""
 
-import json
-import subprocess
+from contextlib import closing, suppress
 from functools import cached_property
 
-from bus_connection import BusConnection
+from dbus import PROPERTIES_IFACE, DBusException
+from dbus.bus import BusConnection
 
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 ACTION = "org.a11y.atspi.Action"
 COMPONENT = "org.a11y.atspi.Component"
-SCREEN_COORDINATES = "0"
+SCREEN_COORDINATES = 0
 # Elements that an application tells of are numbered from one.
 LAST_TOLD_ELEMENT = 30
 
@@ -26,8 +26,7 @@ class Element:
     @cached_property
     def role(self):
         """Empty when the element is gone."""
-        role = self._accessibility.call(*self.place, ACCESSIBLE, "GetRoleName")
-        return role[0] if role else ""
+        return self._accessibility.call(*self.place, ACCESSIBLE, "GetRoleName") or ""
 
     @cached_property
     def extents(self):
@@ -35,7 +34,7 @@ class Element:
         extents = self._accessibility.call(*self.place, COMPONENT, "GetExtents", "u", SCREEN_COORDINATES)
         if extents is None:
             raise AssertionError(f"the element '{self.name}' is gone")
-        return extents[0]
+        return tuple(map(int, extents))
 
     @property
     def centre(self):
@@ -44,42 +43,41 @@ class Element:
 
 
 class Accessibility:
-    def __init__(self, environment):
-        self._environment = environment
-        self._address = None
-        self._listener = None
+    def __init__(self, session_bus):
+        """The address of the session's message bus."""
+        self._session_bus = session_bus
+        self._bus = None
 
     def close(self):
-        if self._listener:
-            self._listener.close()
+        if self._bus:
+            self._bus.close()
 
-    def _busctl(self, *arguments):
-        """The reply's values; None when the object is gone, as elements may be at any time."""
-        result = subprocess.run(
-            ["busctl", "--json=short", "--timeout=5", *arguments],
-            env=self._environment, capture_output=True, text=True, timeout=10)
-        return json.loads(result.stdout)["data"] if result.returncode == 0 else None
-
-    def call(self, name, path, interface, method, *arguments):
-        return self._busctl(f"--address={self._address}", "call", name, path, interface, method, *arguments)
+    def call(self, name, path, interface, method, signature="", *arguments):
+        """The reply; None when the object is gone, as elements may be at any time."""
+        try:
+            return self._bus.call_blocking(name, path, interface, method, signature, arguments, timeout=5)
+        except DBusException:
+            return None
 
     def _connect(self):
-        if self._address is None:
-            reply = self._busctl("--user", "call", "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")
-            self._address = reply[0] if reply else None
-        return self._address is not None
+        if self._bus is None:
+            with closing(BusConnection(self._session_bus)) as session_bus, suppress(DBusException):
+                self._bus = BusConnection(session_bus.call_blocking(
+                    "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", "", (), timeout=5))
+        return self._bus is not None
+
+    def _name(self, name, path):
+        return self.call(name, path, PROPERTIES_IFACE, "Get", "ss", ACCESSIBLE, "Name")
 
     def _describe(self, name, path):
-        title = self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE, "Name")
-        return None if title is None else Element(self, title, (name, path))
+        title = self._name(name, path)
+        return None if title is None else Element(self, str(title), (name, path))
 
     def _roots_of(self, application):
         if not self._connect():
             return []
         roots = self._children_of("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
-        return [(name, path) for name, path in roots
-                if self._busctl(f"--address={self._address}", "get-property", name, path, ACCESSIBLE,
-                                "Name") == application]
+        return [place for place in roots if self._name(*place) == application]
 
     def windows(self, application):
         """The windows of the running application of that name."""
@@ -96,16 +94,14 @@ class Accessibility:
     def press(self, element):
         """Does what a click would, as a screen reader or a voice does; returns whether the element could."""
         names = self.call(*element.place, ACTION, "GetActions")
-        number = next((number for number, action in enumerate((names or [[]])[0]) if action[0] == "Press"), None)
-        return number is not None and self.call(*element.place, ACTION, "DoAction", "i", str(number)) == [True]
+        number = next((number for number, action in enumerate(names or []) if action[0] == "Press"), None)
+        return number is not None and self.call(*element.place, ACTION, "DoAction", "i", number) == 1
 
     def listen(self):
         """Lets applications tell of what they open from now on, for `opened_elements`."""
         assert self._connect(), "no accessibility bus"
-        self._listener = BusConnection(self._address)
-        self._listener.send("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry",
-                            "RegisterEvent", "sass", "object:state-changed", [], "")
-        assert self._listener.receive_answers(1) == 1, "no events from the accessibility bus"
+        self._bus.call_blocking("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry",
+                                "RegisterEvent", "sass", ("object:state-changed", [], ""))
 
     def opened_elements(self, application):
         """All named elements of what has opened outside of the application's windows, as the menus of a panel's
@@ -119,8 +115,7 @@ class Accessibility:
         return found
 
     def _children_of(self, name, path):
-        children = self.call(name, path, ACCESSIBLE, "GetChildren")
-        return (children or [[]])[0]
+        return self.call(name, path, ACCESSIBLE, "GetChildren") or []
 
     def _collect(self, name, path, found):
         for child_name, child_path in self._children_of(name, path):

@@ -1,9 +1,10 @@
 """The desktop's settings portal, played by python3-dbusmock on the session's message bus."""
 
 import json
+import sys
 from pathlib import Path
 
-from session import DEBIAN_PYTHON, wait_for
+from session import wait_for
 
 NAME = "org.freedesktop.portal.Desktop"
 PATH = "/org/freedesktop/portal/desktop"
@@ -37,7 +38,7 @@ def offer_on_demand(session, preference):
     """Lets the bus start the portal when somebody calls it."""
     services = Path(session.environment["XDG_DATA_HOME"], "dbus-1/services")
     services.mkdir(parents=True)
-    command = " ".join(f"'{part}'" for part in (DEBIAN_PYTHON, "-B", "-m", "dbusmock", *_arguments(preference)))
+    command = " ".join(f"'{part}'" for part in (sys.executable, "-B", "-m", "dbusmock", *_arguments(preference)))
     (services / f"{NAME}.service").write_text(f"[D-BUS Service]\nName={NAME}\nExec={command}\n", encoding="utf-8")
     session.run("busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                 "ReloadConfig")

@@ -1,5 +1,6 @@
 """Pictures of the screen."""
 
+import struct
 import subprocess
 
 from png import write_png
@@ -16,25 +17,47 @@ def centre_of(rectangle):
 
 
 class Screenshot:
-    def __init__(self, environment, command=("import", "-window", "root", "-depth", "8", "ppm:-")):
+    def __init__(self, width, height, pixels):
+        """The pixels are bytes red, green, blue, row by row from the top."""
+        self.width, self.height, self.pixels = width, height, pixels
+
+    @classmethod
+    def by_command(cls, environment, *command):
         """The command writes the picture as PPM."""
         ppm = subprocess.run(command, env=environment, capture_output=True, timeout=20, check=True).stdout
-        magic, size, depth, self.pixels = ppm.split(b"\n", 3)
+        magic, size, depth, pixels = ppm.split(b"\n", 3)
         assert magic == b"P6" and depth == b"255", (magic, depth)
-        self.width, self.height = map(int, size.split())
+        return cls(*map(int, size.split()), pixels)
+
+    @classmethod
+    def of_framebuffer(cls, file):
+        """The file is the one to which Xvfb draws, in the format of xwd."""
+        content = file.read_bytes()
+        header = struct.unpack(">25I", content[:100])
+        size, width, height, bits, line, colours = (header[field] for field in (0, 4, 5, 11, 12, 19))
+        assert (bits, line) == (32, 4 * width), (bits, line)
+        start = size + 12 * colours
+        pixels = bytearray(3 * width * height)
+        for channel in range(3):
+            pixels[channel::3] = content[start + 2 - channel:start + line * height:4]
+        return cls(width, height, bytes(pixels))
 
     def pixel(self, x, y):
         start = 3 * (y * self.width + x)
         return tuple(self.pixels[start:start + 3])
 
     def _points(self, colour):
-        for y in range(self.height):
-            row = self.pixels[3 * y * self.width:3 * (y + 1) * self.width]
-            # The blue channel sorts out nearly all of a grey desktop at once.
-            for x, blue in enumerate(row[2::3]):
-                if abs(blue - colour[2]) < 20 and all(
-                        abs(row[3 * x + channel] - colour[channel]) < 20 for channel in (0, 1)):
-                    yield x, y
+        """The places of all pixels near the colour, row by row."""
+        near = -1
+        for channel, wanted in enumerate(colour):
+            is_near = bytes(abs(value - wanted) < 20 for value in range(256))
+            # All pixels at once: a loop over them would take most of the time that the tests need.
+            near &= int.from_bytes(self.pixels[channel::3].translate(is_near), "big")
+        hits = near.to_bytes(self.width * self.height, "big")
+        place = hits.find(1)
+        while place >= 0:
+            yield place % self.width, place // self.width
+            place = hits.find(1, place + 1)
 
     def icons(self, colour=ICON_COLOUR):
         """Left, top, width and height of each area in the colour."""

@@ -5,9 +5,13 @@ import os
 import select
 import signal
 import subprocess
+import sys
 import tempfile
 import time
+from contextlib import closing
 from pathlib import Path
+
+from dbus.bus import BusConnection
 
 from accessibility import Accessibility
 from screen import Screenshot
@@ -15,8 +19,6 @@ from screen import Screenshot
 PR_SET_PDEATHSIG = 1
 PR_SET_CHILD_SUBREAPER = 36
 LIBC = ctypes.CDLL(None, use_errno=True)
-# The one that Debian's Python packages are installed for.
-DEBIAN_PYTHON = "/usr/bin/python3"
 
 
 def wait_for(condition, what, seconds=15):
@@ -27,7 +29,7 @@ def wait_for(condition, what, seconds=15):
             return value
         if time.monotonic() > limit:
             raise AssertionError(f"waited {seconds} s in vain for {what}")
-        time.sleep(0.1)
+        time.sleep(0.05)
 
 
 def _die_with_parent():
@@ -109,7 +111,7 @@ class Session:
         self._screenshots = Path(screenshots)
         self._screenshots.mkdir(parents=True, exist_ok=True)
         self.environment = self._private_environment()
-        self.accessibility = Accessibility(self.environment)
+        self.accessibility = Accessibility(self.environment["DBUS_SESSION_BUS_ADDRESS"])
         self._processes = []
         try:
             self.start_bus()
@@ -201,7 +203,7 @@ class Session:
 
     def start_mock(self, *arguments):
         """A service on a message bus that python3-dbusmock plays; the arguments are its."""
-        return self.start([DEBIAN_PYTHON, "-B", "-m", "dbusmock", *arguments])
+        return self.start([sys.executable, "-B", "-m", "dbusmock", *arguments])
 
     def configure_panel(self, thickness, plugins):
         """What xfce4-panel starts with: its thickness in pixels, and settings of three plugins."""
@@ -211,14 +213,18 @@ class Session:
         (folder / "xfce4-panel.xml").write_text(configuration, encoding="utf-8")
 
     def _bus_has(self, name):
-        return "true" in self.run("busctl", "--user", "call", "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                  "org.freedesktop.DBus", "NameHasOwner", "s", name).stdout
+        with closing(BusConnection(self.environment["DBUS_SESSION_BUS_ADDRESS"])) as bus:
+            return bus.name_has_owner(name)
+
+    def _start_x_server(self):
+        # Without a reset when its last client leaves, which may be one that only asked whether the server is there.
+        # Without a pointer in the picture.
+        _, display = self._start_announcing("Xvfb", "-screen", "0", f"{self._screen_size}x24", "-nolisten", "tcp",
+                                            "-noreset", "-nocursor", "-fbdir", str(self.folder), "-displayfd", "{}")
+        self.environment["DISPLAY"] = f":{display}"
 
     def _start_screen(self):
-        # Without a reset whenever its last client leaves: it would take a window manager that is just coming along.
-        _, display = self._start_announcing("Xvfb", "-screen", "0", f"{self._screen_size}x24", "-nolisten", "tcp",
-                                            "-noreset", "-displayfd", "{}")
-        self.environment["DISPLAY"] = f":{display}"
+        self._start_x_server()
         self.start(["openbox"])
         wait_for(lambda: self.run("xdotool", "get_desktop").returncode == 0, "the window manager")
 
@@ -238,9 +244,12 @@ class Session:
         wait_for(lambda: self.run("pactl", "info").returncode == 0, "the sound server")
 
     def screenshot(self, name):
-        shot = Screenshot(self.environment)
+        shot = self._capture()
         shot.save(self._screenshots / f"{name}.png")
         return shot
+
+    def _capture(self):
+        return Screenshot.of_framebuffer(self.folder / "Xvfb_screen0")
 
     def windows(self, *criteria):
         """The visible windows that meet xdotool's criteria."""

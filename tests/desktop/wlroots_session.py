@@ -58,11 +58,9 @@ class WlrootsSession(Session):
         self._bar.kill()
         self._bar.wait(10)
 
-    def screenshot(self, name):
+    def _capture(self):
         # One pixel for each of the desktop's own, whatever the scale of the screens.
-        shot = Screenshot(self.environment, ("grim", "-s", "1", "-t", "ppm", "-"))
-        shot.save(self._screenshots / f"{name}.png")
-        return shot
+        return Screenshot.by_command(self.environment, "grim", "-s", "1", "-t", "ppm", "-")
 
     def _input_command(self, *words):
         self._input.stdin.write(" ".join(map(str, words)) + "\n")

@@ -113,14 +113,12 @@ class GnomeSession(Session):
         """What the bar leaves of the screen: left, top, width and height."""
         return self.evaluate("(a => [a.x, a.y, a.width, a.height])(Main.layoutManager.getWorkAreaForMonitor(0))")
 
-    def screenshot(self, name):
+    def _capture(self):
         file = self.folder / "screenshot.png"
         result = self.run("busctl", "--user", "call", "org.gnome.Shell.Screenshot", "/org/gnome/Shell/Screenshot",
                           "org.gnome.Shell.Screenshot", "Screenshot", "bbs", "false", "false", str(file))
         assert result.returncode == 0, result.stderr
-        shot = Screenshot(self.environment, ("convert", str(file), "-depth", "8", "ppm:-"))
-        shot.save(self._screenshots / f"{name}.png")
-        return shot
+        return Screenshot.by_command(self.environment, "convert", str(file), "-depth", "8", "ppm:-")
 
     def move_pointer(self, position):
         x, y = position

@@ -12,7 +12,6 @@ from pathlib import Path
 HERE = Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent / "desktop"))
 
-from screen import Screenshot  # noqa: E402
 from session import BUTTONS, Session, wait_for  # noqa: E402
 
 # In the desktop's own units.
@@ -49,11 +48,9 @@ class PlasmaSession(Session):
         super().__init__(screenshots, tray=False, **options)
 
     def _start_screen(self):
-        # Without a reset whenever its last client leaves, which may be one that only asked whether it is there.
-        _, display = self._start_announcing("Xvfb", "-screen", "0", f"{self._screen_size}x24", "-nolisten", "tcp",
-                                            "-noreset", "-displayfd", "{}")
+        self._start_x_server()
         self.environment.update({
-            "DISPLAY": f":{display}", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
+            "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
             "KDE_SESSION_VERSION": "6", "XDG_SESSION_TYPE": self.kind})
         # Of what is seen, and of what moves the pointer and presses keys.
         self._screen_environment = dict(self.environment)
@@ -117,11 +114,6 @@ class PlasmaSession(Session):
         """What the bar leaves of the screen, as X11 programs are told: left, top, width and height."""
         values = self._succeed("xprop", "-root", "_NET_WORKAREA").partition("=")[2].split(",")
         return tuple(map(int, values[:4]))
-
-    def screenshot(self, name):
-        shot = Screenshot(self._screen_environment)
-        shot.save(self._screenshots / f"{name}.png")
-        return shot
 
     def _run_on_screen(self, *command):
         result = subprocess.run(command, env=self._screen_environment, capture_output=True, text=True, timeout=20)
