@@ -14,10 +14,8 @@ import sys
 import time
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests" / "desktop"))
-
-from player import Player  # noqa: E402
-from session import Session, wait_for  # noqa: E402
+from player import Player
+from session import Session, wait_for
 
 BUILD = Path(sys.argv[1]).resolve()
 TRACK = BUILD / "resources" / "PreviewAudio" / "focus-1.m4a"

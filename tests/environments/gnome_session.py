@@ -3,15 +3,11 @@ Xwayland; its own interface for debugging moves the pointer and the keyboard.
 """
 
 import json
-import sys
 import time
 from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent / "desktop"))
-
-from screen import Screenshot  # noqa: E402
-from session import Session, wait_for  # noqa: E402
+from screen import Screenshot
+from session import Session, wait_for
 
 SCREEN_SIZE = (1280, 800)
 SETTINGS = """[org/gnome/shell]

@@ -7,7 +7,7 @@ usage: gnome_test.py [test class], with the environment of wayland_case.py
 import sys
 import unittest
 
-from gnome_session import SCREEN_SIZE, GnomeSession  # isort: skip, for the path
+from gnome_session import SCREEN_SIZE, GnomeSession
 from media import Playerctl
 from session import wait_for
 from sway_session import leave_root

@@ -5,14 +5,10 @@ Positions and pictures are in the screen's pixels, whatever the scale.
 
 import re
 import subprocess
-import sys
 import time
 from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent / "desktop"))
-
-from session import BUTTONS, Session, wait_for  # noqa: E402
+from session import BUTTONS, Session, wait_for
 
 # In the desktop's own units.
 WIDTH, HEIGHT = 1280, 800

@@ -9,17 +9,16 @@ import subprocess
 import sys
 from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent / "desktop"))
+from session import Session
 
-from session import Session  # noqa: E402
+FONTS = Path(__file__).with_name("fonts.conf")
 
 
 def main(scale, *command):
     session = Session(os.environ["MIREVAL_SCREENSHOTS"], tray=False, sound=False)
     try:
         environment = {**session.environment, "QT_SCALE_FACTOR": scale, "QT_QPA_PLATFORM": "xcb",
-                       "FONTCONFIG_FILE": str(HERE / "fonts.conf"),
+                       "FONTCONFIG_FILE": str(FONTS),
                        **{name: value for name, value in os.environ.items() if name.startswith("MIREVAL_")}}
         return subprocess.run(command, env=environment, timeout=170, check=False).returncode
     finally:
