@@ -3,25 +3,11 @@
 import os
 import signal
 
-from session import children_of, wait_for
+from session import TRAY, children_of, wait_for
 
 HORIZONTAL, VERTICAL = 0, 1
 # The panel's own number of each edge of the screen, and its direction there.
 EDGES = {"top": (6, HORIZONTAL), "bottom": (8, HORIZONTAL), "left": (6, VERTICAL), "right": (2, VERTICAL)}
-# An icon between two springs. Without the second it is at the bar's end.
-PLUGINS = """
-    <property name="plugin-1" type="string" value="separator">
-      <property name="expand" type="bool" value="true"/>
-      <property name="style" type="uint" value="0"/>
-    </property>
-    <property name="plugin-2" type="string" value="systray">
-      <property name="icon-size" type="int" value="{icon}"/>
-      <property name="square-icons" type="bool" value="true"/>
-    </property>
-    <property name="plugin-3" type="string" value="separator">
-      <property name="expand" type="bool" value="false"/>
-      <property name="style" type="uint" value="0"/>
-    </property>"""
 
 
 class Bar:
@@ -50,7 +36,7 @@ class XfcePanel(Bar):
     """It speaks the tray's protocol on the message bus, and the one of X."""
 
     def __init__(self, session, *, thickness=26, environment=None):
-        session.configure_panel(thickness, PLUGINS.format(icon=thickness - 4))
+        session.configure_panel(thickness, TRAY.format(icon=thickness - 4))
         super().__init__(session, ["xfce4-panel", "--disable-wm-check"], "xfce4-panel", environment)
 
     def start(self):

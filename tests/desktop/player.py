@@ -1,6 +1,7 @@
 """The player under test, and what its user sees and does."""
 
 import subprocess
+import time
 from pathlib import Path
 
 from screen import ICON_COLOUR
@@ -37,7 +38,15 @@ class Player:
             raise AssertionError(f"the player still runs after {seconds} s") from None
 
     def find_icon(self, colour=ICON_COLOUR):
-        return wait_for(lambda: self._session.screenshot("icon").icon_centre(colour), "the icon in the tray")
+        """The centre of the icon, once the tray has ceased to move it."""
+        def centre():
+            return self._session.screenshot("icon").icon_centre(colour)
+
+        def centre_at_rest():
+            first = centre()
+            time.sleep(0.1)
+            return first if first == centre() else None
+        return wait_for(centre_at_rest, "the icon in the tray")
 
     def anonymous_kilobytes(self):
         """Its own memory; the pages of programs and libraries come and go with the system's cache."""

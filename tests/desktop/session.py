@@ -86,6 +86,20 @@ PANEL = """<?xml version="1.0" encoding="UTF-8"?>
   </property>
 </channel>
 """
+# A tray between two springs. The second is off, so that the tray is at the bar's end.
+TRAY = """
+    <property name="plugin-1" type="string" value="separator">
+      <property name="expand" type="bool" value="true"/>
+      <property name="style" type="uint" value="0"/>
+    </property>
+    <property name="plugin-2" type="string" value="systray">
+      <property name="icon-size" type="int" value="{icon}"/>
+      <property name="square-icons" type="bool" value="true"/>
+    </property>
+    <property name="plugin-3" type="string" value="separator">
+      <property name="expand" type="bool" value="false"/>
+      <property name="style" type="uint" value="0"/>
+    </property>"""
 # A tray, and a menu of the media players on the bus.
 TRAY_AND_PLAYERS = """
     <property name="plugin-1" type="string" value="separator">
@@ -121,8 +135,7 @@ class Session:
                 self._start_screen()
             if sound:
                 self._start_sound_server()
-            if players_in_panel:
-                self.configure_panel(26, TRAY_AND_PLAYERS)
+            self.configure_panel(26, TRAY_AND_PLAYERS if players_in_panel else TRAY.format(icon=22))
             if tray:
                 self.start_tray()
         except BaseException:
@@ -208,7 +221,7 @@ class Session:
     def configure_panel(self, thickness, plugins):
         """What xfce4-panel starts with: its thickness in pixels, and settings of three plugins."""
         folder = Path(self.environment["XDG_CONFIG_HOME"], "xfce4/xfconf/xfce-perchannel-xml")
-        folder.mkdir(parents=True)
+        folder.mkdir(parents=True, exist_ok=True)
         configuration = PANEL.format(thickness=thickness, plugins=plugins)
         (folder / "xfce4-panel.xml").write_text(configuration, encoding="utf-8")
 
