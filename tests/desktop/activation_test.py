@@ -23,7 +23,7 @@ ACTIVATE = (ID, "/org/mireval/Mireval", "org.freedesktop.Application", "Activate
 class BusPlayer(Player):
     """The player that the bus has started or knows."""
 
-    def __init__(self, session):  # pylint: disable=super-init-not-called
+    def __init__(self, session):
         self._session = session
 
 
@@ -65,9 +65,6 @@ class ActivationCase(DesktopTest):
 
     def is_ours(self, process):
         return f"XDG_RUNTIME_DIR={self.session.folder}/run".encode() in (process / "environ").read_bytes().split(b"\0")
-
-    def windows(self):
-        return self.session.windows("--name", "^Mireval$")
 
     def close_panel(self):
         """By its key: the panel has the keyboard."""

@@ -8,6 +8,7 @@ import subprocess
 import unittest
 from pathlib import Path
 
+from player import Player
 from png import write_png
 from session import Session, wait_for
 from sound import Recorder, is_silent, pitch
@@ -71,6 +72,22 @@ class DesktopTest(unittest.TestCase):
     def setUp(self):
         self.session = Session(SCREENSHOTS, **self.desktop)
         self.addCleanup(self.session.end)
+
+    def run_copy(self, *arguments, **options):
+        """Starts the player once more. The copy hands its request to the player that runs, says nothing and ends."""
+        copy = Player(self.session, PROGRAM, arguments=arguments, name="copy", **options)
+        self.assertEqual(copy.exit_status(), 0, copy.errors)
+        self.assertEqual((copy.output, copy.errors), ("", ""))
+
+    def windows(self):
+        """The player's windows on the X server."""
+        return self.session.windows("--name", "^Mireval$")
+
+    def panel(self):
+        """The rectangle of the player's only window; None while there is none."""
+        windows = self.windows()
+        self.assertLessEqual(len(windows), 1)
+        return self.session.rectangle(windows[0]) if windows else None
 
     def listen(self):
         return Recorder(self.session, "null.monitor")

@@ -29,10 +29,6 @@ class LanguageCase(DesktopTest):
         # A locale that every system has; of others, which need not be installed, newer versions of Qt say so.
         return Player(self.session, PROGRAM, self.resources, environment={"LANG": "C.UTF-8", **environment})
 
-    def ask(self, *arguments):
-        copy = Player(self.session, PROGRAM, arguments=arguments, name="copy")
-        self.assertEqual(copy.exit_status(), 0, copy.errors)
-
     def setUp(self):
         super().setUp()
         self.resources = make_tones(self.session.folder / "resources", 60)
@@ -49,9 +45,9 @@ class OpenWindowsTest(LanguageCase):
         locale, portal = LocaleService(self.session), SettingsPortal(self.session, LIGHT)
         player = self.start_player()
         player.find_icon()
-        self.ask("--settings")
+        self.run_copy("--settings")
         player.wait_for_text("Language")
-        self.ask()
+        self.run_copy()
         self.expect_language(player, ENGLISH, "Now Playing", "Select a mode", "1 / 3", "Language", "English")
         self.session.screenshot("english")
 

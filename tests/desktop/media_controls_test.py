@@ -348,16 +348,10 @@ class SecondCopyTest(MediaControlsCase):
 class WithoutBusTest(MediaControlsCase):
     desktop = {"tray": False}
 
-    def window_corner(self):
-        geometry = self.session.run("xdotool", "search", "--onlyvisible", "--name", "^Mireval$",
-                                    "getwindowgeometry", "--shell").stdout
-        values = dict(line.split("=") for line in geometry.splitlines())
-        return (int(values["X"]), int(values["Y"])) if values else None
-
     def find_buttons(self, *names):
         """Where buttons are in the window. Without a bus nobody can be asked, so a player with a bus is."""
         player = Player(self.session, PROGRAM, BUNDLE, name="other")
-        corner = wait_for(self.window_corner, "the window")
+        corner = wait_for(self.panel, "the window")[:2]
         places = [player.find_button(name).centre for name in names]
         player.press("Quit")
         self.assertEqual(player.exit_status(), 0)
@@ -368,7 +362,7 @@ class WithoutBusTest(MediaControlsCase):
         resources = make_covers(make_tones(self.session.folder / "resources", 60))
         player = Player(self.session, PROGRAM, resources, environment={
             "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.session.folder}/nowhere"})
-        corner = wait_for(self.window_corner, "the window")
+        corner = wait_for(self.panel, "the window")[:2]
         recorder = self.listen()
 
         def press(place):

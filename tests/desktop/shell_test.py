@@ -48,13 +48,7 @@ class ShellCase(DesktopTest):
                       **options)
 
     def ask(self, *arguments):
-        """Starts a copy that has to leave the work to the one that runs."""
-        copy = self.start_copy(*arguments, environment=NO_DISPLAY)
-        self.assertEqual(copy.exit_status(), 0, copy.errors)
-        self.assertEqual((copy.output, copy.errors), ("", ""))
-
-    def windows(self):
-        return self.session.windows("--name", "^Mireval$")
+        self.run_copy(*arguments, environment=NO_DISPLAY)
 
     def focus(self, window):
         self.session.run("xdotool", "windowfocus", "--sync", window)

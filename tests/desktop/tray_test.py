@@ -39,7 +39,6 @@ class TrayCase(DesktopTest):
     desktop = {"tray": False, "sound": False}
     resources = BUNDLE
     scale = 1
-    PANEL = ("--name", "^Mireval$")
 
     def setUp(self):
         super().setUp()
@@ -53,11 +52,6 @@ class TrayCase(DesktopTest):
         self.player.process.kill()
         self.player.process.wait(10)
         wait_for(lambda: not self.icons(), "the icon to go")
-
-    def start_copy(self):
-        """Starts the player again, which opens the panel of the one that runs."""
-        copy = Player(self.session, PROGRAM, self.resources, name="copy")
-        self.assertEqual(copy.exit_status(), 0, copy.errors)
 
     def start_compositor(self):
         compositor = self.session.start(["picom", "--backend", "xrender", "--config", "/dev/null"])
@@ -113,12 +107,6 @@ class TrayCase(DesktopTest):
 
     # The panel
 
-    def panel(self):
-        """The rectangle of the panel's window; None while it is closed."""
-        windows = self.session.windows(*self.PANEL)
-        self.assertLessEqual(len(windows), 1)
-        return self.session.rectangle(windows[0]) if windows else None
-
     def wait_for_panel(self):
         panel = wait_for(self.panel, "the panel", 5)
         # It is drawn a moment later.
@@ -133,7 +121,7 @@ class TrayCase(DesktopTest):
         return self.wait_for_panel()
 
     def has_keyboard(self):
-        return self.session.run("xdotool", "getwindowfocus").stdout.split() == self.session.windows(*self.PANEL)
+        return self.session.run("xdotool", "getwindowfocus").stdout.split() == self.windows()
 
     def close_panel(self):
         wait_for(self.has_keyboard, "the panel to have the keyboard", 5)
@@ -403,7 +391,7 @@ class EmbeddedIconTest(TrayCase):
 class LateBarTest(TrayCase):
     def frame(self):
         """The sum of the frame's extents around the one window."""
-        window, = self.session.windows(*self.PANEL)
+        window, = self.windows()
         values = self.session.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").stdout.partition("=")[2]
         return sum(map(int, values.split(","))) if values else 0
 
@@ -412,10 +400,10 @@ class LateBarTest(TrayCase):
         self.wait_for_panel()
         self.assertGreater(self.frame(), 0)
         self.session.screenshot("window")
-        window, = self.session.windows(*self.PANEL)
+        window, = self.windows()
         self.session.run("xdotool", "windowminimize", "--sync", window)
         self.assertIsNone(self.panel())
-        self.start_copy()
+        self.run_copy()
         self.wait_for_panel()
         self.assertGreater(self.frame(), 0)
 
@@ -424,7 +412,7 @@ class LateBarTest(TrayCase):
         icon = centre_of(self.find_icon(bar, elsewhere=1))
         self.assertEqual(self.item("Id"), "mireval")
         self.session.screenshot("icon")
-        self.session.run("xdotool", "windowfocus", "--sync", self.session.windows(*self.PANEL)[0])
+        self.session.run("xdotool", "windowfocus", "--sync", self.windows()[0])
         self.session.press_key("alt+F4")
         self.wait_until_closed()
         panel = self.open_panel(icon)
@@ -432,7 +420,7 @@ class LateBarTest(TrayCase):
         self.assertEqual(self.frame(), 0)
         self.assert_beside(panel, "top", bar, icon, SCREEN)
         self.close_panel()
-        self.start_copy()
+        self.run_copy()
         self.wait_for_panel()
         self.session.screenshot("copy")
         self.assertEqual(self.frame(), 0)
@@ -441,7 +429,7 @@ class LateBarTest(TrayCase):
         # Without a bar again, the player stays and can be called.
         bar.kill()
         wait_for(lambda: not self.icons(), "the icon to go")
-        self.start_copy()
+        self.run_copy()
         self.wait_for_panel()
         self.assertGreater(self.frame(), 0)
         self.session.screenshot("window-again")
@@ -487,7 +475,7 @@ class BarCrashTest(TrayCase):
 
         start = recorder.mark()
         bar.freeze()
-        self.start_copy()
+        self.run_copy()
         self.wait_for_panel()
         self.close_panel()
         time.sleep(1)

@@ -11,7 +11,7 @@ from gnome_session import SCREEN_SIZE, GnomeSession
 from media import Playerctl
 from session import wait_for
 from sway_session import leave_root
-from wayland_case import FIRST_TRACK, FREE_PLACE, MediaTests, OtherWindowTests, WaylandCase
+from wayland_case import FIRST_TRACK, FREE_PLACE, DropDownTests, MediaTests, OtherWindowTests, WaylandCase
 
 
 class GnomeCase(WaylandCase):
@@ -31,7 +31,7 @@ class GnomeCase(WaylandCase):
         return super().open_panel(**click or {"times": 2})
 
 
-class GnomeTest(MediaTests, OtherWindowTests, GnomeCase):
+class GnomeTest(MediaTests, DropDownTests, GnomeCase):
     desktop = {"sound": True}
 
     def test_double_click_opens_beside_the_icon(self):
@@ -74,19 +74,6 @@ class GnomeTest(MediaTests, OtherWindowTests, GnomeCase):
                 self.screenshot(platform)
                 self.session.press_key("Escape")
                 self.assert_closes()
-
-    def test_click_on_the_background_closes(self):
-        self.open_panel()
-        self.session.click(FREE_PLACE)
-        self.assert_closes()
-
-    def test_click_on_the_bar_closes(self):
-        self.open_panel()
-        self.session.click((SCREEN_SIZE[0] // 4, self.icon[1]))
-        self.assert_closes()
-
-    def test_second_start_opens(self):
-        self.assert_second_start_opens()
 
     def test_menu_of_the_clock_shows_what_plays(self):
         self.open_panel()

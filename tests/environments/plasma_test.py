@@ -10,10 +10,9 @@ import time
 import unittest
 from contextlib import contextmanager
 
-# First: it tells where the others are.
-from plasma_session import PlasmaWaylandScreensSession, PlasmaWaylandSession, PlasmaX11Session
 from desktop_case import PROGRAM, SCREENSHOTS, DesktopTest, make_tones
 from media import Playerctl, wait_for_player
+from plasma_session import PlasmaWaylandScreensSession, PlasmaWaylandSession, PlasmaX11Session
 from player import Player
 from session import wait_for
 from sway_session import leave_root
@@ -35,8 +34,6 @@ class PlasmaCase(DesktopTest):
 
     kind = None
     scale = 1
-    # Of the panel, on the X server that the player uses.
-    PANEL = ("--name", "^Mireval$")
 
     @classmethod
     def setUpClass(cls):
@@ -59,12 +56,6 @@ class PlasmaCase(DesktopTest):
 
     def screenshot(self, name):
         return self.session.screenshot(f"{self._testMethodName.removeprefix('test_')}-{name}")
-
-    def panel(self):
-        """The rectangle of the panel's window; None while it is closed."""
-        windows = self.session.windows(*self.PANEL)
-        self.assertLessEqual(len(windows), 1)
-        return self.session.rectangle(windows[0]) if windows else None
 
     def open_panel(self):
         """Opens the panel and returns its rectangle when it has stayed open for a while."""
