@@ -10,12 +10,12 @@ ACCESSIBLE = "org.a11y.atspi.Accessible"
 ACTION = "org.a11y.atspi.Action"
 COMPONENT = "org.a11y.atspi.Component"
 SCREEN_COORDINATES = 0
-# Elements that an application tells of are numbered from one.
+# GTK numbers the elements that it announces from one.
 LAST_TOLD_ELEMENT = 30
 
 
 class Element:
-    """One element on the screen. What it is asked for later than its name may be that of a later moment."""
+    """One element on the screen. Its name is read at once, the rest when it is asked for."""
 
     def __init__(self, accessibility, name, place):
         self._accessibility = accessibility
@@ -92,20 +92,19 @@ class Accessibility:
         return found
 
     def press(self, element):
-        """Does what a click would, as a screen reader or a voice does; returns whether the element could."""
+        """Presses the element as a screen reader does; returns whether it can be pressed."""
         names = self.call(*element.place, ACTION, "GetActions")
         number = next((number for number, action in enumerate(names or []) if action[0] == "Press"), None)
         return number is not None and self.call(*element.place, ACTION, "DoAction", "i", number) == 1
 
     def listen(self):
-        """Lets applications tell of what they open from now on, for `opened_elements`."""
+        """Asks applications to announce what they open from now on. `opened_elements` needs that."""
         assert self._connect(), "no accessibility bus"
         self._bus.call_blocking("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry",
                                 "RegisterEvent", "sass", ("object:state-changed", [], ""))
 
     def opened_elements(self, application):
-        """All named elements of what has opened outside of the application's windows, as the menus of a panel's
-        plugins do."""
+        """All named elements in popups, such as the menus of a panel's plugins."""
         found = []
         for name, _ in self._roots_of(application):
             for number in range(1, LAST_TOLD_ELEMENT + 1):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Starts and asks the player as launchers do that go by way of the message bus, with the files that are installed.
+"""Starts the player and sends it requests over D-Bus, as launchers do, with the installed files.
 
 usage: activation_test.py [test class], with the environment of desktop_test.py and MIREVAL_BUILD (the build tree)
 """
@@ -67,7 +67,7 @@ class ActivationCase(DesktopTest):
         return f"XDG_RUNTIME_DIR={self.session.folder}/run".encode() in (process / "environ").read_bytes().split(b"\0")
 
     def close_panel(self):
-        """By its key: the panel has the keyboard."""
+        """With the Escape key: the panel has the keyboard."""
         self.session.press_key("Escape")
         self.player.wait_until_closed()
 
@@ -154,8 +154,8 @@ class StartedByHandTest(ActivationCase):
         self.session.stop_bus()
         time.sleep(1)
         self.session.start_bus()
-        # The bus starts another copy, which leaves the work to this one. Whether the bus finds the name taken or the
-        # copy gone is a matter of milliseconds; it does not wait for anything else.
+        # The bus starts another copy, which hands the request over and ends. The call fails or succeeds, depending
+        # on what the bus notices first, but it does not wait.
         started = time.monotonic()
         self.session.run("busctl", "--user", "call", *ACTIVATE)
         self.assertLess(time.monotonic() - started, 10)

@@ -6,7 +6,7 @@ import signal
 from session import TRAY, children_of, wait_for
 
 HORIZONTAL, VERTICAL = 0, 1
-# The panel's own number of each edge of the screen, and its direction there.
+# For each edge of the screen: xfce4-panel's number of the position, and the bar's direction.
 EDGES = {"top": (6, HORIZONTAL), "bottom": (8, HORIZONTAL), "left": (6, VERTICAL), "right": (2, VERTICAL)}
 
 
@@ -22,7 +22,7 @@ class Bar:
         self._process = self._session.start(self._command, environment=self._environment)
 
     def kill(self):
-        """Ends it without a chance to say good-bye."""
+        """Kills it, so that it cannot clean up."""
         self._process.kill()
         self._process.wait(10)
 
@@ -33,7 +33,7 @@ class Bar:
 
 
 class XfcePanel(Bar):
-    """It speaks the tray's protocol on the message bus, and the one of X."""
+    """Shows icons by D-Bus and icons embedded by X11."""
 
     def __init__(self, session, *, thickness=26, environment=None):
         session.configure_panel(thickness, TRAY.format(icon=thickness - 4))
@@ -86,7 +86,7 @@ systray_icon_asb = 100 0 0
 
 
 class Tint2(Bar):
-    """At the bottom, with the icon at its left end. It speaks the tray's protocol of X only."""
+    """At the bottom, with the icon at its left end. Shows only icons embedded by X11."""
 
     def __init__(self, session, colour):
         configuration = session.folder / "tint2rc"

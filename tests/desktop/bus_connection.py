@@ -1,4 +1,4 @@
-"""A connection to a message bus that, unlike the usual tools, need not wait for the answer to a call."""
+"""A connection to a message bus that sends many calls before it reads the first answer."""
 
 import os
 import socket
@@ -28,7 +28,7 @@ class BusConnection:
         self._received = b""
         self._socket.sendall(b"\0AUTH EXTERNAL " + str(os.getuid()).encode().hex().encode() + b"\r\n")
         if not self._socket.recv(256).startswith(b"OK "):
-            raise AssertionError("the bus does not let us in")
+            raise AssertionError("the bus has refused the authentication")
         self._socket.sendall(b"BEGIN\r\n")
         self.send("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "Hello")
         self.receive_answers(1)
@@ -37,11 +37,11 @@ class BusConnection:
         self._socket.close()
 
     def send(self, destination, path, interface, method, signature="", *values):
-        """Calls a method; of its arguments there may be strings (s) and empty arrays of strings (as)."""
+        """Calls a method, the arguments of which are strings."""
         self._serial += 1
         body = b""
         for value in values:
-            body = _align(body, 4) + (_string(value) if isinstance(value, str) else struct.pack("<I", len(value)))
+            body = _align(body, 4) + _string(value)
         fields = b""
         for code, kind, value in ((1, "o", path), (2, "s", interface), (3, "s", method), (6, "s", destination)):
             fields = _align(fields, 8) + bytes([code]) + _signature(kind) + _string(value)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Uses the player as its user does: with a pointer on a screen, and with ears.
+"""Uses the player as its user does: with a pointer on a screen, and by listening.
 
 usage: desktop_test.py [test class], with MIREVAL_PROGRAM (the player), MIREVAL_BUNDLE (its resource folder in
 the build tree) and MIREVAL_SCREENSHOTS (a folder) in the environment
@@ -60,7 +60,7 @@ class SoundtrackTest(DesktopTest):
         self.session.click((200, 600))
         player.wait_until_closed()
 
-        # For a moment after a click elsewhere the icon does not reopen what that click has closed.
+        # For a moment after a click elsewhere has closed the panel, the icon does not reopen it.
         time.sleep(0.4)
         self.session.click(icon)
         player.wait_for_text("2 / 16")

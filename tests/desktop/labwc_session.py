@@ -27,7 +27,7 @@ class LabwcSession(Waybar, WlrootsSession):
         assert result.returncode == 0, (size, result.stderr)
 
     def work_area(self, position):
-        """What the bar leaves of the screen: left, top, width and height. Nobody tells it, so this looks for the
+        """The screen without the bar: left, top, width and height. labwc does not tell, so this looks for the
         background at the side that is farther from the position, where neither icons nor the panel are.
         """
         shot = self.screenshot("work-area")

@@ -25,8 +25,8 @@ class TopLayerSession(LabwcSession):
 
 
 class LabwcTopLayerTest(LabwcCase):
-    """Bars may be kept above all windows. Here, but not on sway, these are those of X11 too, so that no window of the
-    player can find out where the pointer was on the bar.
+    """The bar is above all windows. On labwc, but not on sway, that includes windows of X11 programs, so the player
+    cannot find out where the pointer was on the bar.
     """
 
     kind = TopLayerSession

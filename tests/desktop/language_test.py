@@ -26,7 +26,7 @@ class LanguageCase(DesktopTest):
     desktop = {"system_bus": True}
 
     def start_player(self, **environment):
-        # A locale that every system has; of others, which need not be installed, newer versions of Qt say so.
+        # Every system has this locale. Newer versions of Qt complain about one that is not installed.
         return Player(self.session, PROGRAM, self.resources, environment={"LANG": "C.UTF-8", **environment})
 
     def setUp(self):
@@ -64,7 +64,7 @@ class OpenWindowsTest(LanguageCase):
         self.assert_colours(player, WHITE, LIGHT_CARD)
         self.session.screenshot("traditional-light")
 
-        # Every button does its work for those who do not use a pointer.
+        # Every button works without a pointer.
         recorder = self.listen()
         self.assertTrue(self.session.accessibility.press(player.find_button("聚焦")))
         player.wait_for_text("1 / 16")
@@ -82,7 +82,7 @@ class OpenWindowsTest(LanguageCase):
         self.session.accessibility.press(player.find_button("Quit"))
         self.assertEqual(player.exit_status(), 0)
         self.assertEqual((player.output, player.errors), ("", ""))
-        # Views that are compiled only now would be kept there.
+        # Qt would cache views there that were not compiled with the program.
         self.assertEqual(list(Path(self.session.environment["XDG_CACHE_HOME"]).rglob("*.qml*")), [])
 
     def assert_colours(self, player, paper, card):

@@ -1,4 +1,4 @@
-"""The system's locale service, played by python3-dbusmock on the system's message bus."""
+"""A mock of the system's locale service on the system's message bus."""
 
 from session import wait_for
 
@@ -10,14 +10,14 @@ PROPERTIES = "org.freedesktop.DBus.Properties"
 
 class LocaleService:
     def __init__(self, session, assignments=()):
-        """Appears, in a session with a system bus, with a locale such as ["LANG=ja_JP.UTF-8"]; announces nothing."""
+        """Starts the service with a locale such as ["LANG=ja_JP.UTF-8"]; announces nothing."""
         self._session = session
         self._process = session.start_mock("--system", NAME, PATH, NAME)
         wait_for(lambda: self._attempt("AddProperty", "ssv", NAME, "Locale", *_texts(assignments)).returncode == 0,
                  "the locale service")
 
     def end(self):
-        """Leaves the bus, as the real one does when it has not been needed for a while."""
+        """Leaves the bus, as the real one does after a while without calls."""
         self._process.kill()
         self._process.wait(10)
 

@@ -32,12 +32,12 @@ class MediaPlayer:
         return self._session.run("busctl", "--user", "--json=short", "--timeout=10", "--", *arguments)
 
     def attempt(self, interface, method, *arguments):
-        """Calls a method; the error's text, or nothing if there was none."""
+        """Calls a method; returns the error's text, empty if there was none."""
         result = self._busctl("call", self.name, PATH, interface, method, *arguments)
         return result.stderr if result.returncode else ""
 
     def call(self, interface, method, *arguments):
-        """The reply's values as Python's, variants as {"type", "data"}."""
+        """Calls a method; returns the reply's values, variants as {"type", "data"}."""
         result = self._busctl("call", self.name, PATH, interface, method, *arguments)
         if result.returncode:
             raise AssertionError(f"{method}: {result.stderr}")
@@ -47,7 +47,7 @@ class MediaPlayer:
         self.call(PLAYER, method)
 
     def attempt_to_set(self, interface, name, signature, value):
-        """Writes a property; the error's text, or nothing if there was none."""
+        """Writes a property; returns the error's text, empty if there was none."""
         result = self._busctl("set-property", self.name, PATH, interface, name, signature, value)
         return result.stderr if result.returncode else ""
 
@@ -121,7 +121,7 @@ class Playerctl:
         return self._session.run("playerctl", "--player=mireval", *arguments)
 
     def follow(self, template):
-        """Its lines for each change from now on."""
+        """Starts playerctl, which writes a line for each change."""
         return Lines(self._session, "playerctl", "--player=mireval", "--follow", "metadata", "--format", template)
 
 
@@ -147,13 +147,13 @@ class Lines:
 
 
 class SignalMonitor:
-    """Sees the signals that a media player sends about itself, to whomever."""
+    """Counts the signals that a media player sends."""
 
     def __init__(self, session, player):
         self._owner = player.owner()
         # A line for each message: kind, time, serial, sender, receiver, path, interface, member.
         self._lines = Lines(session, "dbus-monitor", "--session", "--profile", f"type='signal',path='{PATH}'")
-        # The monitor tells of itself first: it has left the bus as a common client.
+        # dbus-monitor is ready when it has lost its own name on the bus.
         wait_for(lambda: any("NameLost" in line for line in self._lines.texts()), "dbus-monitor")
 
     def members(self):

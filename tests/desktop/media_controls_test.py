@@ -75,7 +75,7 @@ class MediaControlsTest(MediaControlsCase):
         self.session.click(player.find_icon())
         player.wait_for_text("Select a mode")
         self.assertEqual(player_names(self.session), [])
-        # Nor while no track's file is found.
+        # Nor as long as the track's file is missing.
         player.press("Focus")
         player.wait_for_text("1 / 16")
         time.sleep(1)
@@ -117,7 +117,7 @@ class MediaControlsTest(MediaControlsCase):
         self.assertEqual(positions, sorted(positions))
         self.assertAlmostEqual(controls.position_seconds - before, passed, delta=0.3)
 
-        # What the player does not offer changes nothing, whoever calls it all the same.
+        # Methods that the player does not offer change nothing.
         for command in ("next", "previous"):
             playerctl.attempt(command)
         position = controls.position_seconds
@@ -271,7 +271,7 @@ class MediaSignalsTest(MediaControlsCase):
         playerctl("play")
         time.sleep(2)
         self.assertEqual(monitor.members(), {"PropertiesChanged": 2})
-        # The new track starts over: a client that counts on from the old position has to know.
+        # The position starts over, so clients that count on from the old one need the signal.
         player.press("Next")
         wait_for(lambda: monitor.members() == {"PropertiesChanged": 3, "Seeked": 1}, "the signals of the next track", 3)
         time.sleep(2)
@@ -308,7 +308,7 @@ class SecondCopyTest(MediaControlsCase):
 
         resources = make_tones(self.session.folder / "others", 60, modes=("creative",))
         write_png(resources / "MenuBarIcon.png", 36, 36, bytes(self.ICON_COLOUR) * 36 * 36)
-        # In a session of its own, or it would only open the first one's panel.
+        # With a runtime folder of its own, or it would only open the first one's panel.
         runtime = self.session.folder / "second-run"
         runtime.mkdir(mode=0o700)
         sound = f"unix:{self.session.environment['XDG_RUNTIME_DIR']}/pulse/native"
@@ -349,7 +349,7 @@ class WithoutBusTest(MediaControlsCase):
     desktop = {"tray": False}
 
     def find_buttons(self, *names):
-        """Where buttons are in the window. Without a bus nobody can be asked, so a player with a bus is."""
+        """The places of buttons in the window. A player without a bus cannot be asked, so one with a bus is."""
         player = Player(self.session, PROGRAM, BUNDLE, name="other")
         corner = wait_for(self.panel, "the window")[:2]
         places = [player.find_button(name).centre for name in names]
@@ -426,7 +426,7 @@ class FloodTest(MediaControlsCase):
 
     def test_calls_in_a_row(self):
         player, recorder, controls = self.start_playing()
-        # As it is while music plays for hours.
+        # Usually the panel is closed while music plays for hours.
         self.session.press_key("Escape")
         player.wait_until_closed()
         title = controls.title
@@ -463,12 +463,12 @@ class FloodTest(MediaControlsCase):
                 client.close()
                 MediaPlayer(self.session).get("PlaybackStatus")
                 memory.append(player.anonymous_kilobytes())
-        except Exception as error:  # In a thread nobody else would see it.
+        except Exception as error:  # Otherwise nobody would see errors of a thread.
             failures.append(repr(error))
 
 
 class PlayersInPanelTest(MediaControlsCase):
-    """A panel with a menu of media players that we did not write. It shows titles and artists, but no covers."""
+    """The desktop panel's own menu of media players. It shows titles and artists, but no covers."""
 
     desktop = {"players_in_panel": True}
     PLUGIN = "wrapper-2.0"

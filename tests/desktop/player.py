@@ -49,12 +49,12 @@ class Player:
         return wait_for(centre_at_rest, "the icon in the tray")
 
     def anonymous_kilobytes(self):
-        """Its own memory; the pages of programs and libraries come and go with the system's cache."""
+        """The process's own memory, without pages of files, which come and go with the system's cache."""
         status = Path(f"/proc/{self.process.pid}/status").read_text(encoding="utf-8")
         return next(int(line.split()[1]) for line in status.splitlines() if line.startswith("RssAnon:"))
 
     def texts(self):
-        """The names of all that the panel shows; nothing while it is closed."""
+        """The names of all elements in the windows; empty while none is open."""
         return [element.name for element in self._elements()]
 
     def _elements(self):

@@ -1,4 +1,4 @@
-"""The desktop's settings portal, played by python3-dbusmock on the session's message bus."""
+"""A mock of the desktop's settings portal on the session's message bus."""
 
 import json
 import sys
@@ -28,7 +28,7 @@ class SettingsPortal:
         self._process.wait(10)
 
     def set_color_scheme(self, preference):
-        """Changes the user's preference and tells of it."""
+        """Changes the user's preference and announces it."""
         result = self._session.run("busctl", "--user", "call", NAME, PATH, MOCK, "SetColorScheme", "u", str(preference))
         if result.returncode:
             raise AssertionError(result.stderr)

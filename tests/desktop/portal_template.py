@@ -1,4 +1,4 @@
-"""What python3-dbusmock needs to know to play the desktop's settings portal."""
+"""The template by which python3-dbusmock mocks the desktop's settings portal."""
 
 import dbus
 from dbusmock import MOCK_IFACE

@@ -7,7 +7,7 @@ from png import write_png
 
 # The main colour of the tray icon.
 ICON_COLOUR = (0x5A, 0x48, 0xE0)
-# Between points of one icon; it has white ones inside.
+# The largest distance between points of one icon, which has white parts.
 GAP = 8
 
 

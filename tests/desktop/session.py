@@ -22,7 +22,7 @@ LIBC = ctypes.CDLL(None, use_errno=True)
 
 
 def wait_for(condition, what, seconds=15):
-    """The condition's first true value; fails when there is none in time."""
+    """Waits for the condition's first true value and returns it; fails after so many seconds."""
     limit = time.monotonic() + seconds
     while True:
         if value := condition():
@@ -37,7 +37,7 @@ def _die_with_parent():
 
 
 def children_of(pid):
-    """The running processes that a process has started."""
+    """The process ids of a process's running children."""
     children = []
     for status in Path("/proc").glob("[0-9]*/stat"):
         try:
@@ -117,7 +117,7 @@ PLAYERS_MENU = (1267, 13)
 class Session:
     def __init__(self, screenshots, *, screen=True, tray=True, sound=True, players_in_panel=False, system_bus=False,
                  screen_size="1280x800"):
-        # Services that the bus starts are then our children in the end, and can be found and ended.
+        # Services that the bus starts become our children, so that `end` finds them.
         LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1)
         self._folder = tempfile.TemporaryDirectory(prefix="mireval-desktop-", ignore_cleanup_errors=True)
         self.folder = Path(self._folder.name)
@@ -152,7 +152,7 @@ class Session:
             path.mkdir(mode=0o700)
             environment[name] = str(path)
         environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={self.folder}/bus"
-        # Also where there is none: the machine's own is not ours.
+        # Set even without a system bus, so that nobody uses the machine's own.
         environment["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={self.folder}/system-bus"
         client = self.folder / "pulse-client.conf"
         client.write_text("autospawn = no\n")
@@ -172,13 +172,13 @@ class Session:
         return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=20)
 
     def _start_announcing(self, *command):
-        """Starts a server that writes where it is to the descriptor "{}"; returns the process and that text."""
+        """Starts a server that writes its address to the descriptor "{}"; returns the process and the address."""
         reader, writer = os.pipe()
         try:
             process = self.start([part.format(writer) for part in command], pass_fds=[writer])
             os.close(writer)
             text = ""
-            # Up to the newline: a server that cannot write all of it may end.
+            # Read the whole line: a server that cannot write all of it may end.
             while not text.endswith("\n") and select.select([reader], [], [], 30)[0]:
                 part = os.read(reader, 4096).decode()
                 if not part:
@@ -198,7 +198,7 @@ class Session:
                                               "--print-address={}")
 
     def stop_bus(self):
-        """Ends the message bus, and with it what cannot live without one, such as the desktop's panel."""
+        """Kills the message bus. Programs that need one, such as the desktop's panel, end with it."""
         self._bus.kill()
         self._bus.wait(10)
 
@@ -215,11 +215,11 @@ class Session:
         self._system_bus.wait(10)
 
     def start_mock(self, *arguments):
-        """A service on a message bus that python3-dbusmock plays; the arguments are its."""
+        """Starts python3-dbusmock with these arguments."""
         return self.start([sys.executable, "-B", "-m", "dbusmock", *arguments])
 
     def configure_panel(self, thickness, plugins):
-        """What xfce4-panel starts with: its thickness in pixels, and settings of three plugins."""
+        """Configures xfce4-panel: its thickness in pixels and the settings of three plugins."""
         folder = Path(self.environment["XDG_CONFIG_HOME"], "xfce4/xfconf/xfce-perchannel-xml")
         folder.mkdir(parents=True, exist_ok=True)
         configuration = PANEL.format(thickness=thickness, plugins=plugins)
@@ -268,7 +268,7 @@ class Session:
         """The visible windows that meet xdotool's criteria."""
         def search():
             result = self.run("xdotool", "search", "--onlyvisible", *criteria)
-            # It fails when it comes to a window that has gone since it began.
+            # xdotool fails if a window closes during the search.
             return None if "X Error" in result.stderr else (result.stdout.split(),)
         return wait_for(search, "a search of the windows")[0]
 
@@ -305,7 +305,7 @@ class Session:
             process.wait(10)
             for pipe in filter(None, (process.stdin, process.stdout)):
                 pipe.close()
-        # What they started has become ours.
+        # Their children have become ours.
         limit = time.monotonic() + 10
         while (orphans := children_of(os.getpid())) and time.monotonic() < limit:
             for pid in orphans:

@@ -20,7 +20,7 @@ from session import wait_for
 from sound import longest_silence
 
 DESKTOP_FILE = Path(__file__).parents[2] / "packaging/org.mireval.Mireval.desktop"
-# Asking another copy needs none.
+# A copy that only asks the first one needs no display.
 NO_DISPLAY = {"DISPLAY": "", "WAYLAND_DISPLAY": ""}
 
 
@@ -80,11 +80,11 @@ class SettingsTest(ShellCase):
         player.wait_until_gone("1 / 16")
         self.session.screenshot("settings")
         settings, = self.windows()
-        # By that, window lists find the desktop file.
+        # Window lists find the desktop file by the class.
         window_class = read_desktop_file()["Desktop Entry"]["StartupWMClass"]
         self.assertIn(settings, self.session.windows("--class", f"^{window_class}$"))
 
-        # Neither window minds the other.
+        # The windows open and close independently.
         self.ask()
         player.wait_for_text("1 / 16")
         self.session.screenshot("both")
@@ -92,7 +92,7 @@ class SettingsTest(ShellCase):
         player.wait_until_gone("1 / 16")
         self.assertEqual(self.windows(), [settings])
 
-        # There is one settings window at most. It comes back from being minimised, to the front.
+        # There is one settings window at most. When it is minimised, a request brings it to the front.
         self.ask(*arguments_in("Desktop Action Settings"))
         self.assertEqual(self.windows(), [settings])
         self.session.run("xdotool", "windowminimize", "--sync", settings)
@@ -199,7 +199,7 @@ class SettingsWithoutTrayTest(ShellCase):
 
 
 class OptionsTest(ShellCase):
-    """Nothing of this needs a desktop."""
+    """Options need no desktop."""
 
     desktop = {"screen": False, "tray": False, "sound": False}
     resources = None

@@ -11,7 +11,7 @@ SILENCE = 20  # Largest sample, of 32767, that still counts as silence.
 
 
 class Recorder:
-    """Records a source from its making on."""
+    """Starts to record a source when it is created."""
 
     def __init__(self, session, source):
         self._samples = array.array("h")
@@ -32,7 +32,7 @@ class Recorder:
             rest = rest[whole:]
 
     def next(self, seconds):
-        """What is played during the next so many seconds; fails when the server gives nothing."""
+        """The samples of the next seconds; fails if the server delivers none."""
         with self._lock:
             start = len(self._samples)
         end = start + int(seconds * RATE)
@@ -51,7 +51,7 @@ class Recorder:
             return len(self._samples)
 
     def since(self, mark):
-        """What was played since that moment."""
+        """The samples since that moment."""
         with self._lock:
             return self._samples[mark:]
 
@@ -69,7 +69,7 @@ def pitch(samples):
 
 
 def longest_silence(samples):
-    """The seconds of the longest silence in it, in steps of a hundredth."""
+    """The longest silence in seconds, in steps of 0.01."""
     step = RATE // 100
     longest = current = 0
     for start in range(0, len(samples) - step + 1, step):

@@ -21,8 +21,7 @@ bar {{
 
 
 def leave_root():
-    """Starts the program anew as an ordinary user who may still do with all files what root may: sway refuses to
-    run as root."""
+    """Restarts the program as an ordinary user with root's access to files: sway refuses to run as root."""
     if os.geteuid() == 0:
         # Message buses do not start for a user without a name; this one is on every Debian.
         os.execvp("unshare", ["unshare", "--user", "--map-user=daemon", "--map-group=daemon",
@@ -49,7 +48,7 @@ class SwaySession(WlrootsSession):
         return json.loads(self.sway("-t", kind, "-r"))
 
     def work_area(self, position):
-        """What bars leave of the screen at a position: left, top, width and height."""
+        """The screen at a position without its bars: left, top, width and height."""
         for output in self.ask_sway("get_outputs"):
             screen = output["rect"]
             if 0 <= position[0] - screen["x"] < screen["width"] and 0 <= position[1] - screen["y"] < screen["height"]:

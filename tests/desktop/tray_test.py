@@ -76,7 +76,7 @@ class TrayCase(DesktopTest):
         return self.session.screenshot("icons").icons()
 
     def find_icon(self, bar, what="one icon, on the bar", elsewhere=0):
-        """The rectangle of the icon, which is the only one on the bar. So many others are elsewhere."""
+        """The rectangle of the one icon on the bar, when the screen shows so many icons elsewhere."""
         def icon():
             left, top, width, height = bar.rectangle() or (0, 0, 0, 0)
             icons = self.icons()
@@ -147,7 +147,7 @@ class TrayCase(DesktopTest):
                                delta=TOLERANCE * self.scale, msg=where)
 
     def assert_corners(self, shot, panel, *, blended):
-        """The desktop shows at the panel's corners. The panel has no colours, so what is mixed of both has one."""
+        """The desktop shows at the panel's corners. The panel is grey, so coloured pixels have the desktop in them."""
         left, top, width, height = panel
         side = int(CORNER * self.scale)
         for x, y in ((left, top), (left + width - side, top), (left, top + height - side),
@@ -217,7 +217,7 @@ class HighResolutionTest(PlaceCase):
         self.assert_sharp(self.find_icon(bar), "scaled-icon")
 
     def assert_sharp(self, icon, name):
-        """Few pixels are between two colours. About three times as many are, where a smaller picture is enlarged."""
+        """Few pixels are mixtures of two colours. An enlarged smaller picture has about three times as many."""
         left, top, width, height = icon
         self.assertGreater(width, 36)
         shot = self.session.screenshot(name)
@@ -227,8 +227,8 @@ class HighResolutionTest(PlaceCase):
 
 
 class TwoScreensTest(PlaceCase):
-    """The bar goes to the primary screen, which its older versions take for the one that has an output. At its sides it
-    claims false room, so there the icon is in the middle, where it tells by itself on which side the bar is."""
+    """The bar goes to the primary screen; for its older versions that is the one with an output. At the left and right
+    edges it reports a wrong work area. There the icon is in the middle, where its place alone tells the edge."""
 
     SCREENS = {"left": (0, 0, 1280, 800), "right": (1280, 0, 1280, 800)}
     desktop = {**TrayCase.desktop, "screen_size": "2560x800"}
@@ -270,6 +270,7 @@ class ClicksTest(TrayCase):
         while time.monotonic() < limit:
             if (state := self.panel() is not None) != states[-1]:
                 states.append(state)
+            time.sleep(0.02)
         return states
 
     def test_a_click_of_any_kind(self):
@@ -335,7 +336,7 @@ class ClicksTest(TrayCase):
 
 
 class EmbeddedIconTest(TrayCase):
-    """A tray that has never heard of the message bus."""
+    """A tray without D-Bus."""
 
     def test_shown_in_its_own_colours_until_there_is_a_better_place(self):
         seen = []
@@ -408,7 +409,7 @@ class LateBarTest(TrayCase):
         self.assertGreater(self.frame(), 0)
 
         bar = XfcePanel(self.session)
-        # The window's frame has one, too.
+        # The window's frame shows an icon, too.
         icon = centre_of(self.find_icon(bar, elsewhere=1))
         self.assertEqual(self.item("Id"), "mireval")
         self.session.screenshot("icon")
@@ -426,7 +427,7 @@ class LateBarTest(TrayCase):
         self.assertEqual(self.frame(), 0)
         self.close_panel()
 
-        # Without a bar again, the player stays and can be called.
+        # Without the bar the player stays, and a copy still opens its window.
         bar.kill()
         wait_for(lambda: not self.icons(), "the icon to go")
         self.run_copy()
@@ -463,7 +464,7 @@ class BarCrashTest(TrayCase):
             bar.kill()
             bar.start()
             icon = self.find_icon(bar, f"one icon, in round {number}")
-            # Not the icon for other trays, which this one shows as well.
+            # Not the embedded icon, which this tray would show as well.
             self.assertEqual(self.item("Id"), "mireval")
             memory.append(player.anonymous_kilobytes())
         self.assertIsNone(self.panel(), "no window without need")
@@ -491,7 +492,7 @@ class BarCrashTest(TrayCase):
 
 
 class ThemelessTest(TrayCase):
-    """Without a file of that name the icon is shown from its pixels."""
+    """Without an icon file for the theme the icon is shown from its pixels."""
 
     def test_without_files_for_the_theme(self):
         bar = XfcePanel(self.session)

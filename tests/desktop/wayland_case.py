@@ -19,7 +19,7 @@ OTHER_COLOUR = (0x80, 0x60, 0x20)
 # Between the panel and its bar, and from its centre to the icon's, in pixels.
 LARGEST_GAP = 16
 LARGEST_OFFSET = 20
-# Longer than the guard against a second click and all that goes on while the panel opens.
+# Longer than the guard against a second click, and than the panel takes to open.
 SETTLING_SECONDS = 0.5
 LONG_CLICK_SECONDS = 0.6
 # Left of the panel, and on no bar.
@@ -37,7 +37,7 @@ class WaylandCase(DesktopTest):
     desktop = {"sound": False}
     environment = {}
     edge = "top"
-    # Parts of lines that others are to blame for.
+    # Parts of error lines that are not the player's fault.
     known_errors = ()
 
     @classmethod
@@ -63,7 +63,7 @@ class WaylandCase(DesktopTest):
         return self.session.screenshot(f"{self._testMethodName.removeprefix('test_')}-{name}")
 
     def restart_bar(self, *place):
-        """Starts a new bar, into which the icon has to find its way. The panel closes."""
+        """Replaces the bar and finds the icon on the new one. The panel closes."""
         self.session.stop_bar()
         self.session.press_key("Escape")
         wait_for(lambda: self.player.panel() is None, "the panel to close", 5)
@@ -92,7 +92,7 @@ class WaylandCase(DesktopTest):
         self.assertIsNone(self.player.panel(), "the panel has opened again")
 
     def assert_seen(self, rectangle, behind, shot):
-        """The panel is seen there, whole, and at its round corners what was behind it in the first picture."""
+        """The whole panel is visible there, and at its round corners what was behind it in the first picture."""
         left, top, width, height = rectangle
         right, bottom = left + width, top + height
         self.assertGreater(min(width, height), 200)
@@ -134,7 +134,7 @@ class WaylandCase(DesktopTest):
 
 
 class OtherWindowTests:
-    """What holds beside windows of other programs."""
+    """With windows of other programs."""
 
     platforms = ("wayland", "xcb")
 
@@ -230,7 +230,7 @@ class BarTests(DropDownTests):
 
 
 class MediaTests:
-    """What media players are told. They need a sound server."""
+    """The media controls. These tests need a sound server."""
 
     def test_media_controls_show_the_track_and_pause_it(self):
         self.open_panel()
@@ -249,7 +249,7 @@ class MediaTests:
 
 
 class MusicTests(MediaTests):
-    """What is heard."""
+    """The media controls and the sound."""
 
     def test_music_plays_on_while_bars_and_the_panel_come_and_go(self):
         self.open_panel()

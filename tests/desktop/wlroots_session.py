@@ -21,7 +21,7 @@ def hexadecimal(colour):
     return "#{:02x}{:02x}{:02x}".format(*colour)
 
 
-# A line of a shell that tells where the desktop is.
+# Tells the desktop's displays, as a line of a shell script.
 ANNOUNCE_DISPLAYS = 'echo "$DISPLAY" "$WAYLAND_DISPLAY" > /dev/fd/$ANNOUNCE'
 WAYBAR_STYLE = f"* {{ border-radius: 0; }} window#waybar {{ background: {hexadecimal(BAR_COLOUR)}; }}"
 
@@ -69,8 +69,7 @@ class WlrootsSession(Session):
             raise AssertionError(f"the virtual input has failed at {words}")
 
     def move_pointer(self, position):
-        # No pointer arrives with a single motion, and Xwayland takes the first one in its windows for the place that
-        # the pointer has come from.
+        # Real pointers need several motions, and Xwayland takes the first one in its windows for the old place.
         x, y = position
         for place in ((x - 1, y), (x, y)):
             self._input_command("move", *place, *self._screens_size)

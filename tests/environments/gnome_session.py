@@ -35,7 +35,7 @@ PREPARATION = """
   globalThis.keyboard = seat.create_virtual_device(Clutter.InputDeviceType.KEYBOARD_DEVICE);
   Main.overview.hide();
 """
-# The texts of all that is shown in a part of the shell, and the centres of those.
+# The shown texts in a part of the shell, each with its centre.
 TEXTS = """
   (function texts(actor) {
     if (!actor.mapped)
@@ -80,7 +80,7 @@ class GnomeSession(Session):
         super().end()
 
     def evaluate(self, script):
-        """What a JavaScript expression is inside of the shell; None while there is no shell."""
+        """The value of a JavaScript expression in the shell; None while there is no shell."""
         reply = self.run("busctl", "--user", "--json=short", "call", "org.gnome.Shell", "/org/gnome/Shell",
                          "org.gnome.Shell", "Eval", "s", script)
         if reply.returncode:
@@ -99,14 +99,14 @@ class GnomeSession(Session):
         return self.evaluate(f"(f => [f.x, f.y, f.width, f.height])({WINDOW.format(title)}.get_frame_rect())")
 
     def maximize(self, title):
-        """Gives all the room there is to the window with the title, if there is one."""
+        """Maximises the window with the title, if there is one."""
         self.evaluate(f"{WINDOW.format(title)}?.maximize(Meta.MaximizeFlags.BOTH)")
 
     def start_bar(self, _edge):
         """The shell's own is always there, at the top."""
 
     def work_area(self, _position):
-        """What the bar leaves of the screen: left, top, width and height."""
+        """The screen without the bar: left, top, width and height."""
         return self.evaluate("(a => [a.x, a.y, a.width, a.height])(Main.layoutManager.getWorkAreaForMonitor(0))")
 
     def _capture(self):

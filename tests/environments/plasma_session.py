@@ -48,7 +48,7 @@ class PlasmaSession(Session):
         self.environment.update({
             "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
             "KDE_SESSION_VERSION": "6", "XDG_SESSION_TYPE": self.kind})
-        # Of what is seen, and of what moves the pointer and presses keys.
+        # For screenshots and xdotool, if the programs get another display.
         self._screen_environment = dict(self.environment)
         self._start_window_manager()
         # The bus was started first, and starts services of the desktop.
@@ -59,14 +59,14 @@ class PlasmaSession(Session):
         wait_for(self._set_background, "the desktop's background", 90)
 
     def _start_window_manager(self):
-        """Starts what draws the windows, and waits until programs can open some."""
+        """Starts the window manager or compositor, and waits until programs can open windows."""
         raise NotImplementedError
 
     def _start_in_session(self, command):
         self.start([command])
 
     def _resolution(self):
-        """Of fonts, in dots per inch, as X11 programs are told; None where they are not."""
+        """The fonts' resolution in dots per inch, as X11 programs are told; None if it is not set."""
         lines = self._succeed("xrdb", "-query").splitlines()
         return next((int(line.split()[1]) for line in lines if line.startswith("Xft.dpi:")), None)
 
@@ -79,8 +79,8 @@ class PlasmaSession(Session):
         return result.stdout
 
     def _set_background(self):
-        """Whether it is seen. What the shell is told before it has drawn its desktop may be lost, and what it is told
-        again starts its slow change anew."""
+        """Whether it is seen. The shell may lose a command that it gets before it has drawn its desktop, and a repeated
+        one restarts the slow change of colour."""
         self._tell_shell(SET_BACKGROUND.format(colour=",".join(map(str, BACKGROUND))))
         limit = time.monotonic() + 5
         while time.monotonic() < limit:
@@ -107,7 +107,7 @@ class PlasmaSession(Session):
         return round(self.size[0] * x), round(self.size[1] * y)
 
     def work_area(self):
-        """What the bar leaves of the screen, as X11 programs are told: left, top, width and height."""
+        """The screen without the bar, as X11 programs are told: left, top, width and height."""
         values = self._succeed("xprop", "-root", "_NET_WORKAREA").partition("=")[2].split(",")
         return tuple(map(int, values[:4]))
 

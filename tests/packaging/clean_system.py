@@ -11,13 +11,13 @@ JOURNALS = ("var/cache", "var/lib/apt", "var/lib/dpkg", "var/log")
 
 
 class CleanSystem:
-    """Whoever makes one is root in a mount namespace of its own."""
+    """Needs root in a mount namespace of its own."""
 
     def __init__(self, folder):
         self.root = folder / "root"
         self._folder = folder
         self._mounted = []
-        # What one that was killed has left; its mounts went with it.
+        # A killed run leaves files; its mounts have gone with it.
         self.end()
         folder.mkdir(parents=True)
         subprocess.run([BARE_SYSTEM, "make", "same", self.root], check=True, timeout=300)
@@ -62,7 +62,7 @@ class CleanSystem:
         self.run("apt-get", "remove", "--yes", "--quiet=2", name)
 
     def contents(self):
-        """All files by name, with what tells changed ones apart; what is mounted is left out."""
+        """All files by name, with mode, owner, group and size; mounted folders are left out."""
         found = {}
         folders = [self.root]
         while folders:

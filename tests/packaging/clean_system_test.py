@@ -35,7 +35,7 @@ class CleanSystemTest(DesktopTest):
         return self.root / path.relative_to("/")
 
     def start_player(self, **options):
-        # The secret of sound servers, which their library makes where there is none, belongs to the desktop.
+        # libpulse creates a missing cookie. None of it may be left in the system.
         environment = {"HOME": str(HOME), "XDG_DATA_DIRS": "/usr/local/share:/usr/share",
                        "PULSE_COOKIE": str(self.session.folder / "pulse-cookie")}
         for name, folder in (("CONFIG", ".config"), ("CACHE", ".cache"), ("DATA", ".local/share"),

@@ -12,7 +12,7 @@ from session import wait_for
 
 class InstalledPlayer(Player):
     def __init__(self, session, prefix, *, root=None, arguments=(), **options):
-        """`prefix` is the installed tree; in the system in the folder `root`, if there is one, and started there."""
+        """`prefix` is the installed tree. With `root`, it is in that system, and chroot starts it there."""
         self._prefix = prefix
         self._root = root
         program = str(prefix / "bin/mireval")
@@ -20,7 +20,7 @@ class InstalledPlayer(Player):
         super().__init__(session, command[0], arguments=[*command[1:], *arguments], **options)
 
     def _outside(self, path):
-        """Where a path of the player is for us."""
+        """The path outside of the system in `root`."""
         return self._root / path.relative_to("/") if self._root else path
 
     def _open_files(self):
