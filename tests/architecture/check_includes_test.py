@@ -1,4 +1,3 @@
-#!/usr/bin/env python3
 """Feeds check_includes.py small trees, good and bad ones."""
 
 import subprocess
@@ -101,7 +100,3 @@ class CheckIncludesTest(unittest.TestCase):
     def test_missing_folder_is_an_error(self):
         result = subprocess.run([sys.executable, "-B", CHECK, "/nonexistent"], capture_output=True, text=True)
         self.assertEqual(result.returncode, 2)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,14 +1,8 @@
-#!/usr/bin/env python3
-"""Starts the player and sends it requests over D-Bus, as launchers do, with the installed files.
-
-usage: activation_test.py [test class], with the environment of desktop_test.py and MIREVAL_BUILD (the build tree)
-"""
+"""Starts the player and sends it requests over D-Bus, as launchers do, with the installed files."""
 
 import os
 import subprocess
-import sys
 import time
-import unittest
 from pathlib import Path
 
 from desktop_case import BUNDLE, PROGRAM, DesktopTest
@@ -165,7 +159,3 @@ class StartedByHandTest(ActivationCase):
         self.launch("gapplication", "action", ID, "Settings")
         wait_for(lambda: len(self.windows()) == 2, "the settings")
         self.assertEqual(self.players(), [player.process.pid])
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

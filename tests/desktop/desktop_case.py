@@ -1,5 +1,5 @@
-"""What the desktop's tests have in common. The player, its resources in the build tree and the folder for
-screenshots come from the environment.
+"""What the desktop's tests have in common. The environment names the player, its resources in the build tree and the
+folder for screenshots (see tests/CMakeLists.txt).
 """
 
 import os

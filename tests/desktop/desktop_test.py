@@ -1,13 +1,6 @@
-#!/usr/bin/env python3
-"""Uses the player as its user does: with a pointer on a screen, and by listening.
+"""Uses the player as its user does: with a pointer on a screen, and by listening."""
 
-usage: desktop_test.py [test class], with MIREVAL_PROGRAM (the player), MIREVAL_BUNDLE (its resource folder in
-the build tree) and MIREVAL_SCREENSHOTS (a folder) in the environment
-"""
-
-import sys
 import time
-import unittest
 
 from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
 from player import Player
@@ -147,7 +140,3 @@ class WithoutSoundServerTest(DesktopTest):
         self.assertTrue(player.is_running())
         player.press("Quit")
         self.assertEqual(player.exit_status(), 0)
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,10 +1,5 @@
-#!/usr/bin/env python3
-"""Uses the player on a Wayland desktop that stacks its windows: the icon in waybar, and the panel beside it.
+"""Uses the player on a Wayland desktop that stacks its windows: the icon in waybar, and the panel beside it."""
 
-usage: labwc_test.py [test class], with the environment of wayland_case.py
-"""
-
-import sys
 import unittest
 
 from labwc_session import LabwcSession
@@ -68,7 +63,3 @@ class LabwcScalesTest(LabwcCase):
 
 class LabwcMusicTest(MusicTests, LabwcCase):
     desktop = {"sound": True}
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,11 +1,5 @@
-#!/usr/bin/env python3
-"""Changes the system's language and colours under the open windows of the player.
+"""Changes the system's language and colours under the open windows of the player."""
 
-usage: language_test.py [test class], with the environment of desktop_test.py
-"""
-
-import sys
-import unittest
 from pathlib import Path
 
 from desktop_case import PROGRAM, DesktopTest, make_tones
@@ -131,7 +125,3 @@ class PreferenceTest(LanguageCase):
         self.session.screenshot("focused-quit")
         self.session.press_key("Return")
         self.assertEqual(player.exit_status(), 0)
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

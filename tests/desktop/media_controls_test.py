@@ -1,15 +1,9 @@
-#!/usr/bin/env python3
-"""Uses the player as the rest of the desktop does: through its media controls, with clients of the desktop.
-
-usage: media_controls_test.py [test class], with the environment of desktop_test.py
-"""
+"""Uses the player as the rest of the desktop does: through its media controls, with clients of the desktop."""
 
 import shutil
 import subprocess
-import sys
 import threading
 import time
-import unittest
 from pathlib import Path
 from urllib.parse import unquote, urlsplit
 
@@ -519,7 +513,3 @@ class PlayersInPanelTest(MediaControlsCase):
         player.wait_for_text("2 / 16")
         self.session.screenshot("raised")
         self.end(player)
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

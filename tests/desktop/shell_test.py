@@ -1,17 +1,11 @@
-#!/usr/bin/env python3
-"""Starts the player as shells, launchers and impatient users do: with options, twice, and all at once.
-
-usage: shell_test.py [test class], with the environment of desktop_test.py
-"""
+"""Starts the player as shells, launchers and impatient users do: with options, twice, and all at once."""
 
 import configparser
 import os
 import shlex
 import signal
 import subprocess
-import sys
 import time
-import unittest
 from pathlib import Path
 
 from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
@@ -246,7 +240,3 @@ class OptionsTest(ShellCase):
             self.assertEqual((status, output), (2, ""))
             self.assertTrue(errors.startswith(message), errors)
             self.assertIn("mireval --help", errors)
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

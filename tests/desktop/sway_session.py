@@ -24,8 +24,7 @@ def leave_root():
     """Restarts the program as an ordinary user with root's access to files: sway refuses to run as root."""
     if os.geteuid() == 0:
         # Message buses do not start for a user without a name; this one is on every Debian.
-        os.execvp("unshare", ["unshare", "--user", "--map-user=daemon", "--map-group=daemon",
-                              sys.executable, "-B", *sys.argv])
+        os.execvp("unshare", ["unshare", "--user", "--map-user=daemon", "--map-group=daemon", *sys.orig_argv])
 
 
 class SwaySession(WlrootsSession):

@@ -1,15 +1,13 @@
-#!/usr/bin/env python3
-"""Uses the player on a Wayland desktop: the icon in its bars, and the panel beside them.
+"""Uses the player on a Wayland desktop: the icon in its bars, and the panel beside them."""
 
-usage: sway_test.py [test class], with the environment of wayland_case.py
-"""
-
-import sys
-import unittest
 
 from sway_session import SECOND_SCREEN, SwaybarSession, WaybarSession, leave_root
 from wayland_case import FIRST_TRACK, LONG_CLICK_SECONDS, BarTests, MusicTests, OtherWindowTests, WaylandCase
 from wlroots_session import FIRST_SCREEN
+
+
+def setUpModule():
+    leave_root()
 
 
 class SwayCase(WaylandCase):
@@ -83,8 +81,3 @@ class SwayNativeTest(OtherWindowTests, SwayCase):
 
 class SwayMusicTest(MusicTests, SwayCase):
     desktop = {"sound": True}
-
-
-if __name__ == "__main__":
-    leave_root()
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

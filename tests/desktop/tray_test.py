@@ -1,13 +1,7 @@
-#!/usr/bin/env python3
-"""Looks for the icon on bars of all kinds, and for the panel beside it.
-
-usage: tray_test.py [test class], with the environment of desktop_test.py
-"""
+"""Looks for the icon on bars of all kinds, and for the panel beside it."""
 
 import json
-import sys
 import time
-import unittest
 
 from bars import EDGES, HORIZONTAL, Tint2, XfcePanel
 from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
@@ -510,7 +504,3 @@ class ThemelessTest(TrayCase):
                 self.assertEqual(self.item("IconName"), "")
                 self.session.screenshot(folder)
                 self.end_player()
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,7 +1,4 @@
-"""What the tests on Wayland desktops have in common: the icon in a bar, and the panel beside it.
-
-They need the environment of desktop_test.py, and MIREVAL_VIRTUAL_INPUT and MIREVAL_OTHER_WINDOW (programs) in it.
-"""
+"""What the tests on Wayland desktops have in common: the icon in a bar, and the panel beside it."""
 
 import os
 import time

@@ -1,10 +1,5 @@
-#!/usr/bin/env python3
-"""Uses the player on GNOME Shell, with the extension that shows tray icons.
+"""Uses the player on GNOME Shell, with the extension that shows tray icons."""
 
-usage: gnome_test.py [test class], with the environment of wayland_case.py
-"""
-
-import sys
 import unittest
 
 from gnome_session import SCREEN_SIZE, GnomeSession
@@ -12,6 +7,10 @@ from media import Playerctl
 from session import wait_for
 from sway_session import leave_root
 from wayland_case import FIRST_TRACK, FREE_PLACE, DropDownTests, MediaTests, OtherWindowTests, WaylandCase
+
+
+def setUpModule():
+    leave_root()
 
 
 class GnomeCase(WaylandCase):
@@ -114,8 +113,3 @@ class GnomeNativeTest(OtherWindowTests, GnomeCase):
         self.open_panel()
         self.session.click(FREE_PLACE)
         self.assert_closes()
-
-
-if __name__ == "__main__":
-    leave_root()
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,11 +1,6 @@
-#!/usr/bin/env python3
-"""Uses the player on Plasma 6, on X11 and on Wayland, at the scales that its settings offer.
-
-usage: plasma_test.py [test class], with the environment of desktop_test.py, and MIREVAL_OTHER_WINDOW (a program) in it
-"""
+"""Uses the player on Plasma 6, on X11 and on Wayland, at the scales that its settings offer."""
 
 import os
-import sys
 import time
 import unittest
 from contextlib import contextmanager
@@ -27,6 +22,10 @@ TOLERANCE = 3
 # Longer than all that goes on while the panel opens or closes.
 SETTLING_SECONDS = 0.6
 EDGES = ("top", "left", "right", "bottom")
+
+
+def setUpModule():
+    leave_root()
 
 
 class PlasmaCase(DesktopTest):
@@ -283,8 +282,3 @@ class PlasmaWaylandScreensTest(FirstClickTests, PlasmaCase):
     def test_first_click_opens_at_the_icon(self):
         left, _, width, _ = self.open_panel()
         self.assertAlmostEqual(left + width / 2, self.icon[0], delta=TOLERANCE)
-
-
-if __name__ == "__main__":
-    leave_root()
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,14 +1,8 @@
-#!/usr/bin/env python3
 """Installs the package into a bare Debian, plays there, and removes it again. The desktop is the machine's; what the
 player itself needs comes from the bare system alone.
-
-usage: in_namespace clean_system_test.py, with MIREVAL_PACKAGE (the folder of the package) and the environment of
-desktop_test.py
 """
 
 import os
-import sys
-import unittest
 from pathlib import Path
 
 from clean_system import CleanSystem
@@ -96,7 +90,3 @@ class CleanSystemTest(DesktopTest):
         self.assertEqual(sorted(set(before) - set(after)), [])
         changed = [name for name in before if before[name] != after[name]]
         self.assertEqual(changed, [])
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,16 +1,10 @@
-#!/usr/bin/env python3
-"""Looks at what is in the package.
-
-usage: contents_test.py, with MIREVAL_PACKAGE (the folder of the package), MIREVAL_SOURCE and MIREVAL_BUILD (the
-folders that it was made in) and MIREVAL_VERSION (the project's version) in the environment
-"""
+"""Looks at what is in the package."""
 
 import gzip
 import os
 import platform
 import re
 import subprocess
-import sys
 import tempfile
 import unittest
 from pathlib import Path
@@ -115,7 +109,3 @@ class ContentsTest(unittest.TestCase):
         result = subprocess.run(["lintian", "--allow-root", "--fail-on", "error,warning", self.package.path],
                                 capture_output=True, text=True, timeout=120)
         self.assertEqual((result.returncode, result.stdout), (0, ""), result.stderr)
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

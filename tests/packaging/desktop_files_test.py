@@ -1,16 +1,10 @@
-#!/usr/bin/env python3
-"""Checks what the desktop is told about the player: with the tool of each format, against the sources, and installed.
-
-usage: desktop_files_test.py [test class], with MIREVAL_SOURCE (the source tree), MIREVAL_BUILD (the build tree),
-MIREVAL_PROGRAM (the player), MIREVAL_HOMEPAGE and MIREVAL_VERSION (the project's) in the environment
-"""
+"""Checks the desktop's files of the player: with the tool of each format, against the sources, and installed."""
 
 import configparser
 import gzip
 import os
 import re
 import subprocess
-import sys
 import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
@@ -285,7 +279,3 @@ class AutostartTest(InstalledCase):
         self.assertEqual(self.units(), {})
         (self.prefix / f"share/mireval/autostart/{ID}.desktop").unlink()
         self.assertEqual(self.units(), {})
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,13 +1,7 @@
-#!/usr/bin/env python3
-"""Installs the build into a folder, moves that elsewhere, and uses the player there.
-
-usage: relocation_test.py, with MIREVAL_BUILD (the build tree) and the environment of desktop_test.py
-"""
+"""Installs the build into a folder, moves that elsewhere, and uses the player there."""
 
 import os
 import subprocess
-import sys
-import unittest
 
 from desktop_case import DesktopTest
 from installed_player import InstalledPlayer
@@ -32,7 +26,3 @@ class RelocationTest(DesktopTest):
         player.press("Quit")
         self.assertEqual(player.exit_status(), 0)
         self.assertEqual((player.output, player.errors), ("", ""))
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

@@ -1,14 +1,8 @@
-#!/usr/bin/env python3
-"""Builds the package a second time, from a copy of the sources in another folder, and compares the two.
-
-usage: reproduction_test.py, with MIREVAL_PACKAGE (the folder of the package), MIREVAL_SOURCE (the folder of the
-sources), MIREVAL_SOUNDTRACK_CACHE (the cache of the soundtrack) and MIREVAL_SCRATCH (a folder) in the environment
-"""
+"""Builds the package a second time, from a copy of the sources in another folder, and compares the two."""
 
 import os
 import shutil
 import subprocess
-import sys
 import unittest
 from pathlib import Path
 
@@ -60,7 +54,3 @@ class ReproductionTest(unittest.TestCase):
         self.assertEqual(first.name, second.name)
         found = differences(DebianPackage(first), DebianPackage(second))
         self.assertFalse(found, "\n".join(found))
-
-
-if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

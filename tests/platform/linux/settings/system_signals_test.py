@@ -1,8 +1,4 @@
-#!/usr/bin/env python3
-"""Changes the system's locale and the desktop's colour scheme, and looks at what a process sees of it.
-
-usage: system_signals_test.py [test class], with the probe and a folder for screenshots in the environment
-"""
+"""Changes the system's locale and the desktop's colour scheme, and looks at what a process sees of it."""
 
 import os
 import time
@@ -108,7 +104,3 @@ class SettingsPortalTest(SystemSignalsCase):
         offer_on_demand(self.session, DARK)
         probe = self.start_probe()
         self.expect(probe, f"{GERMAN} light", f"{GERMAN} dark")
-
-
-if __name__ == "__main__":
-    unittest.main()
