@@ -3,6 +3,7 @@ player itself needs comes from the bare system alone.
 """
 
 import os
+import time
 from pathlib import Path
 
 from clean_system import CleanSystem
@@ -77,6 +78,8 @@ class CleanSystemTest(DesktopTest):
         self.assertEqual(copy.exit_status(), 0, copy.errors)
         player.wait_for_text("言語")
         self.session.screenshot("settings")
+        # The settings have closed the panel, and for a moment the icon does not reopen it.
+        time.sleep(0.4)
         self.session.click(icon)
         player.press("終了")
         self.assertEqual(player.exit_status(), 0)
