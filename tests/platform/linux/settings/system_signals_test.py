@@ -2,31 +2,26 @@
 
 import os
 import time
-import unittest
 
+from desktop_case import DesktopTest
 from locale_service import LocaleService
 from media import Lines
 from portal import DARK, LIGHT, NO_PREFERENCE, SettingsPortal, offer_on_demand
-from session import Session, wait_for
+from session import wait_for
 
 PROBE = os.environ["MIREVAL_PROBE"]
 GERMAN = "languages=de_DE localizations= locale=de_DE"
 JAPANESE = "languages=ja_JP localizations=ja locale=ja_JP"
 
 
-class SystemSignalsCase(unittest.TestCase):
-    system_bus = True
-
-    def setUp(self):
-        self.session = Session(os.environ["MIREVAL_SCREENSHOTS"], screen=False, tray=False, sound=False,
-                               system_bus=self.system_bus)
-        self.addCleanup(self.session.end)
+class SystemSignalsCase(DesktopTest):
+    desktop = {"screen": False, "tray": False, "sound": False, "system_bus": True}
 
     def start_probe(self):
         """A German process; returns what it says, once it listens to the buses that there are."""
         probe = Lines(self.session, "env", "LANG=de_DE.UTF-8", PROBE)
         wait_for(probe.texts, "the probe")
-        for bus, running in (("--user", True), ("--system", self.system_bus)):
+        for bus, running in (("--user", True), ("--system", self.desktop["system_bus"])):
             if running:
                 wait_for(lambda bus=bus: self.is_listened_to(bus), "the probe to listen")
         return probe
@@ -84,7 +79,7 @@ class LocaleServiceTest(SystemSignalsCase):
 
 
 class WithoutSystemBusTest(SystemSignalsCase):
-    system_bus = False
+    desktop = {**SystemSignalsCase.desktop, "system_bus": False}
 
     def test_the_environment_counts(self):
         self.expect(self.start_probe(), f"{GERMAN} light")
