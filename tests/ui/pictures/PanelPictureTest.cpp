@@ -55,10 +55,10 @@ TEST_P(PanelPictureTest, LooksAsEver) {
   m_colorScheme.setDark(dark);
   const auto panel = makePanel();
   bringAbout(*panel, state);
-  compareWithReference(picture(*panel), QStringLiteral("panel-%1-%2-%3")
-                                            .arg(QString::fromUtf8(language),
-                                                 dark ? QStringLiteral("dark") : QStringLiteral("light"),
-                                                 QString::fromUtf8(nameOf(state))));
+  compareWithReference(
+      *panel, QStringLiteral("panel-%1-%2-%3")
+                  .arg(QString::fromUtf8(language), dark ? QStringLiteral("dark") : QStringLiteral("light"),
+                       QString::fromUtf8(nameOf(state))));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PanelPictureTest,
@@ -83,8 +83,7 @@ TEST_P(FocusPictureTest, RingIsSeen) {
     for (int tab = 0; tab < stop.tabs; ++tab) {
       QTest::keyClick(panel.get(), Qt::Key_Tab);
     }
-    compareWithReference(picture(*panel),
-                         QStringLiteral("focus-%1-%2").arg(scheme, QString::fromUtf8(stop.name)));
+    compareWithReference(*panel, QStringLiteral("focus-%1-%2").arg(scheme, QString::fromUtf8(stop.name)));
   }
 }
 
@@ -98,14 +97,14 @@ class OpenPanelPictureTest : public PictureFixture {};
 TEST_F(OpenPanelPictureTest, FollowsLanguageAndSchemeWhileOpen) {
   const auto panel = makePanel();
   speak("ja");
-  compareWithReference(picture(*panel), QStringLiteral("panel-ja-light-nothing"));
+  compareWithReference(*panel, QStringLiteral("panel-ja-light-nothing"));
   m_colorScheme.setDark(true);
-  compareWithReference(picture(*panel), QStringLiteral("panel-ja-dark-nothing"));
+  compareWithReference(*panel, QStringLiteral("panel-ja-dark-nothing"));
   speak("zh_CN");
-  compareWithReference(picture(*panel), QStringLiteral("panel-zh-Hans-dark-nothing"));
+  compareWithReference(*panel, QStringLiteral("panel-zh-Hans-dark-nothing"));
   m_colorScheme.setDark(false);
   speak("en_GB");
-  compareWithReference(picture(*panel), QStringLiteral("panel-en-light-nothing"));
+  compareWithReference(*panel, QStringLiteral("panel-en-light-nothing"));
 }
 
 TEST_F(OpenPanelPictureTest, FramedWindowGrowsWithTheTexts) {

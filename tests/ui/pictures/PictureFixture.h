@@ -22,8 +22,8 @@ class PictureFixture : public PanelFixture {
   /// What the window shows on the screen, in the pixels of the screen.
   static QImage picture(QWindow& window);
 
-  /// Fails the test when the picture is not the reference of that name.
-  static void compareWithReference(const QImage& picture, const QString& name);
+  /// Fails the test when the window's picture does not become the reference of that name within two seconds.
+  static void compareWithReference(QWindow& window, const QString& name);
 };
 
 }  // namespace mireval

@@ -36,8 +36,8 @@ TEST_P(SettingsPictureTest, LooksAsEver) {
             dark ? QColor(13, 16, 21) : QColor(246, 243, 237));
   EXPECT_EQ(seen.pixelColor(0, 0), dark ? QColor(Qt::black) : QColor(Qt::white));
   compareWithReference(
-      seen, QStringLiteral("settings-%1-%2")
-                .arg(QString::fromUtf8(language), dark ? QStringLiteral("dark") : QStringLiteral("light")));
+      window, QStringLiteral("settings-%1-%2")
+                  .arg(QString::fromUtf8(language), dark ? QStringLiteral("dark") : QStringLiteral("light")));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SettingsPictureTest,
@@ -51,13 +51,13 @@ TEST_F(OpenSettingsPictureTest, FollowsLanguageAndSchemeWhileOpen) {
   SettingsWindow window(m_localization, m_colorScheme);
   window.open();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-  compareWithReference(picture(window), QStringLiteral("settings-zh-Hant-light"));
+  compareWithReference(window, QStringLiteral("settings-zh-Hant-light"));
   m_colorScheme.setDark(true);
-  compareWithReference(picture(window), QStringLiteral("settings-zh-Hant-dark"));
+  compareWithReference(window, QStringLiteral("settings-zh-Hant-dark"));
   speak("ja");
-  compareWithReference(picture(window), QStringLiteral("settings-ja-dark"));
+  compareWithReference(window, QStringLiteral("settings-ja-dark"));
   speak("fr");
-  compareWithReference(picture(window), QStringLiteral("settings-en-dark"));
+  compareWithReference(window, QStringLiteral("settings-en-dark"));
 }
 
 }  // namespace
