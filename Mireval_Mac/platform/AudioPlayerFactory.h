@@ -4,23 +4,22 @@
 
 #include <QString>
 
+#include <tl/expected.hpp>
+
 #include <filesystem>
 #include <memory>
 
 namespace mireval {
 
-/// A player, or, when there is none, why.
-struct AudioPlayerResult {
-  std::unique_ptr<AudioPlayer> player;
-  QString error;
-};
+/// A player, or why there is none.
+using AudioPlayerResult = tl::expected<std::unique_ptr<AudioPlayer>, QString>;
 
 /// Makes players. Used on the UI thread.
 class AudioPlayerFactory {
  public:
   virtual ~AudioPlayerFactory() = default;
 
-  /// Says that sound will be wanted soon: what takes long may be begun now, without waiting for it. Optional.
+  /// Begins what takes long, without waiting for it, because sound will be wanted soon. Optional.
   virtual void warmUp() {}
 
   /// Opens the file and decodes its beginning; takes a few milliseconds and never waits for the sound

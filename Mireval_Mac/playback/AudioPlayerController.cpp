@@ -123,17 +123,17 @@ void AudioPlayerController::loadCurrentTrack() {
   }
   prepareInfrastructureIfNeeded();
 
-  AudioPlayerResult opened = m_services.audioPlayerFactory.create(*file);
-  if (!opened.player) {
+  AudioPlayerResult player = m_services.audioPlayerFactory.create(*file);
+  if (!player) {
     failLoad(QStringLiteral("Playback unavailable"),
-             QStringLiteral("Audio playback failed: ") + opened.error);
+             QStringLiteral("Audio playback failed: ") + player.error());
     return;
   }
-  opened.player->setDelegate(this);
-  opened.player->setVolume(static_cast<float>(m_volume));
-  opened.player->prepareToPlay();
-  opened.player->play();
-  m_player = std::move(opened.player);
+  (*player)->setDelegate(this);
+  (*player)->setVolume(static_cast<float>(m_volume));
+  (*player)->prepareToPlay();
+  (*player)->play();
+  m_player = *std::move(player);
 
   publish(m_isPlaying, true, &AudioPlayerController::isPlayingChanged);
   publish(m_statusDetail, QStringLiteral("Playing"), &AudioPlayerController::statusDetailChanged);

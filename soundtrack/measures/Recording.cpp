@@ -16,11 +16,11 @@ constexpr double durationTolerance = 0.001;
 }  // namespace
 
 RecordingResult Recording::load(const std::filesystem::path& file) {
-  const AudioDecoderResult opened = AudioDecoder::open(file);
-  if (!opened.decoder) {
-    return {std::nullopt, file.string() + ": " + opened.error.toStdString()};
+  const auto opened = AudioDecoder::open(file);
+  if (!opened) {
+    return {std::nullopt, file.string() + ": " + opened.error().toStdString()};
   }
-  AudioDecoder& decoder = *opened.decoder;
+  AudioDecoder& decoder = **opened;
   Recording recording;
   recording.sampleRate = decoder.sampleRate();
   const auto expected = static_cast<std::size_t>(decoder.durationSeconds() * decoder.sampleRate()) + 1;

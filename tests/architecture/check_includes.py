@@ -58,6 +58,9 @@ QT_VALUE_HEADERS = set(
     """.split()
 )
 
+# The result of a call that may fail, which every floor above the library may use.
+RESULT_HEADER = "tl/expected.hpp"
+
 # The interfaces of the platform speak of no system.
 PORTABLE_QT = re.compile(r"Q\w+$")
 NOT_PORTABLE_QT = re.compile(r"(Qt?DBus|QX11|QNative|QSocketNotifier|QLocalSocket|QLocalServer)")
@@ -107,7 +110,7 @@ def fault_of_foreign(path, floor, name):
     if floor == "library":
         if name not in STANDARD_HEADERS and name not in QT_VALUE_HEADERS:
             return "library knows only the standard library and Qt's value types"
-    if floor == "platform" and name not in STANDARD_HEADERS:
+    if floor == "platform" and name not in STANDARD_HEADERS | {RESULT_HEADER}:
         if not PORTABLE_QT.match(name) or NOT_PORTABLE_QT.match(name):
             return "an interface of the platform must not know a system"
     return None

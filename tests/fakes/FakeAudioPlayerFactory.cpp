@@ -9,13 +9,11 @@ FakeAudioPlayerFactory::FakeAudioPlayerFactory(std::shared_ptr<EventLog> log) : 
 AudioPlayerResult FakeAudioPlayerFactory::create(const std::filesystem::path& file) {
   m_log->add(QLatin1String("factory: create ") + QString::fromStdString(file.string()));
   if (m_error) {
-    return {.player = nullptr, .error = *m_error};
+    return tl::make_unexpected(*m_error);
   }
   const auto& state = m_players.emplace_back(std::make_shared<FakeAudioPlayer::State>());
   state->duration = m_duration;
-  return {.player = std::make_unique<FakeAudioPlayer>(QStringLiteral("player %1").arg(m_players.size()),
-                                                      state, m_log),
-          .error = {}};
+  return std::make_unique<FakeAudioPlayer>(QStringLiteral("player %1").arg(m_players.size()), state, m_log);
 }
 
 }  // namespace mireval

@@ -52,24 +52,21 @@ int checkRegularFile(const std::filesystem::path& file) {
 
 }  // namespace
 
-AudioDecoderResult AudioDecoder::open(const std::filesystem::path& file) {
+tl::expected<std::unique_ptr<AudioDecoder>, QString> AudioDecoder::open(const std::filesystem::path& file) {
   av_log_set_level(AV_LOG_QUIET);
-  AudioDecoderResult result;
   std::unique_ptr<AudioDecoder> decoder(new AudioDecoder);
   int error = decoder->openFile(file);
   if (error >= 0 && !decoder->decodeFrame()) {
     error = decoder->m_lastError < 0 ? decoder->m_lastError : AVERROR_INVALIDDATA;
   }
   if (error < 0) {
-    result.error = describe(error);
-    return result;
+    return tl::make_unexpected(describe(error));
   }
   if (decoder->m_durationSeconds > 0) {
     decoder->m_promisedFrames =
         static_cast<std::uint64_t>(std::llround(decoder->m_durationSeconds * decoder->m_sampleRate));
   }
-  result.decoder = std::move(decoder);
-  return result;
+  return decoder;
 }
 
 AudioDecoder::~AudioDecoder() {

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <tl/expected.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -18,14 +20,6 @@ struct SwrContext;
 
 namespace mireval {
 
-class AudioDecoder;
-
-/// A decoder, or, when there is none, why.
-struct AudioDecoderResult {
-  std::unique_ptr<AudioDecoder> decoder;
-  QString error;
-};
-
 /// Decodes one MPEG-4 audio file (m4a and its family) from its start to stereo frames of 32-bit floats.
 /// Mono is put on both sides; the encoder's priming and padding are removed. May be used on any thread, by
 /// one thread at a time.
@@ -33,9 +27,10 @@ class AudioDecoder {
  public:
   static constexpr std::size_t channelCount = 2;
 
-  /// Opens a regular file and decodes its first frame, so that a file which holds no sound is refused here.
-  /// Anything else than a local MPEG-4 file is refused: no other containers, no scripts, no network.
-  static AudioDecoderResult open(const std::filesystem::path& file);
+  /// Opens a regular file and decodes its first frame, so a file without sound is refused here. Anything
+  /// else than a local MPEG-4 file is refused: no other containers, no scripts, no network. The error is a
+  /// description by FFmpeg.
+  static tl::expected<std::unique_ptr<AudioDecoder>, QString> open(const std::filesystem::path& file);
 
   AudioDecoder(const AudioDecoder&) = delete;
   AudioDecoder& operator=(const AudioDecoder&) = delete;

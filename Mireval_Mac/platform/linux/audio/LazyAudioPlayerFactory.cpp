@@ -46,7 +46,7 @@ AudioPlayerResult LazyAudioPlayerFactory::create(const fs::path& file) {
   if (!m_factory) {
     load();
   }
-  return m_factory ? m_factory->create(file) : AudioPlayerResult{.player = nullptr, .error = m_error};
+  return m_factory ? m_factory->create(file) : tl::make_unexpected(m_error);
 }
 
 void LazyAudioPlayerFactory::load() {

@@ -478,11 +478,11 @@ void PulseAudioPlayer::finish(bool successfully) {
 }
 
 bool PulseAudioPlayer::rewind() {
-  AudioDecoderResult opened = AudioDecoder::open(m_file);
-  if (!opened.decoder || opened.decoder->sampleRate() != m_sampleRate) {
+  auto decoder = AudioDecoder::open(m_file);
+  if (!decoder || (*decoder)->sampleRate() != m_sampleRate) {
     return false;
   }
-  m_frames = std::make_unique<FrameHistory>(std::move(opened.decoder), rememberedSeconds);
+  m_frames = std::make_unique<FrameHistory>(*std::move(decoder), rememberedSeconds);
   m_heard = 0;
   m_streamStart = 0;
   m_nextFrame = 0;

@@ -16,7 +16,7 @@ void PulseAudioPlayerFactory::warmUp() {
   connect();
 }
 
-bool PulseAudioPlayerFactory::connect() {
+tl::expected<void, QString> PulseAudioPlayerFactory::connect() {
   if (!m_server) {
     m_server = std::make_shared<PulseServer>();
   }
@@ -26,17 +26,15 @@ bool PulseAudioPlayerFactory::connect() {
 
 AudioPlayerResult PulseAudioPlayerFactory::create(const std::filesystem::path& file) {
   // Connecting goes on in the background while the file is opened.
-  const bool serverMayAnswer = connect();
-  AudioDecoderResult opened = AudioDecoder::open(file);
-  if (!opened.decoder) {
-    return {.player = nullptr, .error = opened.error};
+  const auto connected = connect();
+  auto decoder = AudioDecoder::open(file);
+  if (!decoder) {
+    return tl::make_unexpected(decoder.error());
   }
-  if (!serverMayAnswer) {
-    const PulseServer::Lock lock(*m_server);
-    return {.player = nullptr, .error = m_server->error()};
+  if (!connected) {
+    return tl::make_unexpected(connected.error());
   }
-  return {.player = std::make_unique<PulseAudioPlayer>(m_server, file, std::move(opened.decoder)),
-          .error = {}};
+  return std::make_unique<PulseAudioPlayer>(m_server, file, *std::move(decoder));
 }
 
 }  // namespace mireval

@@ -21,7 +21,7 @@ class PulseAudioPlayerFactory final : public AudioPlayerFactory {
   AudioPlayerResult create(const std::filesystem::path& file) override;
 
  private:
-  bool connect();
+  tl::expected<void, QString> connect();
 
   std::shared_ptr<PulseServer> m_server;
 };

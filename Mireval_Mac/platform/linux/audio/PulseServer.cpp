@@ -77,9 +77,9 @@ PulseServer::~PulseServer() {
   pa_threaded_mainloop_free(m_mainloop);
 }
 
-bool PulseServer::connect() {
+tl::expected<void, QString> PulseServer::connect() {
   if (m_context) {
-    return true;
+    return {};
   }
   const std::unique_ptr<pa_proplist, ProplistDeleter> properties(pa_proplist_new());
   pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Mireval");
@@ -87,21 +87,18 @@ bool PulseServer::connect() {
   m_context.reset(
       pa_context_new_with_proplist(pa_threaded_mainloop_get_api(m_mainloop), nullptr, properties.get()));
   if (!m_context) {
-    m_error = QString::fromUtf8(pa_strerror(PA_ERR_INTERNAL));
-    return false;
+    return tl::make_unexpected(QString::fromUtf8(pa_strerror(PA_ERR_INTERNAL)));
+  }
+  // Without a server this fails at once.
+  if (pa_context_connect(m_context.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
+    const QString error = QString::fromUtf8(pa_strerror(pa_context_errno(m_context.get())));
+    m_context.reset();
+    return tl::make_unexpected(error);
   }
   pa_context_set_state_callback(
       m_context.get(),
       [](pa_context*, void* self) { static_cast<PulseServer*>(self)->contextStateChanged(); }, this);
-  // Without a server this fails at once, in the callback as well as here.
-  m_insideConnect = true;
-  const int status = pa_context_connect(m_context.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
-  m_insideConnect = false;
-  if (m_context && status < 0) {
-    m_error = QString::fromUtf8(pa_strerror(pa_context_errno(m_context.get())));
-    m_context.reset();
-  }
-  return m_context != nullptr;
+  return {};
 }
 
 void PulseServer::contextStateChanged() {
@@ -113,12 +110,9 @@ void PulseServer::contextStateChanged() {
       break;
     case PA_CONTEXT_FAILED:
     case PA_CONTEXT_TERMINATED:
-      m_error = QString::fromUtf8(pa_strerror(pa_context_errno(m_context.get())));
       m_context.reset();
-      if (!m_insideConnect) {
-        for (Client* const client : m_clients) {
-          client->serverLost();
-        }
+      for (Client* const client : m_clients) {
+        client->serverLost();
       }
       break;
     default:

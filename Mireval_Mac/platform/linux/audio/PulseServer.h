@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <tl/expected.hpp>
+
 #include <pulse/context.h>
 #include <pulse/mainloop-api.h>
 #include <pulse/thread-mainloop.h>
@@ -32,8 +34,8 @@ class PulseServer {
     PulseServer& m_server;
   };
 
-  /// Told, with the lock held, about the connection; not about an attempt that fails within `connect`. No
-  /// client may be added or removed during these calls.
+  /// Told about the connection with the lock held, but not about a failure that `connect` returns. A call
+  /// must not add or remove a client.
   class Client {
    public:
     virtual void serverReady() = 0;
@@ -69,11 +71,9 @@ class PulseServer {
   /// Players and timers must be gone by now.
   ~PulseServer();
 
-  /// Begins to connect unless that is done or under way. False when no server can be reached; `error` then
-  /// says why. True says only that a server may answer: a frozen one does not.
-  bool connect();
-
-  const QString& error() const { return m_error; }
+  /// Begins to connect unless that is done or under way. Fails with a description when no server can be
+  /// reached. Success says only that a server may answer: a frozen one does not.
+  tl::expected<void, QString> connect();
 
   /// The connection when it is ready, else nullptr.
   pa_context* readyContext() const;
@@ -91,8 +91,6 @@ class PulseServer {
   pa_threaded_mainloop* m_mainloop = nullptr;
   std::unique_ptr<pa_context, ContextDeleter> m_context;
   std::vector<Client*> m_clients;
-  QString m_error;
-  bool m_insideConnect = false;
 };
 
 }  // namespace mireval

@@ -36,7 +36,7 @@ class FrameHistoryTest : public testing::Test {
 };
 
 TEST_F(FrameHistoryTest, DecodesForwardAndRepeatsWhatItRemembers) {
-  FrameHistory history(AudioDecoder::open(m_file).decoder, 0.5);
+  FrameHistory history(AudioDecoder::open(m_file).value(), 0.5);
   EXPECT_EQ(read(history, 0, 10000), expected(0, 10000));
   EXPECT_EQ(read(history, 2000, 5000), expected(2000, 5000));
   EXPECT_EQ(read(history, 8000, 10000), expected(8000, 10000));
@@ -45,14 +45,14 @@ TEST_F(FrameHistoryTest, DecodesForwardAndRepeatsWhatItRemembers) {
 }
 
 TEST_F(FrameHistoryTest, ForgetsWhatIsOlderThanItsRoom) {
-  FrameHistory history(AudioDecoder::open(m_file).decoder, 0.5);
+  FrameHistory history(AudioDecoder::open(m_file).value(), 0.5);
   EXPECT_EQ(read(history, 0, 50000), expected(0, 50000));
   EXPECT_EQ(history.oldestFrame(), 50000U - 22050);
   EXPECT_EQ(read(history, history.oldestFrame(), 22050), expected(50000 - 22050, 22050));
 }
 
 TEST_F(FrameHistoryTest, EndsWithTheFile) {
-  FrameHistory history(AudioDecoder::open(m_file).decoder, 0.5);
+  FrameHistory history(AudioDecoder::open(m_file).value(), 0.5);
   EXPECT_EQ(read(history, 0, 100000).size() / 2, 88200U);
   EXPECT_EQ(history.decodedFrames(), 88200U);
   EXPECT_EQ(read(history, 88000, 1000), expected(88000, 200));

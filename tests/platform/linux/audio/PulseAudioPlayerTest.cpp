@@ -68,12 +68,11 @@ class PulseAudioPlayerTest : public testing::TestWithParam<SoundServer::Kind> {
   }
 
   std::unique_ptr<AudioPlayer> open(const std::filesystem::path& file, float volume = 1) {
-    AudioPlayerResult result = factory.create(file);
-    EXPECT_TRUE(result.player) << result.error.toStdString();
-    result.player->setDelegate(&ends);
-    result.player->setVolume(volume);
-    result.player->prepareToPlay();
-    return std::move(result.player);
+    std::unique_ptr<AudioPlayer> player = factory.create(file).value();
+    player->setDelegate(&ends);
+    player->setVolume(volume);
+    player->prepareToPlay();
+    return player;
   }
 
   template <typename Call>
@@ -325,7 +324,7 @@ TEST_P(PulseAudioPlayerTest, GoesOnWhenTheServerIsRestarted) {
     EXPECT_TRUE(player->isPlaying());
     sleepFor(0.02);
   }
-  EXPECT_FALSE(factory.create(files.tone(440, 1)).player);
+  EXPECT_FALSE(factory.create(files.tone(440, 1)));
   server.start();
   const MonitorRecorder recorder(server);
   ASSERT_TRUE(waitUntil([&] { return recorder.recording().trimmed().seconds() > 1; }, 15s));
@@ -408,8 +407,7 @@ TEST_P(PulseAudioPlayerTest, NeverWaitsForAFrozenServerAndGoesOnAfterwards) {
       last = now;
     });
     expectPrompt([&] {
-      auto other = factory.create(files.folder() / "tone-440-30-44100-2.m4a").player;
-      ASSERT_TRUE(other);
+      const auto other = factory.create(files.folder() / "tone-440-30-44100-2.m4a").value();
       other->prepareToPlay();
       other->play();
     });
@@ -457,13 +455,13 @@ TEST_P(PulseAudioPlayerTest, EndsPromptlyWhileTheServerIsFrozen) {
 }
 
 TEST_P(PulseAudioPlayerTest, RefusesABadFileAndAnAbsentServerWithAReason) {
-  EXPECT_EQ(factory.create(files.folder() / "none.m4a").error, QStringLiteral("No such file or directory"));
+  EXPECT_EQ(factory.create(files.folder() / "none.m4a").error(), QStringLiteral("No such file or directory"));
   const auto file = files.tone(440, 1);
   server.kill();
-  ASSERT_TRUE(waitUntil([&] { return !factory.create(file).player; }, 2s));
-  EXPECT_EQ(factory.create(file).error, QStringLiteral("Connection refused"));
+  ASSERT_TRUE(waitUntil([&] { return !factory.create(file); }, 2s));
+  EXPECT_EQ(factory.create(file).error(), QStringLiteral("Connection refused"));
   server.start();
-  EXPECT_TRUE(factory.create(file).player);
+  EXPECT_TRUE(factory.create(file));
 }
 
 TEST_P(PulseAudioPlayerTest, EndsEarlyWithATruncatedFile) {
