@@ -18,16 +18,16 @@ extern "C" {
 namespace mireval {
 namespace {
 
-/// Of the container family that ships, and nothing that could name further files or hosts.
+/// The container family that ships. No format is allowed that could name further files or hosts.
 constexpr const char* allowedFormats = "mov,mp4,m4a,3gp,3g2,mj2";
 constexpr const char* allowedProtocols = "file";
 
 constexpr double longestDurationSeconds = 24.0 * 60 * 60;
 /// More than any encoder's padding, less than any musical ending.
 constexpr std::size_t largestPaddingFrames = 4096;
-/// A damaged stretch is skipped; a file that goes on like this for seconds is given up.
+/// A short damaged part is skipped; after seconds of it decoding stops.
 constexpr int mostErrorsInARow = 256;
-/// What sound servers accept; files outside are resampled here.
+/// The rates that sound servers accept; a file with another rate is resampled.
 constexpr int lowestServerRate = 8000;
 constexpr int highestServerRate = 192000;
 constexpr int fallbackRate = 48000;
@@ -38,7 +38,7 @@ QString describe(int error) {
   return QString::fromUtf8(text.data());
 }
 
-/// Opening a pipe would block until somebody writes to it, so the kind of file is asked for first.
+/// Opening a pipe would block until somebody writes to it, so the kind of file is checked first.
 int checkRegularFile(const std::filesystem::path& file) {
   struct stat status {};
   if (stat(file.c_str(), &status) != 0) {
@@ -69,21 +69,13 @@ tl::expected<std::unique_ptr<AudioDecoder>, QString> AudioDecoder::open(const st
   return decoder;
 }
 
-AudioDecoder::~AudioDecoder() {
-  swr_free(&m_converter);
-  av_frame_free(&m_frame);
-  av_packet_free(&m_packet);
-  avcodec_free_context(&m_codec);
-  avformat_close_input(&m_format);
-}
-
 int AudioDecoder::openFile(const std::filesystem::path& file) {
   if (const int error = checkRegularFile(file); error < 0) {
     return error;
   }
-  m_packet = av_packet_alloc();
-  m_frame = av_frame_alloc();
-  if (m_packet == nullptr || m_frame == nullptr) {
+  m_packet.reset(av_packet_alloc());
+  m_frame.reset(av_frame_alloc());
+  if (!m_packet || !m_frame) {
     return AVERROR(ENOMEM);
   }
   AVDictionary* options = nullptr;
@@ -91,12 +83,14 @@ int AudioDecoder::openFile(const std::filesystem::path& file) {
   av_dict_set(&options, "protocol_whitelist", allowedProtocols, 0);
   // The prefix keeps a path such as "http:/x" a path.
   const std::string url = "file:" + file.string();
-  const int opened = avformat_open_input(&m_format, url.c_str(), nullptr, &options);
+  AVFormatContext* format = nullptr;
+  const int opened = avformat_open_input(&format, url.c_str(), nullptr, &options);
+  m_format.reset(format);
   av_dict_free(&options);
   if (opened < 0) {
     return opened;
   }
-  const int streamIndex = av_find_best_stream(m_format, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+  const int streamIndex = av_find_best_stream(m_format.get(), AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
   if (streamIndex < 0) {
     return streamIndex;
   }
@@ -114,16 +108,16 @@ int AudioDecoder::openCodec(int streamIndex) {
   if (codec == nullptr) {
     return AVERROR_DECODER_NOT_FOUND;
   }
-  m_codec = avcodec_alloc_context3(codec);
-  if (m_codec == nullptr) {
+  m_codec.reset(avcodec_alloc_context3(codec));
+  if (!m_codec) {
     return AVERROR(ENOMEM);
   }
-  if (const int error = avcodec_parameters_to_context(m_codec, stream->codecpar); error < 0) {
+  if (const int error = avcodec_parameters_to_context(m_codec.get(), stream->codecpar); error < 0) {
     return error;
   }
   m_codec->pkt_timebase = stream->time_base;
   m_codec->thread_count = 1;
-  if (const int error = avcodec_open2(m_codec, codec, nullptr); error < 0) {
+  if (const int error = avcodec_open2(m_codec.get(), codec, nullptr); error < 0) {
     return error;
   }
   m_streamIndex = streamIndex;
@@ -186,30 +180,30 @@ bool AudioDecoder::decodeFrame() {
       m_ended = true;
       break;
     }
-    const int readStatus = av_read_frame(m_format, m_packet);
+    const int readStatus = av_read_frame(m_format.get(), m_packet.get());
     if (readStatus < 0) {
       if (readStatus != AVERROR_EOF) {
         m_failed = true;
         m_lastError = readStatus;
       }
       m_draining = true;
-      avcodec_send_packet(m_codec, nullptr);
+      avcodec_send_packet(m_codec.get(), nullptr);
       continue;
     }
     if (m_packet->stream_index == m_streamIndex) {
-      const int sent = avcodec_send_packet(m_codec, m_packet);
+      const int sent = avcodec_send_packet(m_codec.get(), m_packet.get());
       if (sent < 0) {
         m_lastError = sent;
         ++m_errorsInARow;
       }
     }
-    av_packet_unref(m_packet);
+    av_packet_unref(m_packet.get());
   }
   return false;
 }
 
 bool AudioDecoder::receiveFrame() {
-  const int status = avcodec_receive_frame(m_codec, m_frame);
+  const int status = avcodec_receive_frame(m_codec.get(), m_frame.get());
   if (status < 0 && status != AVERROR(EAGAIN) && status != AVERROR_EOF) {
     m_lastError = status;
     ++m_errorsInARow;
@@ -233,21 +227,23 @@ bool AudioDecoder::configureConversion() {
   } else {
     av_channel_layout_copy(&source, &m_frame->ch_layout);
   }
+  SwrContext* converter = m_converter.release();
   int status =
-      swr_alloc_set_opts2(&m_converter, &stereo, AV_SAMPLE_FMT_FLT, m_sampleRate, &source,
+      swr_alloc_set_opts2(&converter, &stereo, AV_SAMPLE_FMT_FLT, m_sampleRate, &source,
                           static_cast<AVSampleFormat>(m_frame->format), m_frame->sample_rate, 0, nullptr);
+  m_converter.reset(converter);
   if (status >= 0 && source.nb_channels == 1) {
     // Full level on both sides; the library's own default would lower it by 3 dB.
     constexpr std::array<double, channelCount> both{1.0, 1.0};
-    status = swr_set_matrix(m_converter, both.data(), 1);
+    status = swr_set_matrix(m_converter.get(), both.data(), 1);
   }
   av_channel_layout_uninit(&source);
   if (status >= 0) {
-    status = swr_init(m_converter);
+    status = swr_init(m_converter.get());
   }
   if (status < 0) {
     m_lastError = status;
-    swr_free(&m_converter);
+    m_converter.reset();
     m_convertedFormat = -1;
     return false;
   }
@@ -264,7 +260,7 @@ bool AudioDecoder::convert() {
   }
   m_pending.erase(m_pending.begin(), m_pending.begin() + static_cast<std::ptrdiff_t>(m_pendingStart));
   m_pendingStart = 0;
-  const int room = swr_get_out_samples(m_converter, m_frame->nb_samples);
+  const int room = swr_get_out_samples(m_converter.get(), m_frame->nb_samples);
   if (room <= 0) {
     return false;
   }
@@ -272,8 +268,8 @@ bool AudioDecoder::convert() {
   m_pending.resize(before + static_cast<std::size_t>(room) * channelCount);
   auto* output = reinterpret_cast<std::uint8_t*>(m_pending.data() + before);
   const auto* const* input = const_cast<const std::uint8_t**>(m_frame->extended_data);
-  const int count =
-      swr_convert(m_converter, &output, room, const_cast<const std::uint8_t**>(input), m_frame->nb_samples);
+  const int count = swr_convert(m_converter.get(), &output, room, const_cast<const std::uint8_t**>(input),
+                                m_frame->nb_samples);
   m_pending.resize(before + static_cast<std::size_t>(std::max(count, 0)) * channelCount);
   if (count < 0) {
     m_lastError = count;

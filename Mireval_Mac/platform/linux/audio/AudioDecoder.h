@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/audio/FfmpegDeleter.h"
+
 #include <QString>
 
 #include <tl/expected.hpp>
@@ -11,12 +13,6 @@
 #include <memory>
 #include <span>
 #include <vector>
-
-struct AVCodecContext;
-struct AVFormatContext;
-struct AVFrame;
-struct AVPacket;
-struct SwrContext;
 
 namespace mireval {
 
@@ -32,10 +28,6 @@ class AudioDecoder {
   /// description by FFmpeg.
   static tl::expected<std::unique_ptr<AudioDecoder>, QString> open(const std::filesystem::path& file);
 
-  AudioDecoder(const AudioDecoder&) = delete;
-  AudioDecoder& operator=(const AudioDecoder&) = delete;
-  ~AudioDecoder();
-
   /// Frames per second of what `read` delivers: the file's own rate.
   int sampleRate() const { return m_sampleRate; }
 
@@ -46,7 +38,7 @@ class AudioDecoder {
   /// count. Returns the number of frames, which is smaller than asked for only at the end.
   std::size_t read(std::span<float> samples);
 
-  /// True once decoding had to stop before the end of the file.
+  /// True when decoding had to stop before the end of the file.
   bool failed() const { return m_failed; }
 
  private:
@@ -61,18 +53,18 @@ class AudioDecoder {
   void trimPadding();
   std::size_t pendingFrames() const { return (m_pending.size() - m_pendingStart) / channelCount; }
 
-  AVFormatContext* m_format = nullptr;
-  AVCodecContext* m_codec = nullptr;
-  AVPacket* m_packet = nullptr;
-  AVFrame* m_frame = nullptr;
-  SwrContext* m_converter = nullptr;
+  FfmpegPointer<AVFormatContext> m_format;
+  FfmpegPointer<AVCodecContext> m_codec;
+  FfmpegPointer<AVPacket> m_packet;
+  FfmpegPointer<AVFrame> m_frame;
+  FfmpegPointer<SwrContext> m_converter;
   int m_streamIndex = -1;
   int m_sampleRate = 0;
   int m_convertedRate = 0;
   int m_convertedFormat = -1;
   int m_convertedChannels = 0;
   double m_durationSeconds = 0;
-  /// Frames that the file promises; what an encoder's last block adds to them is padding.
+  /// As many frames as the file states. More than that, from the encoder's last block, is padding.
   std::uint64_t m_promisedFrames = std::numeric_limits<std::uint64_t>::max();
   std::uint64_t m_deliveredFrames = 0;
   int m_lastError = 0;
@@ -80,7 +72,7 @@ class AudioDecoder {
   bool m_draining = false;
   bool m_ended = false;
   bool m_failed = false;
-  /// Decoded and converted, not yet delivered; starts at m_pendingStart.
+  /// Samples that are decoded and converted; those from m_pendingStart on are not yet delivered.
   std::vector<float> m_pending;
   std::size_t m_pendingStart = 0;
 };

@@ -10,24 +10,17 @@
 #include <utility>
 
 namespace mireval {
-namespace {
-
-struct ProplistDeleter {
-  void operator()(pa_proplist* proplist) const { pa_proplist_free(proplist); }
-};
-
-}  // namespace
 
 PulseServer::Lock::Lock(PulseServer& server) : m_server(server) {
-  pa_threaded_mainloop_lock(m_server.m_mainloop);
+  pa_threaded_mainloop_lock(m_server.m_mainloop.get());
 }
 
 PulseServer::Lock::~Lock() {
-  pa_threaded_mainloop_unlock(m_server.m_mainloop);
+  pa_threaded_mainloop_unlock(m_server.m_mainloop.get());
 }
 
 PulseServer::Timer::Timer(PulseServer& server, std::function<void()> action)
-    : m_api(*pa_threaded_mainloop_get_api(server.m_mainloop)), m_action(std::move(action)) {}
+    : m_api(*pa_threaded_mainloop_get_api(server.m_mainloop.get())), m_action(std::move(action)) {}
 
 PulseServer::Timer::~Timer() {
   stop();
@@ -46,7 +39,8 @@ void PulseServer::Timer::start(std::chrono::microseconds delay) {
       [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
         auto& timer = *static_cast<Timer*>(self);
         timer.stop();
-        timer.m_action();
+        const std::function<void()> action = timer.m_action;
+        action();
       },
       this);
 }
@@ -57,35 +51,25 @@ void PulseServer::Timer::stop() {
   }
 }
 
-void PulseServer::ContextDeleter::operator()(pa_context* context) const {
-  pa_context_set_state_callback(context, nullptr, nullptr);
-  pa_context_disconnect(context);
-  pa_context_unref(context);
-}
-
 PulseServer::PulseServer() : m_mainloop(pa_threaded_mainloop_new()) {
-  pa_threaded_mainloop_set_name(m_mainloop, "mireval-audio");
-  pa_threaded_mainloop_start(m_mainloop);
+  pa_threaded_mainloop_set_name(m_mainloop.get(), "mireval-audio");
+  pa_threaded_mainloop_start(m_mainloop.get());
 }
 
 PulseServer::~PulseServer() {
-  {
-    const Lock lock(*this);
-    m_context.reset();
-  }
-  pa_threaded_mainloop_stop(m_mainloop);
-  pa_threaded_mainloop_free(m_mainloop);
+  const Lock lock(*this);
+  m_context.reset();
 }
 
 tl::expected<void, QString> PulseServer::connect() {
   if (m_context) {
     return {};
   }
-  const std::unique_ptr<pa_proplist, ProplistDeleter> properties(pa_proplist_new());
+  const PulsePointer<pa_proplist> properties(pa_proplist_new());
   pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Mireval");
   pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, "mireval");
-  m_context.reset(
-      pa_context_new_with_proplist(pa_threaded_mainloop_get_api(m_mainloop), nullptr, properties.get()));
+  m_context.reset(pa_context_new_with_proplist(pa_threaded_mainloop_get_api(m_mainloop.get()), nullptr,
+                                               properties.get()));
   if (!m_context) {
     return tl::make_unexpected(QString::fromUtf8(pa_strerror(PA_ERR_INTERNAL)));
   }

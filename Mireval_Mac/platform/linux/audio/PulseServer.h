@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/audio/PulseDeleter.h"
+
 #include <QString>
 
 #include <tl/expected.hpp>
@@ -10,7 +12,6 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
 #include <vector>
 
 namespace mireval {
@@ -45,8 +46,8 @@ class PulseServer {
     ~Client() = default;
   };
 
-  /// Calls a function once, after a while, on libpulse's thread with the lock held. To be destroyed with the
-  /// lock held.
+  /// Calls a function once, after a delay, on libpulse's thread with the lock held. The function may destroy
+  /// the timer. The destructor needs the lock.
   class Timer {
    public:
     Timer(PulseServer& server, std::function<void()> action);
@@ -82,14 +83,11 @@ class PulseServer {
   void removeClient(Client& client);
 
  private:
-  struct ContextDeleter {
-    void operator()(pa_context* context) const;
-  };
-
   void contextStateChanged();
 
-  pa_threaded_mainloop* m_mainloop = nullptr;
-  std::unique_ptr<pa_context, ContextDeleter> m_context;
+  const PulsePointer<pa_threaded_mainloop> m_mainloop;
+  // Guarded by the lock.
+  PulsePointer<pa_context> m_context;
   std::vector<Client*> m_clients;
 };
 
