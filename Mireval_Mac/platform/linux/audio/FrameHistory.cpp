@@ -20,27 +20,15 @@ std::uint64_t FrameHistory::oldestFrame() const {
   return m_decodedFrames > m_capacityFrames ? m_decodedFrames - m_capacityFrames : 0;
 }
 
-std::size_t FrameHistory::read(std::uint64_t position, std::span<float> samples) {
-  if (position >= m_decodedFrames) {
-    const std::size_t count = m_decoder->read(samples);
-    remember(samples.first(count * channels));
-    return count;
-  }
+std::span<const float> FrameHistory::read(std::uint64_t position, std::size_t most) {
   const auto offset = static_cast<std::size_t>(position % m_capacityFrames);
-  const std::size_t count = std::min({samples.size() / channels, m_capacityFrames - offset,
-                                      static_cast<std::size_t>(m_decodedFrames - position)});
-  std::copy_n(m_ring.get() + offset * channels, count * channels, samples.begin());
-  return count;
-}
-
-void FrameHistory::remember(std::span<const float> samples) {
-  while (!samples.empty()) {
-    const auto offset = static_cast<std::size_t>(m_decodedFrames % m_capacityFrames);
-    const std::size_t count = std::min(samples.size() / channels, m_capacityFrames - offset);
-    std::copy_n(samples.begin(), count * channels, m_ring.get() + offset * channels);
-    samples = samples.subspan(count * channels);
-    m_decodedFrames += count;
+  const std::size_t room = std::min(most, m_capacityFrames - offset);
+  float* const frames = m_ring.get() + offset * channels;
+  if (position >= m_decodedFrames) {
+    m_decodedFrames += m_decoder->read({frames, room * channels});
   }
+  const auto known = static_cast<std::size_t>(m_decodedFrames - position);
+  return {frames, std::min(room, known) * channels};
 }
 
 }  // namespace mireval

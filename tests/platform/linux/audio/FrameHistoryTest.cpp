@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <vector>
 
 namespace mireval::test {
 namespace {
@@ -12,16 +12,14 @@ namespace {
 class FrameHistoryTest : public testing::Test {
  protected:
   static std::vector<float> read(FrameHistory& history, std::uint64_t position, std::size_t frames) {
-    std::vector<float> samples(frames * 2);
-    std::size_t done = 0;
-    while (done < frames) {
-      const std::size_t count = history.read(position + done, std::span(samples).subspan(done * 2));
-      if (count == 0) {
+    std::vector<float> samples;
+    while (samples.size() < frames * 2) {
+      const auto part = history.read(position + samples.size() / 2, frames - samples.size() / 2);
+      if (part.empty()) {
         break;
       }
-      done += count;
+      samples.insert(samples.end(), part.begin(), part.end());
     }
-    samples.resize(done * 2);
     return samples;
   }
 

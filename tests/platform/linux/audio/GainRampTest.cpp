@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <array>
 
 namespace mireval::test {
 namespace {
@@ -23,7 +23,7 @@ TEST(GainRampTest, RunsStraightFromTheOldGainToTheNew) {
   EXPECT_FLOAT_EQ(ramp.target(), 0.5F);
 }
 
-TEST(GainRampTest, StartsANewChangeWhereTheOldOneHasGot) {
+TEST(GainRampTest, StartsANewChangeAtTheGainThatTheOldOneHasReached) {
   GainRamp ramp(1);
   ramp.changeTo(0, 1000, 100);
   ramp.changeTo(1, 1050, 100);
@@ -32,13 +32,14 @@ TEST(GainRampTest, StartsANewChangeWhereTheOldOneHasGot) {
   EXPECT_FLOAT_EQ(ramp.at(1150), 1);
 }
 
-TEST(GainRampTest, ScalesBothSidesOfEachFrame) {
+TEST(GainRampTest, ScalesBothSidesOfEachFrameToSixteenBits) {
   GainRamp ramp(1);
-  ramp.changeTo(0, 10, 2);
-  std::vector<float> samples(10, 0.8F);
-  ramp.apply(9, samples);
-  const std::vector<float> expected{0.8F, 0.8F, 0.8F, 0.8F, 0.4F, 0.4F, 0, 0, 0, 0};
-  EXPECT_EQ(samples, expected);
+  ramp.changeTo(0.25F, 10, 2);
+  constexpr std::array samples{0.5F, -0.5F, 0.5F, 2.0F, 0.5F, -2.0F, 0.5F, 0.00007F};
+  std::array<std::int16_t, 8> scaled{};
+  ramp.apply(9, samples, scaled);
+  constexpr std::array<std::int16_t, 8> expected{16384, -16384, 16384, 32767, 10240, -32768, 4096, 1};
+  EXPECT_EQ(scaled, expected);
 }
 
 }  // namespace
