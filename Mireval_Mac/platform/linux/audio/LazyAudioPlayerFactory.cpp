@@ -1,5 +1,6 @@
 #include "platform/linux/audio/LazyAudioPlayerFactory.h"
 
+#include "platform/linux/audio/AudioModule.h"
 #include "platform/qt/ApplicationFile.h"
 
 #include <dlfcn.h>
@@ -28,7 +29,7 @@ fs::path LazyAudioPlayerFactory::moduleOfApplication() {
 }
 
 void LazyAudioPlayerFactory::warmUp() {
-  // While the thread runs, all but its handle belongs to it.
+  // While the thread runs, only it may use the other members.
   if (!m_loader.joinable() && !m_factory) {
     m_loader = std::thread([this] {
       load();
@@ -51,12 +52,12 @@ AudioPlayerResult LazyAudioPlayerFactory::create(const fs::path& file) {
 
 void LazyAudioPlayerFactory::load() {
   void* const module = dlopen(m_module.c_str(), RTLD_NOW | RTLD_LOCAL);
-  void* const entry = module != nullptr ? dlsym(module, "mirevalMakeAudioPlayerFactory") : nullptr;
+  void* const entry = module != nullptr ? dlsym(module, audioModuleFunction) : nullptr;
   if (entry == nullptr) {
     m_error = QString::fromLocal8Bit(dlerror());
     return;
   }
-  m_factory.reset(reinterpret_cast<AudioPlayerFactory* (*)()>(entry)());
+  m_factory.reset(reinterpret_cast<decltype(&mirevalMakeAudioPlayerFactory)>(entry)());
 }
 
 }  // namespace mireval

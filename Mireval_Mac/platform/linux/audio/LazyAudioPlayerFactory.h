@@ -11,7 +11,8 @@
 namespace mireval {
 
 /// Loads the audio module when sound is wanted for the first time. The decoder's and the sound server's
-/// libraries take tens of milliseconds and megabytes, which a program that only shows its icon does without.
+/// libraries take tens of milliseconds and megabytes, which a program that only shows its icon need not
+/// spend.
 class LazyAudioPlayerFactory final : public AudioPlayerFactory {
  public:
   /// `module` is the shared object that makes the real factory. It is never unloaded.
@@ -35,7 +36,7 @@ class LazyAudioPlayerFactory final : public AudioPlayerFactory {
 
   const std::filesystem::path m_module;
   std::thread m_loader;
-  // Written by the loading thread, read once that has been joined.
+  // The loading thread writes these two; nobody reads them before it has been joined.
   std::unique_ptr<AudioPlayerFactory> m_factory;
   QString m_error;
 };
