@@ -2,7 +2,6 @@
 
 #include "ChildProcess.h"
 
-#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <sstream>
@@ -12,21 +11,8 @@ namespace mireval::test {
 
 namespace fs = std::filesystem;
 
-AudioFiles::AudioFiles() {
-  std::string pattern = (fs::temp_directory_path() / "mireval-files-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) {
-    throw std::runtime_error("no temporary folder");
-  }
-  m_folder = pattern;
-}
-
-AudioFiles::~AudioFiles() {
-  std::error_code error;
-  fs::remove_all(m_folder, error);
-}
-
 fs::path AudioFiles::make(const std::string& name, const std::vector<std::string>& arguments) const {
-  const fs::path file = m_folder / name;
+  const fs::path file = folder() / name;
   std::vector<std::string> command{"ffmpeg", "-nostdin", "-v", "error", "-y"};
   command.insert(command.end(), arguments.begin(), arguments.end());
   command.push_back(file.string());
@@ -56,7 +42,7 @@ fs::path AudioFiles::noise(double seconds) const {
 }
 
 fs::path AudioFiles::bytes(const std::string& name, const std::string& content) const {
-  const fs::path file = m_folder / name;
+  const fs::path file = folder() / name;
   std::ofstream(file, std::ios::binary) << content;
   return file;
 }

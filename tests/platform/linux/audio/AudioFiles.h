@@ -2,6 +2,8 @@
 
 #include "Recording.h"
 
+#include <QTemporaryDir>
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -11,11 +13,6 @@ namespace mireval::test {
 /// Audio files for tests, made by ffmpeg in a folder of their own.
 class AudioFiles {
  public:
-  AudioFiles();
-  AudioFiles(const AudioFiles&) = delete;
-  AudioFiles& operator=(const AudioFiles&) = delete;
-  ~AudioFiles();
-
   struct Format {
     int sampleRate = 44100;
     int channels = 2;
@@ -24,11 +21,11 @@ class AudioFiles {
   /// A sine at a quarter of full scale (-15.05 dB rms).
   std::filesystem::path tone(double frequency, double seconds, Format format) const;
   std::filesystem::path tone(double frequency, double seconds) const { return tone(frequency, seconds, {}); }
-  /// White noise, the same at each call: every moment of it can be told from every other.
+  /// White noise, the same at each call. Each moment of it differs from every other.
   std::filesystem::path noise(double seconds) const;
   /// A file with these bytes.
   std::filesystem::path bytes(const std::string& name, const std::string& content) const;
-  /// The first `share` (0...1) of another file; its index stands first when `indexFirst`.
+  /// The first `share` (0...1) of another file, whose index comes first if `indexFirst`.
   std::filesystem::path truncated(double share, bool indexFirst) const;
 
   /// Runs ffmpeg with these arguments and the output file last.
@@ -37,12 +34,12 @@ class AudioFiles {
   /// What ffmpeg decodes from the file.
   Recording decoded(const std::filesystem::path& file) const;
 
-  const std::filesystem::path& folder() const { return m_folder; }
+  std::filesystem::path folder() const { return m_folder.path().toStdString(); }
 
   static std::string contentOf(const std::filesystem::path& file);
 
  private:
-  std::filesystem::path m_folder;
+  QTemporaryDir m_folder;
 };
 
 }  // namespace mireval::test

@@ -23,17 +23,14 @@ using Clock = std::chrono::steady_clock;
 class EndWatcher final : public AudioPlayerDelegate {
  public:
   void audioPlayerDidFinishPlaying(AudioPlayer&, bool successfully) override {
-    m_when = Clock::now().time_since_epoch();
     m_successfully = successfully;
     ++m_calls;
   }
 
   int calls() const { return m_calls; }
   bool successfully() const { return m_successfully; }
-  Clock::time_point when() const { return Clock::time_point(m_when.load()); }
 
  private:
-  std::atomic<Clock::duration> m_when{};
   std::atomic<bool> m_successfully = false;
   std::atomic<int> m_calls = 0;
 };

@@ -3,40 +3,25 @@
 #include <signal.h>
 
 #include <chrono>
-#include <cstdlib>
+#include <filesystem>
 #include <stdexcept>
 #include <thread>
 
 namespace mireval::test {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 constexpr const char* nullSink = "module-null-sink sink_name=null format=float32le rate=44100";
 
-fs::path makeFolder() {
-  std::string pattern = (fs::temp_directory_path() / "mireval-sound-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) {
-    throw std::runtime_error("no temporary folder");
-  }
-  return pattern;
-}
-
 }  // namespace
 
-SoundServer::SoundServer(Kind kind) : m_kind(kind), m_folder(makeFolder()) {
-  fs::create_directories(m_folder / "pulse");
-}
-
-SoundServer::~SoundServer() {
-  m_processes.clear();
-  std::error_code error;
-  fs::remove_all(m_folder, error);
+SoundServer::SoundServer(Kind kind) : m_kind(kind) {
+  std::filesystem::create_directories(m_folder.filePath(QStringLiteral("pulse")).toStdString());
 }
 
 std::map<std::string, std::string> SoundServer::environment() const {
-  const std::string folder = m_folder.string();
+  const std::string folder = m_folder.path().toStdString();
   return {{"HOME", folder},
           {"XDG_RUNTIME_DIR", folder},
           {"XDG_CONFIG_HOME", folder + "/config"},
@@ -48,7 +33,7 @@ std::map<std::string, std::string> SoundServer::environment() const {
 
 void SoundServer::launch(const std::vector<std::string>& command) {
   m_processes.push_back(
-      std::make_unique<ChildProcess>(command, environment(), (m_folder / "errors.log").string()));
+      std::make_unique<ChildProcess>(command, environment(), environment().at("HOME") + "/errors.log"));
 }
 
 void SoundServer::start() {
@@ -56,7 +41,8 @@ void SoundServer::start() {
     // Without rewinding, as the null sink would otherwise render seconds ahead while it is idle.
     launch({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
             "--disallow-exit=no", "-L", std::string(nullSink) + " norewinds=1", "-L",
-            "module-native-protocol-unix auth-anonymous=1 socket=" + (m_folder / "pulse/native").string()});
+            "module-native-protocol-unix auth-anonymous=1 socket=" + environment().at("HOME") +
+                "/pulse/native"});
     waitForAnswer();
     return;
   }
@@ -74,7 +60,8 @@ void SoundServer::start() {
 
 void SoundServer::startPipeWire() {
   // WirePlumber does not run without a bus.
-  launch({"dbus-daemon", "--session", "--nofork", "--address=unix:path=" + (m_folder / "bus").string()});
+  launch(
+      {"dbus-daemon", "--session", "--nofork", "--address=" + environment().at("DBUS_SESSION_BUS_ADDRESS")});
   launch({"pipewire"});
   launch({"wireplumber"});
   launch({"pipewire-pulse"});

@@ -2,7 +2,8 @@
 
 #include "ChildProcess.h"
 
-#include <filesystem>
+#include <QTemporaryDir>
+
 #include <functional>
 #include <map>
 #include <memory>
@@ -17,9 +18,6 @@ class SoundServer {
   enum class Kind { pulseAudio, pipeWire };
 
   explicit SoundServer(Kind kind);
-  SoundServer(const SoundServer&) = delete;
-  SoundServer& operator=(const SoundServer&) = delete;
-  ~SoundServer();
 
   /// Starts the server and waits until it answers. Throws when it does not.
   void start();
@@ -45,7 +43,8 @@ class SoundServer {
   static void waitFor(const std::function<bool()>& condition);
 
   Kind m_kind;
-  std::filesystem::path m_folder;
+  QTemporaryDir m_folder;
+  // Ended before the folder goes.
   std::vector<std::unique_ptr<ChildProcess>> m_processes;
 };
 
