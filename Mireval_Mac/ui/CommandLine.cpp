@@ -1,64 +1,25 @@
 #include "ui/CommandLine.h"
 
-#include <optional>
+#include <algorithm>
+#include <array>
 
 namespace mireval {
 namespace {
 
 using Action = CommandLine::Action;
 
-std::string quoted(std::string_view text) {
-  return "'" + std::string(text) + "'";
-}
+struct Option {
+  std::string_view name;
+  Action action;
+};
 
-CommandLine rejected(std::string error) {
-  return {.action = Action::reject, .error = std::move(error)};
-}
+constexpr std::array options{Option{"--settings", Action::showSettings}, Option{"--service", Action::serve},
+                             Option{"--help", Action::showHelp},         Option{"-h", Action::showHelp},
+                             Option{"--version", Action::showVersion},   Option{"-v", Action::showVersion}};
 
-std::optional<Action> longOption(std::string_view name) {
-  if (name == "settings") {
-    return Action::showSettings;
-  }
-  if (name == "service") {
-    return Action::serve;
-  }
-  if (name == "help") {
-    return Action::showHelp;
-  }
-  if (name == "version") {
-    return Action::showVersion;
-  }
-  return std::nullopt;
-}
-
-std::optional<Action> shortOption(char letter) {
-  switch (letter) {
-    case 'h':
-      return Action::showHelp;
-    case 'v':
-      return Action::showVersion;
-    default:
-      return std::nullopt;
-  }
-}
-
-CommandLine parseLong(std::string_view argument) {
-  const std::string_view option = argument.substr(0, argument.find('='));
-  const auto action = longOption(option.substr(2));
-  if (!action) {
-    return rejected("unknown option " + quoted(option));
-  }
-  if (option != argument) {
-    return rejected("option " + quoted(option) + " takes no value");
-  }
-  return {.action = *action};
-}
-
-/// Each short option ends the reading, so that only the first letter of several counts.
-CommandLine parseShort(std::string_view argument) {
-  const auto action = shortOption(argument[1]);
-  return action ? CommandLine{.action = *action}
-                : rejected("unknown option " + quoted(argument.substr(0, 2)));
+CommandLine rejected(std::string_view reason, std::string_view argument, std::string_view end = "") {
+  return {.action = Action::reject,
+          .error = std::string(reason) + " '" + std::string(argument) + "'" + std::string(end)};
 }
 
 }  // namespace
@@ -68,18 +29,27 @@ CommandLine CommandLine::parse(const std::vector<std::string_view>& arguments) {
   bool optionsMayFollow = true;
   for (const std::string_view argument : arguments) {
     if (!optionsMayFollow || argument.size() < 2 || argument[0] != '-') {
-      return rejected("unexpected argument " + quoted(argument));
+      return rejected("unexpected argument", argument);
     }
     if (argument == "--") {
       optionsMayFollow = false;
       continue;
     }
-    CommandLine option = argument[1] == '-' ? parseLong(argument) : parseShort(argument);
-    if (option.action != Action::showSettings && option.action != Action::serve) {
-      return option;
+    // Every short option ends the parsing. So only the first of several joined letters counts.
+    const bool isLong = argument[1] == '-';
+    const std::string_view name = argument.substr(0, isLong ? argument.find('=') : 2);
+    const auto* const option = std::ranges::find(options, name, &Option::name);
+    if (option == options.end()) {
+      return rejected("unknown option", name);
+    }
+    if (isLong && name != argument) {
+      return rejected("option", name, " takes no value");
+    }
+    if (option->action == Action::showHelp || option->action == Action::showVersion) {
+      return {.action = option->action};
     }
     if (result.action != Action::showSettings) {
-      result = std::move(option);
+      result.action = option->action;
     }
   }
   return result;

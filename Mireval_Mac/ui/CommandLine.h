@@ -8,11 +8,11 @@ namespace mireval {
 
 /// What the user asks for when starting the program.
 struct CommandLine {
-  /// `serve` is to run, too: for a request that the bus is about to pass on.
+  /// `serve` also runs the player. The bus started it and is about to pass on a request.
   enum class Action { run, serve, showSettings, showHelp, showVersion, reject };
 
-  /// `arguments` come without the program's name. The first of help, version and a mistake decides; without
-  /// these, the settings win over the bus's request.
+  /// `arguments` do not contain the program's name. The first of help, version and a mistake decides. Without
+  /// these, `showSettings` wins over `serve`.
   static CommandLine parse(const std::vector<std::string_view>& arguments);
 
   /// What `--help` and `--version` print, ending with a newline.
@@ -20,7 +20,7 @@ struct CommandLine {
   static std::string_view versionText();
 
   Action action = Action::run;
-  /// What is wrong, in a few words, with Action::reject.
+  /// What is wrong, in a few words. Only with Action::reject.
   std::string error = {};
 };
 
