@@ -23,7 +23,6 @@ constexpr auto patienceWithoutPlace = std::chrono::seconds(2);
 }  // namespace
 
 MenuBarScene::MenuBarScene(Surroundings surroundings) : m_surroundings(surroundings) {
-  connect(&m_closedPanels, &ClosedWindows::deleted, this, &MenuBarScene::panelDidClose);
   m_finderPatience.setSingleShot(true);
   connect(&m_finderPatience, &QTimer::timeout, this, &MenuBarScene::openDropDown);
   const AudioPlayerController* const player = &m_surroundings.audioPlayer;
@@ -100,6 +99,8 @@ PanelWindow& MenuBarScene::makePanel(PanelWindow::Style style) {
   connect(m_panel.get(), &PanelWindow::dismissed, this, &MenuBarScene::handleDismissal);
   connect(m_panel.get(), &PanelWindow::settingsRequested, this, &MenuBarScene::settingsRequested);
   connect(m_panel.get(), &PanelWindow::quitRequested, this, &MenuBarScene::quitRequested);
+  // Queued: when the signal comes, the panel still has its QML engine.
+  connect(m_panel.get(), &QObject::destroyed, this, &MenuBarScene::panelDidClose, Qt::QueuedConnection);
   return *m_panel;
 }
 
@@ -107,10 +108,11 @@ void MenuBarScene::close() {
   m_finderPatience.stop();
   m_finder.reset();
   if (m_panel) {
-    // Its hiding must not count as the user's doing.
-    m_panel->disconnect(this);
+    // Hiding takes the focus away, which the user has not done.
+    disconnect(m_panel.get(), &PanelWindow::dismissed, this, nullptr);
     m_panel->hide();
-    m_closedPanels.add(std::move(m_panel));
+    // This may be called by an event handler of the panel.
+    m_panel.release()->deleteLater();
   }
 }
 

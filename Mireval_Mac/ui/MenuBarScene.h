@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/ClickCatcher.h"
-#include "ui/ClosedWindows.h"
 #include "ui/PanelWindow.h"
 
 #include <QElapsedTimer>
@@ -80,7 +79,6 @@ class MenuBarScene final : public QObject {
   /// While the icon's place is found out.
   std::unique_ptr<ClickCatcher> m_finder;
   QTimer m_finderPatience;
-  ClosedWindows m_closedPanels;
   QElapsedTimer m_sinceTurningAway;
 };
 

@@ -9,9 +9,7 @@ namespace mireval {
 
 SettingsScene::SettingsScene(AppLocalization& localization, ColorScheme& colorScheme,
                              std::filesystem::path icon)
-    : m_localization(localization), m_colorScheme(colorScheme), m_icon(std::move(icon)) {
-  connect(&m_closedWindows, &ClosedWindows::deleted, this, &SettingsScene::windowDidClose);
-}
+    : m_localization(localization), m_colorScheme(colorScheme), m_icon(std::move(icon)) {}
 
 SettingsScene::~SettingsScene() = default;
 
@@ -21,14 +19,17 @@ void SettingsScene::show() {
     return;
   }
   m_window = std::make_unique<SettingsWindow>(m_localization, m_colorScheme);
-  connect(m_window.get(), &SettingsWindow::closed, this, &SettingsScene::letGo);
+  connect(m_window.get(), &SettingsWindow::closed, this, &SettingsScene::release);
+  // Queued: when the signal comes, the window still has its QML engine.
+  connect(m_window.get(), &QObject::destroyed, this, &SettingsScene::windowDidClose, Qt::QueuedConnection);
   m_window->setIcon(QIcon(QFile::decodeName(m_icon.c_str())));
   m_window->open();
 }
 
-void SettingsScene::letGo() {
-  m_window->disconnect(this);
-  m_closedWindows.add(std::move(m_window));
+void SettingsScene::release() {
+  disconnect(m_window.get(), &SettingsWindow::closed, this, nullptr);
+  // An event handler of the window has called this.
+  m_window.release()->deleteLater();
 }
 
 }  // namespace mireval

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ui/ClosedWindows.h"
 #include "ui/SettingsWindow.h"
 
 #include <QObject>
@@ -33,13 +32,12 @@ class SettingsScene final : public QObject {
   void windowDidClose();
 
  private:
-  void letGo();
+  void release();
 
   AppLocalization& m_localization;
   ColorScheme& m_colorScheme;
   const std::filesystem::path m_icon;
   std::unique_ptr<SettingsWindow> m_window;
-  ClosedWindows m_closedWindows;
 };
 
 }  // namespace mireval

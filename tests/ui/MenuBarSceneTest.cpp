@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QQmlEngine>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QtTest/QTest>
@@ -21,8 +22,6 @@ class MenuBarSceneTest : public PanelFixture {
   static constexpr QRect iconPlace{500, 12, 1, 1};
 
   MenuBarSceneTest() { m_scene.show(ICON); }
-
-  static void runEventLoopOnce() { QCoreApplication::processEvents(); }
 
   FakeMenuBarExtra m_menuBarExtra;
   MenuBarScene m_scene{{m_menuBarExtra, m_colorScheme, m_windowSystem, *m_controller, m_localization}};
@@ -40,10 +39,15 @@ TEST_F(MenuBarSceneTest, ClicksOpenAndCloseThePanel) {
   EXPECT_TRUE(m_scene.panel()->isVisible());
   EXPECT_EQ(m_scene.panel()->x() + m_scene.panel()->width() / 2, iconPlace.x());
   const QPointer<PanelWindow> first = m_scene.panel();
+  const QPointer<QQmlEngine> engine = first->engine();
+  const QSignalSpy didClose(&m_scene, &MenuBarScene::panelDidClose);
+  QObject::connect(&m_scene, &MenuBarScene::panelDidClose, &m_scene, [&] { EXPECT_TRUE(engine.isNull()); });
   m_menuBarExtra.click(iconPlace);
   EXPECT_EQ(m_scene.panel(), nullptr);
+  EXPECT_EQ(didClose.size(), 0);
   runEventLoopOnce();
   EXPECT_TRUE(first.isNull());
+  EXPECT_EQ(didClose.size(), 1);
   m_menuBarExtra.click(iconPlace);
   EXPECT_NE(m_scene.panel(), nullptr);
   EXPECT_EQ(willOpen.size(), 2);

@@ -2,6 +2,7 @@
 
 #include "library/LocalLibraryProvider.h"
 
+#include <QCoreApplication>
 #include <QtTest/QTest>
 
 #include <utility>
@@ -71,6 +72,11 @@ void PanelFixture::press(PanelWindow& panel, const char* button) const {
   const QQuickItem* const pressed = item(panel, button);
   const QPointF centre = pressed->mapToScene(QPointF(pressed->width() / 2, pressed->height() / 2));
   QTest::mouseClick(&panel, Qt::LeftButton, {}, centre.toPoint());
+}
+
+void PanelFixture::runEventLoopOnce() {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QCoreApplication::processEvents();
 }
 
 void PanelFixture::speak(const char* languageTag) {

@@ -33,6 +33,7 @@ namespace mireval {
 class PanelFixture : public testing::Test {
  protected:
   PanelFixture();
+  ~PanelFixture() override { runEventLoopOnce(); }
   explicit PanelFixture(std::unique_ptr<AudioLibraryProviding> provider);
 
   std::unique_ptr<PanelWindow> makePanel(PanelWindow::Style style = PanelWindow::Style::dropDown);
@@ -44,6 +45,9 @@ class PanelFixture : public testing::Test {
   /// The symbol that the button of that object name shows.
   QString symbol(const PanelWindow& panel, const char* button) const;
   void press(PanelWindow& panel, const char* button) const;
+
+  /// Also deletes what is to be deleted later.
+  static void runEventLoopOnce();
 
   /// The system's language becomes that of the tag.
   void speak(const char* languageTag);

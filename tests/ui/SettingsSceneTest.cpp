@@ -7,6 +7,7 @@
 #include "ui/PanelFixture.h"
 
 #include <QPointer>
+#include <QQmlEngine>
 #include <QSignalSpy>
 #include <QtTest/QTest>
 
@@ -20,8 +21,6 @@ class SettingsSceneTest : public PanelFixture {
     EXPECT_TRUE(QTest::qWaitForWindowExposed(m_scene.window()));
     return *m_scene.window();
   }
-
-  static void runEventLoopOnce() { QCoreApplication::processEvents(); }
 
   SettingsScene m_scene{m_localization, m_colorScheme, ICON};
 };
@@ -82,6 +81,8 @@ TEST_F(SettingsSceneTest, KeysThatCloseIt) {
 TEST_F(SettingsSceneTest, ClosedByItsFrameItIsFreed) {
   const QSignalSpy didClose(&m_scene, &SettingsScene::windowDidClose);
   const QPointer<SettingsWindow> window = &open();
+  const QPointer<QQmlEngine> engine = window->engine();
+  QObject::connect(&m_scene, &SettingsScene::windowDidClose, &m_scene, [&] { EXPECT_TRUE(engine.isNull()); });
   window->close();
   EXPECT_EQ(m_scene.window(), nullptr);
   EXPECT_FALSE(window.isNull());
