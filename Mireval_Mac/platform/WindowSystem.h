@@ -1,7 +1,10 @@
 #pragma once
 
+#include "platform/DropDown.h"
+#include "platform/PointerFinder.h"
 #include "platform/ScreenArea.h"
 
+#include <memory>
 #include <vector>
 
 class QWindow;
@@ -12,33 +15,18 @@ namespace mireval {
 /// Used on the UI thread.
 class WindowSystem {
  public:
-  /// How a window that drops down from the icon gets to its place and learns of clicks outside.
-  enum class DropDown {
-    /// A window that passes by the window manager goes where it is put, gets the keyboard and may grab the
-    /// pointer.
-    grabbing,
-    /// A managed window goes where it is put inside the work area and gets the keyboard. Clicks are told only
-    /// to the window that they hit.
-    managed,
-    /// A pop-up that passes by the window manager goes where it is put and gets the keyboard. Clicks are told
-    /// only to the window that they hit.
-    unmanaged,
-    /// The desktop chooses the place, and tells nothing but the loss of the keyboard.
-    placedByDesktop,
-  };
-
   virtual ~WindowSystem() = default;
 
-  virtual DropDown dropDown() const = 0;
+  /// Makes a drop-down of the window, which has not been shown yet and must outlive the result.
+  virtual std::unique_ptr<DropDown> makeDropDown(QWindow& window) const = 0;
+
+  /// Begins to look for the pointer; nullptr where that cannot tell more than the icon does.
+  virtual std::unique_ptr<PointerFinder> findPointer() const = 0;
 
   /// True when transparent parts of a window show what lies behind it; without a compositor they are black.
   virtual bool blendsWindows() const = 0;
 
-  /// Asks the desktop not to list the window, which has not been shown yet, among those that can be switched
-  /// to.
-  virtual void keepOutOfLists(QWindow& window) const = 0;
-
-  /// In the order of QGuiApplication::screens, the primary one first; never empty.
+  /// In the order of QGuiApplication::screens, the primary one first. Empty only while the desktop has none.
   virtual std::vector<ScreenArea> screens() const = 0;
 };
 

@@ -25,7 +25,7 @@ struct CorvaneAppearance {
   Q_PROPERTY(QColor strongOverlay MEMBER strongOverlay CONSTANT)
 
  public:
-  /// No colours at all.
+  /// All colours are invalid.
   CorvaneAppearance() = default;
   explicit CorvaneAppearance(bool darkColorScheme);
 

@@ -1,10 +1,10 @@
 #include "ui/MenuBarScene.h"
 
 #include "platform/MenuBarExtra.h"
+#include "platform/WindowSystem.h"
 #include "playback/AudioPlayerController.h"
-
-#include <QFile>
-#include <QIcon>
+#include "ui/DropDownPanel.h"
+#include "ui/FramedPanel.h"
 
 #include <chrono>
 #include <cstdio>
@@ -15,17 +15,17 @@ namespace {
 
 // A click on the icon may first take the focus away and so dismiss the panel that it is meant to close.
 constexpr qint64 reopeningGuardMs = 300;
-// The icon's place is told when the button is released, and sometimes not at all. Who knows an earlier place
-// has less to lose.
+// The pointer's place is known when the button is released, and sometimes never. An earlier place is a good
+// second choice, so it is used soon.
 constexpr auto patienceWithKnownPlace = std::chrono::milliseconds(400);
 constexpr auto patienceWithoutPlace = std::chrono::seconds(2);
 
 }  // namespace
 
-MenuBarScene::MenuBarScene(Surroundings surroundings) : m_surroundings(surroundings) {
+MenuBarScene::MenuBarScene(Services services) : m_services(services) {
   m_finderPatience.setSingleShot(true);
   connect(&m_finderPatience, &QTimer::timeout, this, &MenuBarScene::openDropDown);
-  const AudioPlayerController* const player = &m_surroundings.audioPlayer;
+  const AudioPlayerController* const player = &m_services.audioPlayer;
   connect(player, &AudioPlayerController::currentTrackChanged, this, &MenuBarScene::updateToolTip);
   connect(player, &AudioPlayerController::isPlayingChanged, this, &MenuBarScene::updateToolTip);
 }
@@ -34,9 +34,9 @@ MenuBarScene::~MenuBarScene() = default;
 
 void MenuBarScene::show(const std::filesystem::path& icon) {
   m_icon = icon;
-  m_surroundings.menuBarExtra.show(icon,
-                                   {.activated = [this](const std::optional<QRect>& place) { toggle(place); },
-                                    .missing = [this] { handleMissingMenuBar(); }});
+  m_services.menuBarExtra.show(icon,
+                               {.activated = [this](const std::optional<QRect>& place) { toggle(place); },
+                                .missing = [this] { handleMissingMenuBar(); }});
 }
 
 void MenuBarScene::toggle(const std::optional<QRect>& place) {
@@ -47,31 +47,40 @@ void MenuBarScene::toggle(const std::optional<QRect>& place) {
   if (m_sinceTurningAway.isValid() && !m_sinceTurningAway.hasExpired(reopeningGuardMs)) {
     return;
   }
-  if (!place && PanelWindow::needsCatcher(m_surroundings.windowSystem.dropDown())) {
-    findIcon();
-    return;
-  }
   if (place) {
     m_place = place;
   }
-  openDropDown();
+  if (place || !findIcon()) {
+    openDropDown();
+  }
 }
 
-void MenuBarScene::findIcon() {
-  m_finder = std::make_unique<ClickCatcher>();
-  connect(m_finder.get(), &ClickCatcher::pointerFound, this, [this](QPoint pointer) {
+bool MenuBarScene::findIcon() {
+  m_finder = m_services.windowSystem.findPointer();
+  if (!m_finder) {
+    return false;
+  }
+  connect(m_finder.get(), &PointerFinder::found, this, [this](QPoint pointer) {
     m_place = QRect(pointer, QSize(1, 1));
     openDropDown();
   });
-  m_finder->findPointer();
-  m_finder->show();
   m_finderPatience.start(m_place ? patienceWithKnownPlace : patienceWithoutPlace);
+  return true;
+}
+
+void MenuBarScene::endSearch() {
+  m_finderPatience.stop();
+  if (m_finder) {
+    m_finder->disconnect(this);
+    // The finder itself may have called this.
+    m_finder.release()->deleteLater();
+  }
 }
 
 void MenuBarScene::showPanel() {
   if (m_panel) {
     m_panel->bringToFront();
-  } else if (m_surroundings.menuBarExtra.isPlaced()) {
+  } else if (m_services.menuBarExtra.isPlaced()) {
     openDropDown();
   } else {
     openFramed();
@@ -79,53 +88,50 @@ void MenuBarScene::showPanel() {
 }
 
 void MenuBarScene::openDropDown() {
-  m_finderPatience.stop();
-  if (m_finder) {
-    m_finder->stopFinding();
-  }
-  makePanel(PanelWindow::Style::dropDown).open(m_place, std::move(m_finder));
+  endSearch();
+  Q_EMIT panelWillOpen();
+  auto panel = std::make_unique<DropDownPanel>(m_place, m_services.windowSystem, m_services.audioPlayer,
+                                               m_services.localization, m_services.colorScheme);
+  connect(panel.get(), &PanelWindow::dismissed, this, [this](PanelWindow::Dismissal how) {
+    if (how == PanelWindow::Dismissal::turnedAway) {
+      m_sinceTurningAway.start();
+    }
+    close();
+  });
+  open(std::move(panel));
 }
 
 void MenuBarScene::openFramed() {
-  PanelWindow& panel = makePanel(PanelWindow::Style::framed);
-  panel.setIcon(QIcon(QFile::decodeName(m_icon.c_str())));
-  panel.open();
+  Q_EMIT panelWillOpen();
+  auto panel = std::make_unique<FramedPanel>(m_icon, m_services.audioPlayer, m_services.localization,
+                                             m_services.colorScheme);
+  connect(panel.get(), &PanelWindow::dismissed, this, [this] {
+    close();
+    // Nothing is left that could open it again.
+    if (!m_services.menuBarExtra.isPlaced()) {
+      Q_EMIT quitRequested();
+    }
+  });
+  open(std::move(panel));
 }
 
-PanelWindow& MenuBarScene::makePanel(PanelWindow::Style style) {
-  Q_EMIT panelWillOpen();
-  m_panel = std::make_unique<PanelWindow>(style, m_surroundings.windowSystem, m_surroundings.audioPlayer,
-                                          m_surroundings.localization, m_surroundings.colorScheme);
-  connect(m_panel.get(), &PanelWindow::dismissed, this, &MenuBarScene::handleDismissal);
+void MenuBarScene::open(std::unique_ptr<PanelWindow> panel) {
+  m_panel = std::move(panel);
   connect(m_panel.get(), &PanelWindow::settingsRequested, this, &MenuBarScene::settingsRequested);
   connect(m_panel.get(), &PanelWindow::quitRequested, this, &MenuBarScene::quitRequested);
   // Queued: when the signal comes, the panel still has its QML engine.
   connect(m_panel.get(), &QObject::destroyed, this, &MenuBarScene::panelDidClose, Qt::QueuedConnection);
-  return *m_panel;
+  m_panel->open();
 }
 
 void MenuBarScene::close() {
-  m_finderPatience.stop();
-  m_finder.reset();
+  endSearch();
   if (m_panel) {
     // Hiding takes the focus away, which the user has not done.
     disconnect(m_panel.get(), &PanelWindow::dismissed, this, nullptr);
     m_panel->hide();
-    // This may be called by an event handler of the panel.
+    // An event handler of the panel may have called this.
     m_panel.release()->deleteLater();
-  }
-}
-
-void MenuBarScene::handleDismissal(PanelWindow::Dismissal how) {
-  if (how == PanelWindow::Dismissal::turnedAway) {
-    m_sinceTurningAway.start();
-  }
-  // A drop-down has come from an icon; if that is away now, it is only the bar that is away.
-  const bool wasInsteadOfTheIcon =
-      m_panel->style() == PanelWindow::Style::framed && !m_surroundings.menuBarExtra.isPlaced();
-  close();
-  if (wasInsteadOfTheIcon) {
-    Q_EMIT quitRequested();
   }
 }
 
@@ -137,9 +143,9 @@ void MenuBarScene::handleMissingMenuBar() {
 }
 
 void MenuBarScene::updateToolTip() {
-  const AudioPlayerController& player = m_surroundings.audioPlayer;
+  const AudioPlayerController& player = m_services.audioPlayer;
   const bool plays = player.isPlaying() && player.currentTrack();
-  m_surroundings.menuBarExtra.setToolTip(plays ? player.currentTrack()->title : QString());
+  m_services.menuBarExtra.setToolTip(plays ? player.currentTrack()->title : QString());
 }
 
 }  // namespace mireval

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/ClickCatcher.h"
+#include "platform/PointerFinder.h"
 #include "ui/PanelWindow.h"
 
 #include <QElapsedTimer>
@@ -26,8 +26,8 @@ class MenuBarScene final : public QObject {
   Q_OBJECT
 
  public:
-  /// What the scene shows and stands on. Not owned; must outlive the scene.
-  struct Surroundings {
+  /// What the scene uses. Not owned; must outlive the scene.
+  struct Services {
     MenuBarExtra& menuBarExtra;
     ColorScheme& colorScheme;
     const WindowSystem& windowSystem;
@@ -35,7 +35,7 @@ class MenuBarScene final : public QObject {
     AppLocalization& localization;
   };
 
-  explicit MenuBarScene(Surroundings surroundings);
+  explicit MenuBarScene(Services services);
   ~MenuBarScene() override;
 
   /// Shows the image file as the icon, also of a framed window.
@@ -62,22 +62,22 @@ class MenuBarScene final : public QObject {
 
  private:
   void toggle(const std::optional<QRect>& place);
-  void findIcon();
+  bool findIcon();
+  void endSearch();
   void openDropDown();
   void openFramed();
-  PanelWindow& makePanel(PanelWindow::Style style);
+  void open(std::unique_ptr<PanelWindow> panel);
   void close();
-  void handleDismissal(PanelWindow::Dismissal how);
   void handleMissingMenuBar();
   void updateToolTip();
 
-  const Surroundings m_surroundings;
+  const Services m_services;
   std::filesystem::path m_icon;
   std::unique_ptr<PanelWindow> m_panel;
   /// The icon's last known place, as for `placePanel`.
   std::optional<QRect> m_place;
-  /// While the icon's place is found out.
-  std::unique_ptr<ClickCatcher> m_finder;
+  /// Only while the icon's place is looked for.
+  std::unique_ptr<PointerFinder> m_finder;
   QTimer m_finderPatience;
   QElapsedTimer m_sinceTurningAway;
 };

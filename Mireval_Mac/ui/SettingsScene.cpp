@@ -1,8 +1,5 @@
 #include "ui/SettingsScene.h"
 
-#include <QFile>
-#include <QIcon>
-
 #include <utility>
 
 namespace mireval {
@@ -18,11 +15,10 @@ void SettingsScene::show() {
     m_window->bringToFront();
     return;
   }
-  m_window = std::make_unique<SettingsWindow>(m_localization, m_colorScheme);
+  m_window = std::make_unique<SettingsWindow>(m_icon, m_localization, m_colorScheme);
   connect(m_window.get(), &SettingsWindow::closed, this, &SettingsScene::release);
   // Queued: when the signal comes, the window still has its QML engine.
   connect(m_window.get(), &QObject::destroyed, this, &SettingsScene::windowDidClose, Qt::QueuedConnection);
-  m_window->setIcon(QIcon(QFile::decodeName(m_icon.c_str())));
   m_window->open();
 }
 

@@ -8,11 +8,11 @@
 
 namespace mireval {
 
-SettingsWindow::SettingsWindow(AppLocalization& localization, ColorScheme& colorScheme)
+SettingsWindow::SettingsWindow(const std::filesystem::path& icon, AppLocalization& localization,
+                               ColorScheme& colorScheme)
     : ViewWindow(QStringLiteral("MacSettingsView.qml"), {{QStringLiteral("localization"), &localization},
                                                          {QStringLiteral("colorScheme"), &colorScheme}}) {
-  setFramed();
-  setOpaque(colorScheme);
+  setFramed(icon, colorScheme);
 }
 
 void SettingsWindow::open() {

@@ -2,6 +2,8 @@
 
 #include "ui/ViewWindow.h"
 
+#include <filesystem>
+
 namespace mireval {
 
 class AppLocalization;
@@ -13,8 +15,8 @@ class SettingsWindow final : public ViewWindow {
   Q_OBJECT
 
  public:
-  /// The objects are not owned and must outlive the window.
-  SettingsWindow(AppLocalization& localization, ColorScheme& colorScheme);
+  /// `icon` is the image file of the window's icon. The objects are not owned and must outlive the window.
+  SettingsWindow(const std::filesystem::path& icon, AppLocalization& localization, ColorScheme& colorScheme);
 
   /// Shows the window where the desktop puts it. Its view decides about its size.
   void open();

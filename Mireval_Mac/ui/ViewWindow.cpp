@@ -2,7 +2,9 @@
 
 #include "platform/ColorScheme.h"
 
+#include <QFile>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QUrl>
@@ -16,21 +18,25 @@ extern int QT_MANGLE_NAMESPACE(qInitResources_qmlcache_mireval_ui)();
 
 namespace mireval {
 
-ViewWindow::ViewWindow(const QString& view, Objects objects) {
+ViewWindow::ViewWindow(const QString& view, Properties properties) {
   [[maybe_unused]] static const volatile auto keepTypes = &qml_register_types_Mireval;
   [[maybe_unused]] static const volatile auto keepViews =
       &QT_MANGLE_NAMESPACE(qInitResources_qmlcache_mireval_ui);
   setTitle(QGuiApplication::applicationDisplayName());
-  QVariantMap properties;
-  for (const auto& [name, object] : objects) {
+  QVariantMap values;
+  for (const auto& [name, object] : properties) {
     // The objects belong to the application: QML must not collect them.
     QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
-    properties.insert(name, QVariant::fromValue(object));
+    values.insert(name, QVariant::fromValue(object));
   }
   engine()->addImportPath(QStringLiteral("qrc:/"));
-  setInitialProperties(properties);
+  setInitialProperties(values);
   setResizeMode(QQuickView::SizeViewToRootObject);
   setSource(QUrl(QStringLiteral("qrc:/Mireval/") + view));
+  fixSize();
+  // Window managers hold a window to its limits, also when the texts of another language need more room.
+  connect(rootObject(), &QQuickItem::widthChanged, this, &ViewWindow::fixSize);
+  connect(rootObject(), &QQuickItem::heightChanged, this, &ViewWindow::fixSize);
 }
 
 void ViewWindow::bringToFront() {
@@ -39,17 +45,11 @@ void ViewWindow::bringToFront() {
   requestActivate();
 }
 
-void ViewWindow::setFramed() {
+void ViewWindow::setFramed(const std::filesystem::path& icon, const ColorScheme& colorScheme) {
   setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
-  holdSize();
-}
-
-void ViewWindow::holdSize() {
-  fixSize();
-  // Window managers hold a window to its limits, also when the texts of another language need more room.
-  connect(rootObject(), &QQuickItem::widthChanged, this, &ViewWindow::fixSize);
-  connect(rootObject(), &QQuickItem::heightChanged, this, &ViewWindow::fixSize);
+  setIcon(QIcon(QFile::decodeName(icon.c_str())));
+  setOpaque(colorScheme);
 }
 
 void ViewWindow::setOpaque(const ColorScheme& colorScheme) {

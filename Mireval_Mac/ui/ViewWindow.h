@@ -3,6 +3,7 @@
 #include <QQuickView>
 #include <QString>
 
+#include <filesystem>
 #include <initializer_list>
 #include <utility>
 
@@ -21,16 +22,14 @@ class ViewWindow : public QQuickView {
 
  protected:
   /// The view's properties, by their names. The objects are not owned and must outlive the window.
-  using Objects = std::initializer_list<std::pair<QString, QObject*>>;
+  using Properties = std::initializer_list<std::pair<QString, QObject*>>;
 
   /// `view` is the view's file name. The window's title is the application's name.
-  ViewWindow(const QString& view, Objects objects);
+  ViewWindow(const QString& view, Properties properties);
 
-  /// Gives the window the desktop's frame, and holds its size. To be called before it is shown.
-  void setFramed();
-
-  /// Keeps the user and the window manager from changing the size. To be called before the window is shown.
-  void holdSize();
+  /// Gives the window the desktop's frame, an opaque ground and the icon in the image file. To be called
+  /// before the window is shown.
+  void setFramed(const std::filesystem::path& icon, const ColorScheme& colorScheme);
 
   /// Puts white or black behind the view, whichever suits the scheme, now and at each change. The scheme must
   /// outlive the window.

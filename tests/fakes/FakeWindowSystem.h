@@ -1,8 +1,10 @@
 #pragma once
 
+#include "fakes/FakeDropDown.h"
 #include "platform/WindowSystem.h"
 
 #include <QGuiApplication>
+#include <QPointer>
 #include <QScreen>
 
 namespace mireval {
@@ -12,9 +14,19 @@ class FakeWindowSystem final : public WindowSystem {
  public:
   static constexpr int barHeight = 26;
 
-  DropDown dropDown() const override { return m_dropDown; }
+  std::unique_ptr<DropDown> makeDropDown(QWindow& window) const override {
+    auto dropDown = std::make_unique<FakeDropDown>(window);
+    m_dropDown = dropDown.get();
+    return dropDown;
+  }
+
+  std::unique_ptr<PointerFinder> findPointer() const override {
+    auto finder = m_findsPointer ? std::make_unique<PointerFinder>() : nullptr;
+    m_finder = finder.get();
+    return finder;
+  }
+
   bool blendsWindows() const override { return m_blends; }
-  void keepOutOfLists(QWindow& window) const override { m_unlisted = &window; }
 
   std::vector<ScreenArea> screens() const override {
     std::vector<ScreenArea> areas;
@@ -26,16 +38,18 @@ class FakeWindowSystem final : public WindowSystem {
     return areas;
   }
 
-  /// The last window that was to be kept out of lists; only for comparisons.
-  const QWindow* unlisted() const { return m_unlisted; }
+  /// The last one that was made, or nullptr once it is deleted.
+  DropDown* dropDown() const { return m_dropDown; }
+  PointerFinder* finder() const { return m_finder; }
 
-  void setDropDown(DropDown dropDown) { m_dropDown = dropDown; }
   void setBlends(bool blends) { m_blends = blends; }
+  void setFindsPointer(bool findsPointer) { m_findsPointer = findsPointer; }
 
  private:
-  DropDown m_dropDown = DropDown::grabbing;
   bool m_blends = true;
-  mutable const QWindow* m_unlisted = nullptr;
+  bool m_findsPointer = false;
+  mutable QPointer<DropDown> m_dropDown;
+  mutable QPointer<PointerFinder> m_finder;
 };
 
 }  // namespace mireval

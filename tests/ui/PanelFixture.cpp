@@ -1,6 +1,8 @@
 #include "ui/PanelFixture.h"
 
 #include "library/LocalLibraryProvider.h"
+#include "ui/DropDownPanel.h"
+#include "ui/FramedPanel.h"
 
 #include <QCoreApplication>
 #include <QtTest/QTest>
@@ -24,6 +26,12 @@ QQuickItem* findItem(QQuickItem* root, const QString& name) {
   return nullptr;
 }
 
+std::unique_ptr<PanelWindow> opened(std::unique_ptr<PanelWindow> panel) {
+  panel->open();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(panel.get()));
+  return panel;
+}
+
 }  // namespace
 
 PanelFixture::PanelFixture() : PanelFixture(std::make_unique<LocalLibraryProvider>()) {}
@@ -41,16 +49,13 @@ PanelFixture::PanelFixture(std::unique_ptr<AudioLibraryProviding> provider) {
                        m_nowPlayingInfoCenter, m_imageDecoder, m_debugOutput});
 }
 
-std::unique_ptr<PanelWindow> PanelFixture::makePanel(PanelWindow::Style style) {
-  auto panel =
-      std::make_unique<PanelWindow>(style, m_windowSystem, *m_controller, m_localization, m_colorScheme);
-  if (style == PanelWindow::Style::framed) {
-    panel->open();
-  } else {
-    panel->open(QRect(400, 10, 1, 1));
-  }
-  EXPECT_TRUE(QTest::qWaitForWindowExposed(panel.get()));
-  return panel;
+std::unique_ptr<PanelWindow> PanelFixture::makePanel(const QRect& icon) {
+  return opened(
+      std::make_unique<DropDownPanel>(icon, m_windowSystem, *m_controller, m_localization, m_colorScheme));
+}
+
+std::unique_ptr<PanelWindow> PanelFixture::makeFramedPanel() {
+  return opened(std::make_unique<FramedPanel>("", *m_controller, m_localization, m_colorScheme));
 }
 
 QQuickItem* PanelFixture::item(const PanelWindow& panel, const char* name, const char* inside) const {

@@ -36,7 +36,9 @@ class PanelFixture : public testing::Test {
   ~PanelFixture() override { runEventLoopOnce(); }
   explicit PanelFixture(std::unique_ptr<AudioLibraryProviding> provider);
 
-  std::unique_ptr<PanelWindow> makePanel(PanelWindow::Style style = PanelWindow::Style::dropDown);
+  /// Opens a drop-down beside an icon at the place, or a framed window.
+  std::unique_ptr<PanelWindow> makePanel(const QRect& icon = {400, 10, 1, 1});
+  std::unique_ptr<PanelWindow> makeFramedPanel();
 
   /// The item of that object name, or one inside it; fails the test and returns an empty item when there is
   /// none.

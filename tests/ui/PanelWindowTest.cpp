@@ -1,8 +1,8 @@
 #include "ui/PanelFixture.h"
 
 #include <QAccessible>
+#include <QGuiApplication>
 #include <QImage>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QtTest/QTest>
@@ -47,6 +47,8 @@ TEST_F(PanelWindowTest, Sizes) {
   EXPECT_EQ(item(*panel, "panel")->mapToScene(QPointF()), QPointF(1, 1));
   EXPECT_EQ(panel->width(), 1 + 338 + 1);
   EXPECT_EQ(panel->height(), 1 + item(*panel, "panel")->height() + 1);
+  EXPECT_EQ(panel->minimumSize(), panel->size());
+  EXPECT_EQ(panel->maximumSize(), panel->size());
   EXPECT_EQ(item(*panel, "progress")->height(), 4);
   EXPECT_EQ(item(*panel, "progress")->width(), 338 - 2 * 16 - 2 * 14);
   EXPECT_EQ(item(*panel, "transport-playPause")->width(), 34);
@@ -308,17 +310,15 @@ TEST_F(PanelWindowTest, WindowFollowsTheHeightOfTheTexts) {
   for (const char* const language : {"ja", "en", "zh-Hans"}) {
     speak(language);
     EXPECT_EQ(panel->height(), item(*panel, "panel")->height() + 2) << language;
+    EXPECT_EQ(panel->minimumSize(), panel->size()) << language;
     const QQuickItem* const quit = item(*panel, "quit");
     EXPECT_LT(quit->mapToScene(QPointF(0, quit->height())).y(), panel->height() - 16) << language;
   }
 }
 
 TEST_F(PanelWindowTest, DropDownAboveTheIconStaysAboveItWhenItGrows) {
-  auto panel = std::make_unique<PanelWindow>(PanelWindow::Style::dropDown, m_windowSystem, *m_controller,
-                                             m_localization, m_colorScheme);
-  const QRect screen = panel->screen()->geometry();
-  panel->open(QRect(screen.bottomLeft() + QPoint(400, -10), QSize(1, 1)));
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(panel.get()));
+  const QRect screen = QGuiApplication::primaryScreen()->geometry();
+  const auto panel = makePanel({screen.bottomLeft() + QPoint(400, -10), QSize(1, 1)});
   const int bottom = panel->geometry().bottom();
   QQuickItem* const surface = panel->rootObject();
   surface->setHeight(surface->height() + 12);
@@ -390,21 +390,16 @@ TEST_F(PanelWindowTest, EscapeDismissesADropDown) {
   EXPECT_FALSE(panel->isVisible());
 }
 
-TEST_F(PanelWindowTest, ClickOutsideDismissesADropDownOnRelease) {
+TEST_F(PanelWindowTest, ClickOutsideDismissesADropDown) {
   const auto panel = makePanel();
   const QSignalSpy dismissed(panel.get(), &PanelWindow::dismissed);
-  const QPointF outside(-20, 50);
-  QMouseEvent press(QEvent::MouseButtonPress, outside, outside, Qt::LeftButton, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(panel.get(), &press);
-  EXPECT_TRUE(panel->isVisible());
-  QMouseEvent release(QEvent::MouseButtonRelease, outside, outside, Qt::LeftButton, Qt::NoButton, {});
-  QCoreApplication::sendEvent(panel.get(), &release);
+  Q_EMIT m_windowSystem.dropDown()->clickedOutside();
   EXPECT_FALSE(panel->isVisible());
   EXPECT_EQ(dismissed.size(), 1);
 }
 
 TEST_F(PanelWindowTest, FramedWindowStaysUntilItIsClosed) {
-  const auto panel = makePanel(PanelWindow::Style::framed);
+  const auto panel = makeFramedPanel();
   const QSignalSpy dismissed(panel.get(), &PanelWindow::dismissed);
   QTest::keyClick(panel.get(), Qt::Key_Escape);
   EXPECT_TRUE(panel->isVisible());

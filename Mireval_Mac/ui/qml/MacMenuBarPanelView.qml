@@ -9,6 +9,7 @@ Item {
     required property ColorScheme colorScheme
 
     readonly property var modes: [Moods.focus, Moods.tempo, Moods.creative, Moods.relaxation]
+    readonly property real cornerRadius: 28
     readonly property real panelWidth: 338
     readonly property real panelPadding: 16
     readonly property real modeSpacing: 12
@@ -22,13 +23,13 @@ Item {
 
     ContinuousRectangle {
         anchors.fill: parent
-        radius: 28
+        radius: panel.cornerRadius
         fillColor: panel.colors.paper
     }
 
     PanelStroke {
         anchors.fill: parent
-        radius: 28
+        radius: panel.cornerRadius
         colors: panel.colors
     }
 

@@ -9,7 +9,9 @@ Item {
     required property AppLocalization localization
     required property ColorScheme colorScheme
 
+    // Also read by the window, which cuts the corners off where transparency is missing.
     readonly property real margin: 1
+    readonly property alias cornerRadius: panel.cornerRadius
 
     width: panel.width + 2 * margin
     height: panel.height + 2 * margin

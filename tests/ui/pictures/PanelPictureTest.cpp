@@ -108,7 +108,7 @@ TEST_F(OpenPanelPictureTest, FollowsLanguageAndSchemeWhileOpen) {
 }
 
 TEST_F(OpenPanelPictureTest, FramedWindowGrowsWithTheTexts) {
-  const auto panel = makePanel(PanelWindow::Style::framed);
+  const auto panel = makeFramedPanel();
   int before = picture(*panel).height();
   for (const char* const language : {"ja", "en", "ja"}) {
     speak(language);

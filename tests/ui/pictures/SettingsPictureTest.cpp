@@ -26,7 +26,7 @@ TEST_P(SettingsPictureTest, LooksAsEver) {
   const auto& [language, dark] = GetParam();
   m_systemLanguages.setPreferredLanguages({QString::fromUtf8(language)});
   m_colorScheme.setDark(dark);
-  SettingsWindow window(m_localization, m_colorScheme);
+  SettingsWindow window("", m_localization, m_colorScheme);
   window.open();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
   const QImage seen = picture(window);
@@ -48,7 +48,7 @@ class OpenSettingsPictureTest : public PictureFixture {};
 
 TEST_F(OpenSettingsPictureTest, FollowsLanguageAndSchemeWhileOpen) {
   speak("zh-Hant-TW");
-  SettingsWindow window(m_localization, m_colorScheme);
+  SettingsWindow window("", m_localization, m_colorScheme);
   window.open();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
   compareWithReference(window, QStringLiteral("settings-zh-Hant-light"));

@@ -1,7 +1,12 @@
 #include "platform/linux/windows/LinuxWindowSystem.h"
 
+#include "platform/linux/windows/DesktopPlacedDropDown.h"
+#include "platform/linux/windows/GrabbingDropDown.h"
+#include "platform/linux/windows/ManagedDropDown.h"
+#include "platform/linux/windows/PopupDropDown.h"
 #include "platform/linux/windows/WorkArea.h"
 #include "platform/linux/windows/X11Connection.h"
+#include "platform/linux/windows/XwaylandPointerFinder.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -39,33 +44,30 @@ std::vector<Strut> struts(const X11Connection& x11) {
 
 }  // namespace
 
-WindowSystem::DropDown LinuxWindowSystem::dropDown() const {
+std::unique_ptr<DropDown> LinuxWindowSystem::makeDropDown(QWindow& window) const {
   const auto x11 = X11Connection::ofApplication();
   if (!x11) {
-    return DropDown::placedByDesktop;
+    return std::make_unique<DesktopPlacedDropDown>(window);
   }
   if (!isInsideWayland(*x11)) {
-    return DropDown::grabbing;
+    return std::make_unique<GrabbingDropDown>(window);
   }
-  // These two give the keyboard to managed windows only. Others, which are built on wlroots, put those in the
-  // middle of the screen, but give the keyboard to pop-ups.
   const QByteArray manager = windowManager(*x11);
-  const bool placesManagedWindows = manager == "KWin" || manager == "GNOME Shell";
-  return placesManagedWindows ? DropDown::managed : DropDown::unmanaged;
+  if (manager == "KWin" || manager == "GNOME Shell") {
+    return std::make_unique<ManagedDropDown>(window);
+  }
+  return std::make_unique<PopupDropDown>(window);
+}
+
+std::unique_ptr<PointerFinder> LinuxWindowSystem::findPointer() const {
+  const auto x11 = X11Connection::ofApplication();
+  return x11 && isInsideWayland(*x11) ? std::make_unique<XwaylandPointerFinder>() : nullptr;
 }
 
 bool LinuxWindowSystem::blendsWindows() const {
   const auto x11 = X11Connection::ofApplication();
   // A compositor owns this selection as long as it runs; Wayland desktops are compositors.
   return !x11 || x11->selectionHasOwner("_NET_WM_CM_S0") || isInsideWayland(*x11);
-}
-
-void LinuxWindowSystem::keepOutOfLists(QWindow& window) const {
-  if (const auto x11 = X11Connection::ofApplication()) {
-    // Qt keeps what it does not know in this property.
-    x11->addAtoms(static_cast<xcb_window_t>(window.winId()), "_NET_WM_STATE",
-                  {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
-  }
 }
 
 std::vector<ScreenArea> LinuxWindowSystem::screens() const {

@@ -12,9 +12,9 @@ namespace mireval {
 /// to the X server wait for the answers.
 class LinuxWindowSystem final : public WindowSystem {
  public:
-  DropDown dropDown() const override;
+  std::unique_ptr<DropDown> makeDropDown(QWindow& window) const override;
+  std::unique_ptr<PointerFinder> findPointer() const override;
   bool blendsWindows() const override;
-  void keepOutOfLists(QWindow& window) const override;
   std::vector<ScreenArea> screens() const override;
 
   /// Where the pointer is, in the X server's pixels, if the server knows: on Wayland desktops it does only

@@ -9,7 +9,8 @@
 namespace mireval {
 
 /// What a bar keeps free of other windows: the numbers of its property _NET_WM_STRUT_PARTIAL, in pixels, as
-/// the Extended Window Manager Hints define them. Others than twelve numbers keep nothing free.
+/// the Extended Window Manager Hints define them. A property that does not have twelve numbers keeps nothing
+/// free.
 using Strut = std::vector<std::uint32_t>;
 
 /// The part of a screen that bars leave to windows. `screen` and the result are in pixels on the desktop,

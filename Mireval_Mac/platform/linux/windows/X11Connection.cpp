@@ -9,8 +9,8 @@
 namespace mireval {
 namespace {
 
-// Of a property that is read, in units of four bytes: room for a thousand windows, and no more than that of
-// what anybody can set.
+// The most that is read of a property, in units of four bytes: enough for a thousand windows. Any client can
+// set properties, so there has to be a limit.
 constexpr std::uint32_t propertyLimit = 1024;
 
 struct Free {

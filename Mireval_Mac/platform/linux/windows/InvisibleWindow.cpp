@@ -1,4 +1,4 @@
-#include "ui/InvisibleWindow.h"
+#include "platform/linux/windows/InvisibleWindow.h"
 
 #include <QPainter>
 #include <QSurfaceFormat>

@@ -5,7 +5,7 @@
 
 namespace mireval {
 
-/// A window that nobody sees, above everything else, without the keyboard and unknown to the window manager.
+/// A transparent window above all others. It never has the keyboard, and the window manager does not know it.
 /// Lives on the UI thread.
 class InvisibleWindow : public QRasterWindow {
  public:

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+
+class QScreen;
+
+namespace mireval {
+
+/// Shows one window as a panel that drops down from the icon: without a frame, above all other windows. Made
+/// by WindowSystem. Lives on the UI thread. Hiding the window ends what this does for it.
+class DropDown : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Puts the window's top-left corner at a place on the screen, before `show` or later. `position` is in
+  /// device-independent pixels, as in ScreenArea. Does nothing where the desktop chooses the place.
+  virtual void moveTo(QScreen& screen, QPoint position) = 0;
+
+  /// Shows the window and asks for the keyboard.
+  virtual void show() = 0;
+
+ Q_SIGNALS:
+  /// A button was pressed and released beside the window. Where the desktop does not tell, the loss of the
+  /// keyboard is the only sign. This object must not be deleted in a direct connection.
+  void clickedOutside();
+};
+
+}  // namespace mireval

@@ -1,0 +1,88 @@
+#include "ui/DropDownPanel.h"
+
+#include "platform/WindowSystem.h"
+#include "ui/ContinuousRectangle.h"
+#include "ui/PanelPlacement.h"
+
+#include <QGuiApplication>
+#include <QMarginsF>
+#include <QQuickItem>
+#include <QRegion>
+#include <QScreen>
+
+#include <vector>
+
+namespace mireval {
+
+DropDownPanel::DropDownPanel(const std::optional<QRect>& icon, const WindowSystem& windowSystem,
+                             AudioPlayerController& audioPlayer, AppLocalization& localization,
+                             ColorScheme& colorScheme)
+    : PanelWindow(audioPlayer, localization, colorScheme),
+      m_icon(icon),
+      m_windowSystem(windowSystem),
+      m_blended(windowSystem.blendsWindows()),
+      m_dropDown(windowSystem.makeDropDown(*this)) {
+  if (m_blended) {
+    setColor(Qt::transparent);
+  } else {
+    setOpaque(colorScheme);
+  }
+  connect(m_dropDown.get(), &DropDown::clickedOutside, this, [this] { dismiss(Dismissal::turnedAway); });
+}
+
+DropDownPanel::~DropDownPanel() = default;
+
+void DropDownPanel::open() {
+  place();
+  m_dropDown->show();
+}
+
+void DropDownPanel::place() {
+  const std::vector<ScreenArea> screens = m_windowSystem.screens();
+  if (screens.empty()) {
+    return;
+  }
+  const PanelPlacement placement = placePanel(m_icon, size(), screens);
+  QScreen* const screen = QGuiApplication::screens().at(static_cast<qsizetype>(placement.screen));
+  m_dropDown->moveTo(*screen, placement.position);
+  if (!m_blended) {
+    cutCornersOff();
+  }
+}
+
+void DropDownPanel::cutCornersOff() {
+  const qreal margin = rootObject()->property("margin").toReal();
+  const QRectF panel = QRectF(QPointF(), QSizeF(size())) - QMarginsF(margin, margin, margin, margin);
+  const qreal radius = rootObject()->property("cornerRadius").toReal();
+  setMask(QRegion(continuousRectangle(panel, radius).toFillPolygon().toPolygon()));
+}
+
+void DropDownPanel::dismiss(Dismissal how) {
+  if (isVisible()) {
+    hide();
+    Q_EMIT dismissed(how);
+  }
+}
+
+void DropDownPanel::focusOutEvent(QFocusEvent* event) {
+  PanelWindow::focusOutEvent(event);
+  dismiss(Dismissal::turnedAway);
+}
+
+void DropDownPanel::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    dismiss(Dismissal::deliberate);
+    return;
+  }
+  PanelWindow::keyPressEvent(event);
+}
+
+void DropDownPanel::resizeEvent(QResizeEvent* event) {
+  PanelWindow::resizeEvent(event);
+  // The texts of another language may be higher.
+  if (isVisible()) {
+    place();
+  }
+}
+
+}  // namespace mireval

@@ -1,0 +1,11 @@
+#include "ui/FramedPanel.h"
+
+namespace mireval {
+
+FramedPanel::FramedPanel(const std::filesystem::path& icon, AudioPlayerController& audioPlayer,
+                         AppLocalization& localization, ColorScheme& colorScheme)
+    : PanelWindow(audioPlayer, localization, colorScheme) {
+  setFramed(icon, colorScheme);
+}
+
+}  // namespace mireval

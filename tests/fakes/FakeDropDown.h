@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/DropDown.h"
+
+#include <QWindow>
+
+namespace mireval {
+
+/// A frameless window that goes where it is put.
+class FakeDropDown final : public DropDown {
+ public:
+  explicit FakeDropDown(QWindow& window) : m_window(window) { m_window.setFlags(Qt::FramelessWindowHint); }
+
+  void moveTo(QScreen& screen, QPoint position) override {
+    m_window.setScreen(&screen);
+    m_window.setPosition(position);
+  }
+
+  void show() override {
+    m_window.show();
+    m_window.requestActivate();
+  }
+
+ private:
+  QWindow& m_window;
+};
+
+}  // namespace mireval
