@@ -1,13 +1,13 @@
 #include "ui/MenuBarScene.h"
 
 #include "platform/MenuBarExtra.h"
+#include "platform/Notices.h"
 #include "platform/WindowSystem.h"
 #include "playback/AudioPlayerController.h"
 #include "ui/DropDownPanel.h"
 #include "ui/FramedPanel.h"
 
 #include <chrono>
-#include <cstdio>
 #include <utility>
 
 namespace mireval {
@@ -136,7 +136,7 @@ void MenuBarScene::close() {
 }
 
 void MenuBarScene::handleMissingMenuBar() {
-  std::fputs("mireval: the desktop has no tray for the icon; the panel opens as a window\n", stderr);
+  m_services.notices.say("the desktop has no tray for the icon; the panel opens as a window");
   if (!m_panel) {
     openFramed();
   }

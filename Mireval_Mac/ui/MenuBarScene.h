@@ -18,6 +18,7 @@ class AppLocalization;
 class AudioPlayerController;
 class ColorScheme;
 class MenuBarExtra;
+class Notices;
 class WindowSystem;
 
 /// The icon and the panel that it opens. The panel exists only while it is open. Where the desktop has no
@@ -33,6 +34,7 @@ class MenuBarScene final : public QObject {
     const WindowSystem& windowSystem;
     AudioPlayerController& audioPlayer;
     AppLocalization& localization;
+    Notices& notices;
   };
 
   explicit MenuBarScene(Services services);

@@ -20,6 +20,7 @@
 #include "platform/qt/QtImageDecoder.h"
 #include "platform/qt/QtMainThread.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/qt/StandardError.h"
 #include "platform/qt/StandardOutput.h"
 #include "playback/AudioPlayerController.h"
 #include "ui/CommandLine.h"
@@ -43,39 +44,39 @@
 namespace mireval {
 namespace {
 
-int print(std::string_view text) {
+int print(std::string_view text, Notices& notices) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
-    std::fputs("mireval: standard output cannot be written\n", stderr);
+    notices.say("standard output cannot be written");
     return 1;
   }
   return 0;
 }
 
 /// Says what there is to say about the command line; nothing when the application is to run.
-std::optional<int> answer(const CommandLine& commandLine) {
+std::optional<int> answer(const CommandLine& commandLine, Notices& notices) {
   switch (commandLine.action) {
     case CommandLine::Action::run:
     case CommandLine::Action::serve:
     case CommandLine::Action::showSettings:
       return std::nullopt;
     case CommandLine::Action::showHelp:
-      return print(CommandLine::helpText());
+      return print(CommandLine::helpText(), notices);
     case CommandLine::Action::showVersion:
-      return print(CommandLine::versionText());
+      return print(CommandLine::versionText(), notices);
     case CommandLine::Action::reject:
       break;
   }
-  std::fprintf(stderr, "mireval: %s\nmireval --help lists the options\n", commandLine.error.c_str());
+  notices.say(commandLine.error + "\nmireval --help lists the options");
   return 2;
 }
 
 /// Lets a copy that runs already do the work; nothing when this one is to run.
-std::optional<int> handOver(SingleInstance& instance, CommandLine::Action action) {
+std::optional<int> handOver(SingleInstance& instance, CommandLine::Action action, Notices& notices) {
   using Request = SingleInstance::Request;
   const bool wantsSettings = action == CommandLine::Action::showSettings;
   const auto outcome = instance.elect(wantsSettings ? Request::showSettings : Request::showPanel);
   if (!outcome) {
-    std::fprintf(stderr, "mireval: other copies cannot be found: %s\n", outcome.error().c_str());
+    notices.say("other copies cannot be found: " + outcome.error());
     return std::nullopt;
   }
   switch (*outcome) {
@@ -85,18 +86,18 @@ std::optional<int> handOver(SingleInstance& instance, CommandLine::Action action
     case SingleInstance::Outcome::handedOver:
       if (action == CommandLine::Action::serve) {
         // The bus would go on waiting for its name, and ask nobody else meanwhile.
-        std::fputs("mireval: a copy runs already, which the bus does not know; its panel opens\n", stderr);
+        notices.say("a copy runs already, which the bus does not know; its panel opens");
         return 1;
       }
       return 0;
     case SingleInstance::Outcome::unanswered:
-      std::fputs("mireval: a copy runs already, but does not answer\n", stderr);
+      notices.say("a copy runs already, but does not answer");
       return 1;
   }
   return std::nullopt;
 }
 
-int runScenes(const SingleInstance& instance, CommandLine::Action action) {
+int runScenes(const SingleInstance& instance, CommandLine::Action action, Notices& notices) {
   FolderResourceBundle resourceBundle = FolderResourceBundle::forApplication();
   LazyAudioPlayerFactory audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication());
   QtRunLoop runLoop;
@@ -132,7 +133,7 @@ int runScenes(const SingleInstance& instance, CommandLine::Action action) {
       audioPlayer.get(), &AudioPlayerController::volumeChanged, &mediaControls,
       [&mediaControls, player = audioPlayer.get()] { mediaControls.setVolume(player->volume()); });
 
-  MenuBarScene scene({menuBarExtra, colorScheme, windowSystem, *audioPlayer, localization});
+  MenuBarScene scene({menuBarExtra, colorScheme, windowSystem, *audioPlayer, localization, notices});
   const std::filesystem::path icon = resourceBundle.folder() / "MenuBarIcon.png";
   SettingsScene settings(localization, colorScheme, icon);
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
@@ -178,18 +179,19 @@ int runScenes(const SingleInstance& instance, CommandLine::Action action) {
 int MirevalMacApp::main(int argc, char** argv) {
   // A reader of our output that goes away must not end the music.
   std::signal(SIGPIPE, SIG_IGN);
+  StandardError notices;
   const auto commandLine =
       CommandLine::parse(std::vector<std::string_view>(argv + std::min(argc, 1), argv + argc));
-  if (const auto exitStatus = answer(commandLine)) {
+  if (const auto exitStatus = answer(commandLine, notices)) {
     return *exitStatus;
   }
   SingleInstance instance = SingleInstance::forCurrentUser();
-  if (const auto exitStatus = handOver(instance, commandLine.action)) {
+  if (const auto exitStatus = handOver(instance, commandLine.action, notices)) {
     return *exitStatus;
   }
   useMmapForLargeBlocks();
   if (!displayServerAnswers()) {
-    std::fputs("mireval: no display answers; set DISPLAY or WAYLAND_DISPLAY\n", stderr);
+    notices.say("no display answers; set DISPLAY or WAYLAND_DISPLAY");
     return 1;
   }
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
@@ -206,7 +208,7 @@ int MirevalMacApp::main(int argc, char** argv) {
   QObject::connect(&application, &QApplication::saveStateRequest, &application, [](QSessionManager& session) {
     session.setRestartCommand({QCoreApplication::applicationFilePath()});
   });
-  return runScenes(instance, commandLine.action);
+  return runScenes(instance, commandLine.action, notices);
 }
 
 }  // namespace mireval

@@ -20,7 +20,8 @@ class MenuBarSceneTest : public PanelFixture {
   MenuBarSceneTest() { m_scene.show(ICON); }
 
   FakeMenuBarExtra m_menuBarExtra;
-  MenuBarScene m_scene{{m_menuBarExtra, m_colorScheme, m_windowSystem, *m_controller, m_localization}};
+  MenuBarScene m_scene{
+      {m_menuBarExtra, m_colorScheme, m_windowSystem, *m_controller, m_localization, m_notices}};
 };
 
 TEST_F(MenuBarSceneTest, NothingButTheIconAtFirst) {
@@ -229,7 +230,10 @@ TEST_F(MenuBarSceneTest, QuitIsPassedOn) {
 
 TEST_F(MenuBarSceneTest, WithoutTrayAWindowWhoseClosingQuits) {
   const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
+  EXPECT_TRUE(m_notices.said().empty());
   m_menuBarExtra.findNoPlace();
+  EXPECT_EQ(m_notices.said(),
+            std::vector<std::string>{"the desktop has no tray for the icon; the panel opens as a window"});
   ASSERT_NE(m_scene.panel(), nullptr);
   EXPECT_EQ(m_scene.panel()->icon().availableSizes(), QList<QSize>{QSize(64, 64)});
   EXPECT_FALSE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));

@@ -7,6 +7,7 @@
 #include "fakes/FakeImageDecoder.h"
 #include "fakes/FakeLocaleChanges.h"
 #include "fakes/FakeMainThread.h"
+#include "fakes/FakeNotices.h"
 #include "fakes/FakeNowPlayingInfoCenter.h"
 #include "fakes/FakeRemoteCommandCenter.h"
 #include "fakes/FakeResourceBundle.h"
@@ -69,6 +70,7 @@ class PanelFixture : public testing::Test {
   AppLocalization m_localization{{m_userDefaults, m_systemLanguages, m_localeChanges, m_mainThread}};
   FakeColorScheme m_colorScheme;
   FakeWindowSystem m_windowSystem;
+  FakeNotices m_notices;
   std::shared_ptr<AudioPlayerController> m_controller;
 
  private:

@@ -111,7 +111,8 @@ TEST_F(SettingsSceneTest, TheGroundFollowsTheColourScheme) {
 
 TEST_F(SettingsSceneTest, PanelAndMusicAreLeftAlone) {
   FakeMenuBarExtra menuBarExtra;
-  MenuBarScene menuBar({menuBarExtra, m_colorScheme, m_windowSystem, *m_controller, m_localization});
+  MenuBarScene menuBar(
+      {menuBarExtra, m_colorScheme, m_windowSystem, *m_controller, m_localization, m_notices});
   const QSignalSpy quit(&menuBar, &MenuBarScene::quitRequested);
   menuBar.show("MenuBarIcon.png");
   open();
