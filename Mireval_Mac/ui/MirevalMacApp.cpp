@@ -2,26 +2,13 @@
 
 #include "library/LocalLibraryProvider.h"
 #include "localization/AppLocalization.h"
-#include "platform/linux/audio/LazyAudioPlayerFactory.h"
-#include "platform/linux/instance/BusActivation.h"
-#include "platform/linux/instance/SingleInstance.h"
-#include "platform/linux/instance/SingleInstanceServer.h"
-#include "platform/linux/media/MprisMediaControls.h"
-#include "platform/linux/memory/KernelMemoryPressure.h"
-#include "platform/linux/memory/UnusedMemory.h"
-#include "platform/linux/settings/PortalColorScheme.h"
-#include "platform/linux/settings/SystemLocale.h"
-#include "platform/linux/tray/TrayMenuBarExtra.h"
-#include "platform/linux/tray/XEmbedIcon.h"
-#include "platform/linux/windows/DisplayServer.h"
-#include "platform/linux/windows/LinuxWindowSystem.h"
-#include "platform/qt/FolderResourceBundle.h"
-#include "platform/qt/IniUserDefaults.h"
-#include "platform/qt/QtImageDecoder.h"
-#include "platform/qt/QtMainThread.h"
-#include "platform/qt/QtRunLoop.h"
-#include "platform/qt/StandardError.h"
-#include "platform/qt/StandardOutput.h"
+#include "platform/AudioPlayerFactory.h"
+#include "platform/Desktop.h"
+#include "platform/MemoryPressure.h"
+#include "platform/Notices.h"
+#include "platform/ResourceBundle.h"
+#include "platform/ShowRequests.h"
+#include "platform/linux/LinuxDesktop.h"
 #include "playback/AudioPlayerController.h"
 #include "ui/CommandLine.h"
 #include "ui/MenuBarScene.h"
@@ -35,7 +22,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -70,104 +56,66 @@ std::optional<int> answer(const CommandLine& commandLine, Notices& notices) {
   return 2;
 }
 
-/// Lets a copy that runs already do the work; nothing when this one is to run.
-std::optional<int> handOver(SingleInstance& instance, CommandLine::Action action, Notices& notices) {
-  using Request = SingleInstance::Request;
-  const bool wantsSettings = action == CommandLine::Action::showSettings;
-  const auto outcome = instance.elect(wantsSettings ? Request::showSettings : Request::showPanel);
-  if (!outcome) {
-    notices.say("other copies cannot be found: " + outcome.error());
-    return std::nullopt;
+LinuxDesktop::Start startFor(CommandLine::Action action) {
+  switch (action) {
+    case CommandLine::Action::serve:
+      return LinuxDesktop::Start::byBus;
+    case CommandLine::Action::showSettings:
+      return LinuxDesktop::Start::forSettings;
+    default:
+      return LinuxDesktop::Start::forPanel;
   }
-  switch (*outcome) {
-    case SingleInstance::Outcome::elected:
-    case SingleInstance::Outcome::independent:
-      break;
-    case SingleInstance::Outcome::handedOver:
-      if (action == CommandLine::Action::serve) {
-        // The bus would go on waiting for its name, and ask nobody else meanwhile.
-        notices.say("a copy runs already, which the bus does not know; its panel opens");
-        return 1;
-      }
-      return 0;
-    case SingleInstance::Outcome::unanswered:
-      notices.say("a copy runs already, but does not answer");
-      return 1;
-  }
-  return std::nullopt;
 }
 
-int runScenes(const SingleInstance& instance, CommandLine::Action action, Notices& notices) {
-  FolderResourceBundle resourceBundle = FolderResourceBundle::forApplication();
-  LazyAudioPlayerFactory audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication());
-  QtRunLoop runLoop;
-  const QByteArray applicationId = QGuiApplication::desktopFileName().toUtf8();
-  MprisMediaControls mediaControls({.identity = QGuiApplication::applicationDisplayName().toUtf8(),
-                                    .busName = "mireval",
-                                    .desktopEntry = applicationId});
-  QtImageDecoder imageDecoder;
-  StandardOutput debugOutput;
-  QtMainThread mainThread;
-  IniUserDefaults userDefaults = IniUserDefaults::forCurrentUser();
-  SystemLocale systemLocale;
-  PortalColorScheme colorScheme;
-  const LinuxWindowSystem windowSystem;
-  TrayMenuBarExtra menuBarExtra({.pointer = &LinuxWindowSystem::pointer, .embed = &XEmbedIcon::make});
-  const KernelMemoryPressure memoryPressure;
+std::shared_ptr<AudioPlayerController> makeAudioPlayer(const Desktop& desktop) {
+  auto audioPlayer = AudioPlayerController::create(std::make_unique<LocalLibraryProvider>(),
+                                                   {.resourceBundle = desktop.resourceBundle,
+                                                    .audioPlayerFactory = desktop.audioPlayerFactory,
+                                                    .runLoop = desktop.runLoop,
+                                                    .mainThread = desktop.mainThread,
+                                                    .remoteCommandCenter = desktop.remoteCommandCenter,
+                                                    .nowPlayingInfoCenter = desktop.nowPlayingInfoCenter,
+                                                    .imageDecoder = desktop.imageDecoder,
+                                                    .debugOutput = desktop.debugOutput});
+  AudioPlayerController* const player = audioPlayer.get();
+  desktop.publishVolume(player->volume());
+  QObject::connect(player, &AudioPlayerController::volumeChanged, player,
+                   [player, &desktop] { desktop.publishVolume(player->volume()); });
+  return audioPlayer;
+}
 
-  const std::shared_ptr<AudioPlayerController> audioPlayer = AudioPlayerController::create(
-      std::make_unique<LocalLibraryProvider>(), {.resourceBundle = resourceBundle,
-                                                 .audioPlayerFactory = audioPlayerFactory,
-                                                 .runLoop = runLoop,
-                                                 .mainThread = mainThread,
-                                                 .remoteCommandCenter = mediaControls,
-                                                 .nowPlayingInfoCenter = mediaControls,
-                                                 .imageDecoder = imageDecoder,
-                                                 .debugOutput = debugOutput});
-  AppLocalization localization({.userDefaults = userDefaults,
-                                .systemLanguages = systemLocale,
-                                .localeChanges = systemLocale,
-                                .mainThread = mainThread});
-  mediaControls.setVolume(audioPlayer->volume());
-  QObject::connect(
-      audioPlayer.get(), &AudioPlayerController::volumeChanged, &mediaControls,
-      [&mediaControls, player = audioPlayer.get()] { mediaControls.setVolume(player->volume()); });
-
-  MenuBarScene scene({menuBarExtra, colorScheme, windowSystem, *audioPlayer, localization, notices});
-  const std::filesystem::path icon = resourceBundle.folder() / "MenuBarIcon.png";
-  SettingsScene settings(localization, colorScheme, icon);
+void connectScenes(MenuBarScene& scene, SettingsScene& settings, const Desktop& desktop) {
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
-                   [&audioPlayerFactory] { audioPlayerFactory.warmUp(); });
-  QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, releaseUnusedMemory);
+                   [&desktop] { desktop.audioPlayerFactory.warmUp(); });
+  QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, desktop.releaseUnusedMemory);
   QObject::connect(&scene, &MenuBarScene::settingsRequested, &settings, &SettingsScene::show);
-  QObject::connect(&settings, &SettingsScene::windowDidClose, &settings, releaseUnusedMemory);
-  QObject::connect(&memoryPressure, &MemoryPressure::memoryIsShort, &scene, [] {
-    AudioPlayerController::coverImageCache().releaseUnused();
-    releaseUnusedMemory();
-  });
-  QObject::connect(&mediaControls, &MprisMediaControls::raiseRequested, &scene, &MenuBarScene::showPanel,
-                   Qt::QueuedConnection);
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
-  const auto serve = [&scene, &settings](SingleInstance::Request request) {
-    switch (request) {
-      case SingleInstance::Request::showPanel:
-        scene.showPanel();
-        break;
-      case SingleInstance::Request::showSettings:
-        settings.show();
-        break;
-    }
-  };
-  const SingleInstanceServer laterCopies(instance);
-  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &scene, serve);
-  using StartedBy = BusActivation::StartedBy;
-  BusActivation busActivation(applicationId,
-                              action == CommandLine::Action::serve ? StartedBy::bus : StartedBy::user);
-  QObject::connect(&busActivation, &BusActivation::requested, &scene, serve, Qt::QueuedConnection);
-  // The bus that started a later copy may be one that came back, and does not know us yet.
-  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &busActivation, &BusActivation::appear);
-  scene.show(icon);
-  busActivation.appear();
+  QObject::connect(&settings, &SettingsScene::windowDidClose, &settings, desktop.releaseUnusedMemory);
+  QObject::connect(&desktop.memoryPressure, &MemoryPressure::memoryIsShort, &scene, [&desktop] {
+    AudioPlayerController::coverImageCache().releaseUnused();
+    desktop.releaseUnusedMemory();
+  });
+  QObject::connect(&desktop.showRequests, &ShowRequests::panelRequested, &scene, &MenuBarScene::showPanel);
+  QObject::connect(&desktop.showRequests, &ShowRequests::settingsRequested, &settings, &SettingsScene::show);
+}
+
+int runScenes(const Desktop& desktop, CommandLine::Action action) {
+  const std::shared_ptr<AudioPlayerController> audioPlayer = makeAudioPlayer(desktop);
+  AppLocalization localization({.userDefaults = desktop.userDefaults,
+                                .systemLanguages = desktop.systemLanguages,
+                                .localeChanges = desktop.localeChanges,
+                                .mainThread = desktop.mainThread});
+  MenuBarScene scene({.menuBarExtra = desktop.menuBarExtra,
+                      .colorScheme = desktop.colorScheme,
+                      .windowSystem = desktop.windowSystem,
+                      .audioPlayer = *audioPlayer,
+                      .localization = localization,
+                      .notices = desktop.notices});
+  const auto icon =
+      desktop.resourceBundle.urlForResource(QStringLiteral("MenuBarIcon"), QStringLiteral("png"), {});
+  SettingsScene settings(localization, desktop.colorScheme, icon.value_or(""));
+  connectScenes(scene, settings, desktop);
+  scene.show(icon.value_or(""));
   if (action == CommandLine::Action::showSettings) {
     settings.show();
   }
@@ -179,24 +127,14 @@ int runScenes(const SingleInstance& instance, CommandLine::Action action, Notice
 int MirevalMacApp::main(int argc, char** argv) {
   // A reader of our output that goes away must not end the music.
   std::signal(SIGPIPE, SIG_IGN);
-  StandardError notices;
+  LinuxDesktop desktop;
   const auto commandLine =
       CommandLine::parse(std::vector<std::string_view>(argv + std::min(argc, 1), argv + argc));
-  if (const auto exitStatus = answer(commandLine, notices)) {
+  if (const auto exitStatus = answer(commandLine, desktop.notices())) {
     return *exitStatus;
   }
-  SingleInstance instance = SingleInstance::forCurrentUser();
-  if (const auto exitStatus = handOver(instance, commandLine.action, notices)) {
+  if (const auto exitStatus = desktop.prepare(startFor(commandLine.action))) {
     return *exitStatus;
-  }
-  useMmapForLargeBlocks();
-  if (!displayServerAnswers()) {
-    notices.say("no display answers; set DISPLAY or WAYLAND_DISPLAY");
-    return 1;
-  }
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-    // Only X11, also the one inside a Wayland session, lets a window choose its place.
-    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   }
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   QQuickWindow::setDefaultAlphaBuffer(true);
@@ -208,7 +146,7 @@ int MirevalMacApp::main(int argc, char** argv) {
   QObject::connect(&application, &QApplication::saveStateRequest, &application, [](QSessionManager& session) {
     session.setRestartCommand({QCoreApplication::applicationFilePath()});
   });
-  return runScenes(instance, commandLine.action, notices);
+  return runScenes(*desktop.connect(), commandLine.action);
 }
 
 }  // namespace mireval

@@ -1,0 +1,149 @@
+#include "platform/linux/LinuxDesktop.h"
+
+#include "platform/ShowRequests.h"
+#include "platform/linux/audio/LazyAudioPlayerFactory.h"
+#include "platform/linux/instance/BusActivation.h"
+#include "platform/linux/instance/SingleInstanceServer.h"
+#include "platform/linux/media/MprisMediaControls.h"
+#include "platform/linux/memory/KernelMemoryPressure.h"
+#include "platform/linux/memory/UnusedMemory.h"
+#include "platform/linux/settings/PortalColorScheme.h"
+#include "platform/linux/settings/SystemLocale.h"
+#include "platform/linux/tray/TrayMenuBarExtra.h"
+#include "platform/linux/tray/XEmbedIcon.h"
+#include "platform/linux/windows/DisplayServer.h"
+#include "platform/linux/windows/LinuxWindowSystem.h"
+#include "platform/qt/FolderResourceBundle.h"
+#include "platform/qt/IniUserDefaults.h"
+#include "platform/qt/QtImageDecoder.h"
+#include "platform/qt/QtMainThread.h"
+#include "platform/qt/QtRunLoop.h"
+#include "platform/qt/StandardOutput.h"
+
+#include <QGuiApplication>
+
+namespace mireval {
+
+/// Owns what the desktop supplies.
+struct LinuxDesktop::Services {
+  Services(const SingleInstance& instance, Start start, Notices& notices);
+
+  void request(SingleInstance::Request request);
+
+  const QByteArray applicationId = QGuiApplication::desktopFileName().toUtf8();
+  FolderResourceBundle resourceBundle = FolderResourceBundle::forApplication();
+  LazyAudioPlayerFactory audioPlayerFactory{LazyAudioPlayerFactory::moduleOfApplication()};
+  QtRunLoop runLoop;
+  MprisMediaControls mediaControls{{.identity = QGuiApplication::applicationDisplayName().toUtf8(),
+                                    .busName = "mireval",
+                                    .desktopEntry = applicationId}};
+  QtImageDecoder imageDecoder;
+  StandardOutput debugOutput;
+  QtMainThread mainThread;
+  IniUserDefaults userDefaults = IniUserDefaults::forCurrentUser();
+  SystemLocale systemLocale;
+  PortalColorScheme colorScheme;
+  LinuxWindowSystem windowSystem;
+  TrayMenuBarExtra menuBarExtra{{.pointer = &LinuxWindowSystem::pointer, .embed = &XEmbedIcon::make}};
+  KernelMemoryPressure memoryPressure;
+  ShowRequests showRequests;
+  SingleInstanceServer laterCopies;
+  BusActivation busActivation;
+  const Desktop desktop;
+};
+
+LinuxDesktop::Services::Services(const SingleInstance& instance, Start start, Notices& notices)
+    : laterCopies(instance),
+      busActivation(applicationId,
+                    start == Start::byBus ? BusActivation::StartedBy::bus : BusActivation::StartedBy::user),
+      desktop{.audioPlayerFactory = audioPlayerFactory,
+              .colorScheme = colorScheme,
+              .debugOutput = debugOutput,
+              .imageDecoder = imageDecoder,
+              .localeChanges = systemLocale,
+              .mainThread = mainThread,
+              .memoryPressure = memoryPressure,
+              .menuBarExtra = menuBarExtra,
+              .notices = notices,
+              .nowPlayingInfoCenter = mediaControls,
+              .remoteCommandCenter = mediaControls,
+              .resourceBundle = resourceBundle,
+              .runLoop = runLoop,
+              .showRequests = showRequests,
+              .systemLanguages = systemLocale,
+              .userDefaults = userDefaults,
+              .windowSystem = windowSystem,
+              .publishVolume = [this](double volume) { mediaControls.setVolume(volume); },
+              .releaseUnusedMemory = &mireval::releaseUnusedMemory} {
+  const auto pass = [this](SingleInstance::Request wanted) { request(wanted); };
+  // A later copy is answered when the slots that are called directly have returned.
+  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &showRequests, pass);
+  QObject::connect(&busActivation, &BusActivation::requested, &showRequests, pass, Qt::QueuedConnection);
+  QObject::connect(&mediaControls, &MprisMediaControls::raiseRequested, &showRequests,
+                   &ShowRequests::panelRequested, Qt::QueuedConnection);
+  // The bus that started a later copy may have restarted, and may not know this copy yet.
+  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &busActivation, &BusActivation::appear);
+  // Not before the event loop runs, when the application is ready for requests.
+  QMetaObject::invokeMethod(&busActivation, &BusActivation::appear, Qt::QueuedConnection);
+}
+
+void LinuxDesktop::Services::request(SingleInstance::Request request) {
+  switch (request) {
+    case SingleInstance::Request::showPanel:
+      Q_EMIT showRequests.panelRequested();
+      break;
+    case SingleInstance::Request::showSettings:
+      Q_EMIT showRequests.settingsRequested();
+      break;
+  }
+}
+
+std::optional<int> LinuxDesktop::prepare(Start start) {
+  m_start = start;
+  if (const auto exitStatus = handOver()) {
+    return exitStatus;
+  }
+  useMmapForLargeBlocks();
+  if (!displayServerAnswers()) {
+    m_notices.say("no display answers; set DISPLAY or WAYLAND_DISPLAY");
+    return 1;
+  }
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    // Only X11, also the one inside a Wayland session, lets a window choose its place.
+    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+  }
+  return std::nullopt;
+}
+
+std::optional<int> LinuxDesktop::handOver() {
+  using Request = SingleInstance::Request;
+  const auto outcome =
+      m_instance.elect(m_start == Start::forSettings ? Request::showSettings : Request::showPanel);
+  if (!outcome) {
+    m_notices.say("other copies cannot be found: " + outcome.error());
+    return std::nullopt;
+  }
+  switch (*outcome) {
+    case SingleInstance::Outcome::elected:
+    case SingleInstance::Outcome::independent:
+      break;
+    case SingleInstance::Outcome::handedOver:
+      if (m_start == Start::byBus) {
+        // The bus would go on waiting for its name, and ask nobody else meanwhile.
+        m_notices.say("a copy runs already, which the bus does not know; its panel opens");
+        return 1;
+      }
+      return 0;
+    case SingleInstance::Outcome::unanswered:
+      m_notices.say("a copy runs already, but does not answer");
+      return 1;
+  }
+  return std::nullopt;
+}
+
+std::shared_ptr<const Desktop> LinuxDesktop::connect() {
+  const auto services = std::make_shared<Services>(m_instance, m_start, m_notices);
+  return {services, &services->desktop};
+}
+
+}  // namespace mireval

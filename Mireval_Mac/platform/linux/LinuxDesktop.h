@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/Desktop.h"
+#include "platform/linux/instance/SingleInstance.h"
+#include "platform/qt/StandardError.h"
+
+#include <memory>
+#include <optional>
+
+namespace mireval {
+
+/// The application's place on a Linux desktop: first in the user's session, then all that the desktop
+/// supplies. Lives on the UI thread, and longer than the application object.
+class LinuxDesktop final {
+ public:
+  /// Why the program was started.
+  enum class Start {
+    forPanel,
+    forSettings,
+    /// The message bus started it and is about to pass on a request.
+    byBus,
+  };
+
+  Notices& notices() { return m_notices; }
+
+  /// Does what comes before the application object. Returns the process's exit status where nothing is left
+  /// to do: a running copy shows what is wanted or does not answer, or no display answers. Takes a few
+  /// milliseconds for the first copy.
+  std::optional<int> prepare(Start start);
+
+  /// Makes what the desktop supplies. Called once, after `prepare` and with the application object, which
+  /// must outlive the result.
+  std::shared_ptr<const Desktop> connect();
+
+ private:
+  struct Services;
+
+  std::optional<int> handOver();
+
+  StandardError m_notices;
+  SingleInstance m_instance = SingleInstance::forCurrentUser();
+  Start m_start = Start::forPanel;
+};
+
+}  // namespace mireval
