@@ -20,7 +20,8 @@ class RemoteCommand {
   virtual void addHandler(Handler handler) = 0;
 };
 
-/// The commands that media keys and the desktop's media controls send. Used on the UI thread.
+/// The commands that media keys and the desktop's media controls send. The desktop is offered them as soon as
+/// one has a handler. Used on the UI thread.
 class RemoteCommandCenter {
  public:
   virtual ~RemoteCommandCenter() = default;

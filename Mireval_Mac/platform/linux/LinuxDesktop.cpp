@@ -2,6 +2,7 @@
 
 #include "platform/ShowRequests.h"
 #include "platform/linux/audio/LazyAudioPlayerFactory.h"
+#include "platform/linux/bus/MessageBus.h"
 #include "platform/linux/instance/BusActivation.h"
 #include "platform/linux/instance/SingleInstanceServer.h"
 #include "platform/linux/media/MprisMediaControls.h"
@@ -34,7 +35,9 @@ struct LinuxDesktop::Services {
   FolderResourceBundle resourceBundle = FolderResourceBundle::forApplication();
   LazyAudioPlayerFactory audioPlayerFactory{LazyAudioPlayerFactory::moduleOfApplication()};
   QtRunLoop runLoop;
-  MprisMediaControls mediaControls{{.identity = QGuiApplication::applicationDisplayName().toUtf8(),
+  MessageBus sessionBus{MessageBus::Kind::session};
+  MprisMediaControls mediaControls{sessionBus,
+                                   {.identity = QGuiApplication::applicationDisplayName().toUtf8(),
                                     .busName = "mireval",
                                     .desktopEntry = applicationId}};
   QtImageDecoder imageDecoder;
@@ -42,9 +45,10 @@ struct LinuxDesktop::Services {
   QtMainThread mainThread;
   IniUserDefaults userDefaults = IniUserDefaults::forCurrentUser();
   SystemLocale systemLocale;
-  PortalColorScheme colorScheme;
+  PortalColorScheme colorScheme{sessionBus};
   LinuxWindowSystem windowSystem;
-  TrayMenuBarExtra menuBarExtra{{.pointer = &LinuxWindowSystem::pointer, .embed = &XEmbedIcon::make}};
+  TrayMenuBarExtra menuBarExtra{sessionBus,
+                                {.pointer = &LinuxWindowSystem::pointer, .embed = &XEmbedIcon::make}};
   KernelMemoryPressure memoryPressure;
   ShowRequests showRequests;
   SingleInstanceServer laterCopies;
@@ -54,7 +58,7 @@ struct LinuxDesktop::Services {
 
 LinuxDesktop::Services::Services(const SingleInstance& instance, Start start, Notices& notices)
     : laterCopies(instance),
-      busActivation(applicationId,
+      busActivation(sessionBus, applicationId,
                     start == Start::byBus ? BusActivation::StartedBy::bus : BusActivation::StartedBy::user),
       desktop{.audioPlayerFactory = audioPlayerFactory,
               .colorScheme = colorScheme,
@@ -81,8 +85,8 @@ LinuxDesktop::Services::Services(const SingleInstance& instance, Start start, No
   QObject::connect(&busActivation, &BusActivation::requested, &showRequests, pass, Qt::QueuedConnection);
   QObject::connect(&mediaControls, &MprisMediaControls::raiseRequested, &showRequests,
                    &ShowRequests::panelRequested, Qt::QueuedConnection);
-  // The bus that started a later copy may have restarted, and may not know this copy yet.
-  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &busActivation, &BusActivation::appear);
+  // The bus that started a later copy may have come back unnoticed.
+  QObject::connect(&laterCopies, &SingleInstanceServer::requested, &sessionBus, &MessageBus::tryAgain);
   // Not before the event loop runs, when the application is ready for requests.
   QMetaObject::invokeMethod(&busActivation, &BusActivation::appear, Qt::QueuedConnection);
 }

@@ -1,90 +1,167 @@
 #include "platform/linux/bus/MessageBus.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QMetaObject>
+#include <QStringList>
 
 #include <poll.h>
 
+#include <chrono>
 #include <cstdint>
 #include <utility>
 
 namespace mireval {
 namespace {
 
-// Between these the event loop gets its turn, however many calls a client sends.
+using namespace std::chrono_literals;
+
+// After so many messages the event loop gets its turn, however many calls a client sends.
 constexpr int messagesAtATime = 32;
+
+// A bus that drops each connection costs five attempts a second at most. And a bus that has just made its
+// socket needs a moment before it listens on it.
+constexpr auto pauseBeforeConnecting = 200ms;
+
+QByteArray addressOf(MessageBus::Kind kind) {
+  if (kind == MessageBus::Kind::system) {
+    return qEnvironmentVariableIsSet("DBUS_SYSTEM_BUS_ADDRESS") ? qgetenv("DBUS_SYSTEM_BUS_ADDRESS")
+                                                                : "unix:path=/run/dbus/system_bus_socket";
+  }
+  return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
+             ? qgetenv("DBUS_SESSION_BUS_ADDRESS")
+             : "unix:path=" + qgetenv("XDG_RUNTIME_DIR").toPercentEncoding("/") + "/bus";
+}
+
+/// The folders of those of the bus's sockets that are files.
+QStringList socketFolders(MessageBus::Kind kind) {
+  QStringList folders;
+  for (const QByteArray& address : addressOf(kind).split(';')) {
+    for (const QByteArray& part : address.mid(address.indexOf(':') + 1).split(',')) {
+      if (address.startsWith("unix:") && part.startsWith("path=")) {
+        const QByteArray path = QByteArray::fromPercentEncoding(part.mid(part.indexOf('=') + 1));
+        folders.append(QFileInfo(QFile::decodeName(path)).path());
+      }
+    }
+  }
+  return folders;
+}
 
 }  // namespace
 
-// One object for both callbacks of a rule, which share their user data.
-struct MessageBus::Listener {
-  MessageBus& bus;
-  std::function<void(sd_bus_message* message)> handle;
-
-  static int handleMessage(sd_bus_message* message, void* userdata, sd_bus_error*) {
-    static_cast<Listener*>(userdata)->handle(message);
-    return 0;
-  }
-
-  static int handleRuleReply(sd_bus_message* reply, void* userdata, sd_bus_error* error) {
-    return handleBusReply(reply, &static_cast<Listener*>(userdata)->bus, error);
-  }
-};
-
-MessageBus::MessageBus(Kind kind) : m_kind(kind) {}
-
-MessageBus::~MessageBus() {
-  close();
+MessageBus::MessageBus(Kind kind) : m_kind(kind) {
+  m_connectSoon.setSingleShot(true);
+  m_connectSoon.setInterval(pauseBeforeConnecting);
+  connect(&m_connectSoon, &QTimer::timeout, this, &MessageBus::connectNow);
 }
 
-void MessageBus::Close::operator()(sd_bus* connection) const {
+MessageBus::~MessageBus() = default;
+
+void MessageBus::ConnectionDeleter::operator()(sd_bus* connection) const {
   // Not flushed: that would wait for a bus that does not read.
   sd_bus_close_unref(connection);
 }
 
-void MessageBus::DropSlot::operator()(sd_bus_slot* slot) const {
+void MessageBus::SlotDeleter::operator()(sd_bus_slot* slot) const {
   sd_bus_slot_unref(slot);
 }
 
+void MessageBus::attach(const QObject* service, const std::function<void()>& introduce) {
+  m_isWanted = true;
+  connect(this, &MessageBus::opened, service, introduce);
+  if (isOpen()) {
+    introduce();
+  } else {
+    connectNow();
+  }
+}
+
+void MessageBus::tryAgain() {
+  if (m_isWanted && !isOpen() && !m_connectSoon.isActive()) {
+    m_connectSoon.start();
+  }
+}
+
+void MessageBus::connectNow() {
+  m_connectSoon.stop();
+  // The second attempt is for a bus that came just before its folder was watched.
+  if (open() || (watchSocket() && open())) {
+    m_socketWatcher.reset();
+    Q_EMIT opened();
+  }
+}
+
 bool MessageBus::open() {
-  close();
   sd_bus* connection = nullptr;
   if ((m_kind == Kind::system ? sd_bus_open_system(&connection) : sd_bus_open_user(&connection)) < 0) {
     return false;
   }
   m_connection.reset(connection);
+  // The bus may take as long as it likes.
   sd_bus_set_method_call_timeout(connection, UINT64_MAX);
   watch();
-  return isOpen();
+  return true;
 }
 
-bool MessageBus::keepOpen() {
-  m_keepsOpen = true;
-  if (!open()) {
+/// True if a watch has begun.
+bool MessageBus::watchSocket() {
+  if (m_socketWatcher && !m_socketWatcher->directories().isEmpty()) {
     return false;
   }
-  Q_EMIT opened();
-  return isOpen();
-}
-
-void MessageBus::listen(const char* rule, std::function<void(sd_bus_message* message)> handle) {
-  m_listeners.push_back(std::unique_ptr<Listener>(new Listener{*this, std::move(handle)}));
-  sd_bus_add_match_async(m_connection.get(), nullptr, rule, Listener::handleMessage,
-                         Listener::handleRuleReply, m_listeners.back().get());
-}
-
-void MessageBus::requestName(const char* name) {
-  sd_bus_request_name_async(m_connection.get(), nullptr, name, SD_BUS_NAME_QUEUE, handleBusReply, this);
-}
-
-int MessageBus::handleBusReply(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-  if (sd_bus_message_is_method_error(reply, nullptr) == 0) {
-    static_cast<MessageBus*>(userdata)->m_isWelcome = true;
+  m_socketWatcher = std::make_unique<QFileSystemWatcher>();
+  connect(m_socketWatcher.get(), &QFileSystemWatcher::directoryChanged, this, &MessageBus::tryAgain);
+  for (const QString& folder : socketFolders(m_kind)) {
+    m_socketWatcher->addPath(folder);
   }
-  return 0;
+  return !m_socketWatcher->directories().isEmpty();
+}
+
+QByteArray MessageBus::uniqueName() const {
+  const char* name = nullptr;
+  sd_bus_get_unique_name(m_connection.get(), &name);
+  return name;
+}
+
+MessageBus::Slot MessageBus::addObject(const char* path, const char* interface, const sd_bus_vtable* table,
+                                       void* userdata) {
+  sd_bus_slot* slot = nullptr;
+  sd_bus_add_object_vtable(m_connection.get(), &slot, path, interface, table, userdata);
+  return Slot(slot);
+}
+
+MessageBus::Slot MessageBus::listen(const char* rule, Handler handle, void* userdata) {
+  sd_bus_slot* slot = nullptr;
+  sd_bus_add_match_async(m_connection.get(), &slot, rule, handle, ignoreAnswer, userdata);
+  watch();
+  return Slot(slot);
+}
+
+MessageBus::Slot MessageBus::listenToOwner(const QByteArray& name, Handler handle, void* userdata) {
+  const QByteArray rule =
+      "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
+      "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='" +
+      name + "'";
+  return listen(rule.constData(), handle, userdata);
+}
+
+MessageBus::Slot MessageBus::requestName(const QByteArray& name, IfTaken ifTaken, Handler handle,
+                                         void* userdata) {
+  sd_bus_slot* slot = nullptr;
+  sd_bus_request_name_async(m_connection.get(), &slot, name.constData(),
+                            ifTaken == IfTaken::wait ? SD_BUS_NAME_QUEUE : 0, handle, userdata);
+  watch();
+  return Slot(slot);
+}
+
+void MessageBus::releaseName(const QByteArray& name) {
+  if (isOpen()) {
+    sd_bus_release_name_async(m_connection.get(), nullptr, name.constData(), ignoreAnswer, nullptr);
+    watch();
+  }
 }
 
 MessageBus::Slot MessageBus::call(const Method& method, std::initializer_list<const char*> arguments,
-                                  Start start, AnswerHandler handle, void* userdata) {
+                                  Start start, Handler handle, void* userdata) {
   sd_bus_message* message = nullptr;
   sd_bus_slot* slot = nullptr;
   int result = sd_bus_message_new_method_call(m_connection.get(), &message, method.service, method.path,
@@ -98,20 +175,36 @@ MessageBus::Slot MessageBus::call(const Method& method, std::initializer_list<co
     sd_bus_call_async(m_connection.get(), &slot, message, handle, userdata, 0);
   }
   sd_bus_message_unref(message);
-  flush();
+  watch();
   return Slot(slot);
+}
+
+void MessageBus::emitPropertiesChanged(const char* path, const char* interface,
+                                       std::vector<const char*> names) {
+  names.push_back(nullptr);
+  // The C interface takes the names as changeable texts, but does not change them.
+  sd_bus_emit_properties_changed_strv(m_connection.get(), path, interface, const_cast<char**>(names.data()));
+  watch();
+}
+
+/// Without it, sd-bus would end the connection when the bus refuses a rule or a name.
+int MessageBus::ignoreAnswer(sd_bus_message*, void*, sd_bus_error*) {
+  return 0;
 }
 
 void MessageBus::process() {
   m_processingSoon = false;
   for (int i = 0; isOpen() && i < messagesAtATime; ++i) {
+    m_busHasAccepted = m_busHasAccepted || sd_bus_is_ready(m_connection.get()) > 0;
     const int progress = sd_bus_process(m_connection.get(), nullptr);
     if (progress < 0) {
-      const bool again = m_keepsOpen && m_isWelcome;
+      const bool hadAccepted = std::exchange(m_busHasAccepted, false);
       close();
       Q_EMIT lost();
-      if (again) {
-        keepOpen();
+      if (hadAccepted) {
+        tryAgain();
+      } else {
+        watchSocket();
       }
       return;
     }
@@ -122,15 +215,16 @@ void MessageBus::process() {
   watch();
 }
 
+/// Arms the notifiers for what the connection waits for. Needed after each change of it.
 void MessageBus::watch() {
   if (!isOpen()) {
     return;
   }
-  // Another one after a bus with several addresses did not answer at the first.
   const int descriptor = sd_bus_get_fd(m_connection.get());
   const int events = sd_bus_get_events(m_connection.get());
   std::uint64_t due = UINT64_MAX;
   const int hasDue = sd_bus_get_timeout(m_connection.get(), &due);
+  // It changes when a bus has several addresses and does not answer at the first.
   if (descriptor >= 0 && descriptor != m_descriptor) {
     m_descriptor = descriptor;
     m_readable = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
@@ -142,8 +236,8 @@ void MessageBus::watch() {
     m_readable->setEnabled((events & POLLIN) != 0);
     m_writable->setEnabled((events & POLLOUT) != 0);
   }
-  // Messages that were read already make no descriptor readable. Other times are left alone: an answer of the
-  // bus that is long in coming is still welcome.
+  // Messages that were read already make no descriptor readable. Later deadlines are ignored: they belong to
+  // the bus's answer at the start, which may take long.
   const bool pending = hasDue >= 0 && due == 0;
   if ((descriptor < 0 || events < 0 || pending) && !m_processingSoon) {
     m_processingSoon = true;
@@ -156,8 +250,6 @@ void MessageBus::close() {
   m_writable.reset();
   m_descriptor = -1;
   m_connection.reset();
-  m_listeners.clear();
-  m_isWelcome = false;
 }
 
 }  // namespace mireval

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QByteArray>
+#include <QFileSystemWatcher>
 #include <QObject>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <systemd/sd-bus.h>
 
@@ -13,19 +16,26 @@
 
 namespace mireval {
 
-/// A connection to a message bus, served by the event loop of the thread that made it. No call waits for the
-/// bus, which may be absent, slow, frozen or gone at any time.
+/// A connection to a message bus, which several services may share. The event loop of the thread that made it
+/// serves it. No call waits for the bus, which may be absent, slow, frozen or gone at any time.
+///
+/// From the first `attach` on, the connection comes back by itself. After a loss it is opened again within a
+/// moment, if the bus had accepted it. Otherwise, and where that fails, the folder of the bus's socket is
+/// watched for a change; nothing polls. A bus without such a folder (an abstract socket, TCP) has its next
+/// chance at `tryAgain`.
 class MessageBus final : public QObject {
   Q_OBJECT
 
  public:
   enum class Kind { session, system };
 
-  struct DropSlot {
+  struct SlotDeleter {
     void operator()(sd_bus_slot* slot) const;
   };
-  /// An object on the connection, or the wait for an answer, which ends with the slot.
-  using Slot = std::unique_ptr<sd_bus_slot, DropSlot>;
+  /// Something on a connection: an object, a rule, or the wait for an answer. It ends with the slot; when the
+  /// connection is lost, it ends without a further call of its handler.
+  using Slot = std::unique_ptr<sd_bus_slot, SlotDeleter>;
+  using Slots = std::vector<Slot>;
 
   struct Method {
     const char* service;
@@ -35,67 +45,89 @@ class MessageBus final : public QObject {
   };
   /// Whether a call starts a service that does not run.
   enum class Start : std::uint8_t { no, yes };
-  using AnswerHandler = int (*)(sd_bus_message* answer, void* userdata, sd_bus_error* error);
+  /// What becomes of a request for a name that somebody else has.
+  enum class IfTaken : std::uint8_t { wait, fail };
+  /// Receives a signal or an answer, which may be an error, and the user data that was given with it.
+  using Handler = int (*)(sd_bus_message* message, void* userdata, sd_bus_error* error);
 
   explicit MessageBus(Kind kind);
   ~MessageBus() override;
 
-  /// Begins to connect. What is sent from now on is delivered once the bus has answered; its answers may
-  /// take as long as they like. False when there is no bus to connect to.
-  bool open();
+  /// Keeps the connection open from now on and calls `introduce` for each connection, at once if there is
+  /// one. That is the place to register objects, rules and names. The calls end with the service.
+  void attach(const QObject* service, const std::function<void()>& introduce);
 
-  /// Opens, now and again at once whenever the connection is lost, as long as the bus lets this connection
-  /// listen or ask for a name: one that never has would only do the same again. False when there is no bus to
-  /// connect to now.
-  bool keepOpen();
+  /// Looks for the bus again shortly, if it is wanted and away.
+  void tryAgain();
 
+  /// True from the beginning of a connection on: what is sent before the bus has answered is delivered later.
   bool isOpen() const { return m_connection != nullptr; }
 
-  /// For calls that belong to this connection; nullptr unless it is open. Call `flush` after sending.
-  sd_bus* connection() const { return m_connection.get(); }
+  // All further calls need an open connection.
 
-  /// Asks the bus for the messages that match the rule; each is handed over until the connection is lost. To
-  /// be called while it is open; call `flush` after it.
-  void listen(const char* rule, std::function<void(sd_bus_message* message)> handle);
+  /// The connection's own name on the bus, for example ":1.42". To be called once an answer has arrived:
+  /// before that it would wait for the bus.
+  QByteArray uniqueName() const;
 
-  /// Asks for a name, and waits in its queue while it is another's. To be called while the connection is
-  /// open; call `flush` after it.
-  void requestName(const char* name);
+  /// Offers the table's methods and properties at this path.
+  [[nodiscard]] Slot addObject(const char* path, const char* interface, const sd_bus_vtable* table,
+                               void* userdata);
 
-  /// Calls a method that takes texts. The answer, which may be an error, is handed over with the user data;
-  /// not once the slot has gone. To be called while the connection is open. An empty slot if nothing could be
-  /// sent.
+  /// Asks the bus for the messages that match the rule.
+  [[nodiscard]] Slot listen(const char* rule, Handler handle, void* userdata);
+
+  /// Asks the bus to tell when the owner of a name changes; `nameHasOwner` reads the message.
+  [[nodiscard]] Slot listenToOwner(const QByteArray& name, Handler handle, void* userdata);
+
+  /// Asks for a name. The answer is that of org.freedesktop.DBus.RequestName.
+  [[nodiscard]] Slot requestName(const QByteArray& name, IfTaken ifTaken, Handler handle = ignoreAnswer,
+                                 void* userdata = nullptr);
+
+  /// Gives a name back, or ends the wait for it. May be called without a connection.
+  void releaseName(const QByteArray& name);
+
+  /// Calls a method that takes texts. An empty slot if nothing could be sent.
   [[nodiscard]] Slot call(const Method& method, std::initializer_list<const char*> arguments, Start start,
-                          AnswerHandler handle, void* userdata);
+                          Handler handle, void* userdata);
 
-  /// Sees to it that what has been sent leaves, now or as soon as the bus takes it.
-  void flush() { watch(); }
+  /// Sends a signal. Types and values are those of sd_bus_message_append.
+  template <typename... Values>
+  void emitSignal(const char* path, const char* interface, const char* member, const char* types,
+                  Values... values) {
+    sd_bus_emit_signal(m_connection.get(), path, interface, member, types, values...);
+    watch();
+  }
+
+  /// Sends PropertiesChanged with the current values of these properties.
+  void emitPropertiesChanged(const char* path, const char* interface, std::vector<const char*> names);
 
  Q_SIGNALS:
-  /// There is a connection to listen and to register on. Emitted by `keepOpen` and after it.
+  /// A connection has begun.
   void opened();
 
-  /// The connection is gone, with everything that was registered on it. It may be opened anew.
+  /// The connection is gone, with everything that was registered on it.
   void lost();
 
  private:
-  struct Close {
+  struct ConnectionDeleter {
     void operator()(sd_bus* connection) const;
   };
-  struct Listener;
 
-  /// Of a request of our own to the bus itself.
-  static int handleBusReply(sd_bus_message* reply, void* userdata, sd_bus_error* error);
+  static int ignoreAnswer(sd_bus_message* answer, void* userdata, sd_bus_error* error);
 
+  void connectNow();
+  bool open();
+  bool watchSocket();
   void process();
   void watch();
   void close();
 
   const Kind m_kind;
-  bool m_keepsOpen = false;
-  bool m_isWelcome = false;
-  std::vector<std::unique_ptr<Listener>> m_listeners;
-  std::unique_ptr<sd_bus, Close> m_connection;
+  bool m_isWanted = false;
+  bool m_busHasAccepted = false;
+  QTimer m_connectSoon;
+  std::unique_ptr<QFileSystemWatcher> m_socketWatcher;
+  std::unique_ptr<sd_bus, ConnectionDeleter> m_connection;
   int m_descriptor = -1;
   std::unique_ptr<QSocketNotifier> m_readable;
   std::unique_ptr<QSocketNotifier> m_writable;

@@ -1,5 +1,7 @@
 #include "platform/linux/instance/BusActivation.h"
 
+#include "platform/linux/bus/BusValues.h"
+
 #include <systemd/sd-bus.h>
 
 #include <string_view>
@@ -11,14 +13,14 @@ namespace {
 using Request = SingleInstance::Request;
 
 constexpr const char* applicationInterface = "org.freedesktop.Application";
-// Of the desktop file.
+// An action of the desktop file.
 constexpr std::string_view settingsAction = "Settings";
 
 QByteArray objectPathOf(const QByteArray& applicationId) {
   return '/' + QByteArray(applicationId).replace('.', '/').replace('-', '_');
 }
 
-/// What lets a window that is opened for this call have the keyboard; empty if the caller sends nothing.
+/// The activation token that the caller sends, or the startup id; empty if there is neither.
 QByteArray readToken(sd_bus_message* call) {
   QByteArray activationToken;
   QByteArray startupId;
@@ -42,7 +44,7 @@ QByteArray readToken(sd_bus_message* call) {
 
 }  // namespace
 
-struct BusActivation::Bus {
+struct BusActivation::Callbacks {
   using Self = BusActivation;
 
   static int activate(sd_bus_message* call, void* userdata, sd_bus_error*) {
@@ -79,7 +81,7 @@ struct BusActivation::Bus {
   static const sd_bus_vtable application[];
 };
 
-const sd_bus_vtable BusActivation::Bus::application[] = {
+const sd_bus_vtable BusActivation::Callbacks::application[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD_WITH_ARGS("Activate", SD_BUS_ARGS("a{sv}", platform_data), SD_BUS_NO_RESULT, activate, 0),
     SD_BUS_METHOD_WITH_ARGS("Open", SD_BUS_ARGS("as", uris, "a{sv}", platform_data), SD_BUS_NO_RESULT, open,
@@ -90,34 +92,33 @@ const sd_bus_vtable BusActivation::Bus::application[] = {
     SD_BUS_VTABLE_END,
 };
 
-BusActivation::BusActivation(QByteArray applicationId, StartedBy startedBy)
+BusActivation::BusActivation(MessageBus& sessionBus, QByteArray applicationId, StartedBy startedBy)
     : m_applicationId(std::move(applicationId)),
       m_objectPath(objectPathOf(m_applicationId)),
-      m_isStarting(startedBy == StartedBy::bus) {
-  connect(&m_bus, &MessageBus::opened, this, &BusActivation::introduce);
+      m_isStarting(startedBy == StartedBy::bus),
+      m_bus(sessionBus) {
+  connect(&m_bus, &MessageBus::lost, this, [this] {
+    m_object.reset();
+    m_nameRequest.reset();
+  });
 }
 
-BusActivation::~BusActivation() = default;
+BusActivation::~BusActivation() {
+  m_bus.releaseName(m_applicationId);
+}
 
 void BusActivation::appear() {
-  if (!m_bus.isOpen()) {
-    m_bus.keepOpen();
-  }
+  m_bus.attach(this, [this] { introduce(); });
 }
 
 void BusActivation::introduce() {
-  // The object first: the bus passes on what has waited for the name at once.
-  sd_bus_add_object_vtable(m_bus.connection(), nullptr, m_objectPath.constData(), applicationInterface,
-                           Bus::application, this);
-  m_bus.requestName(m_applicationId.constData());
-  m_bus.flush();
+  // The object first: the bus passes on at once what has waited for the name.
+  m_object = m_bus.addObject(m_objectPath.constData(), applicationInterface, Callbacks::application, this);
+  m_nameRequest = m_bus.requestName(m_applicationId, MessageBus::IfTaken::wait);
 }
 
 void BusActivation::request(Request request, const QByteArray& token) {
-  if (!token.isEmpty()) {
-    // Where Qt looks for it when the window asks for the keyboard.
-    qputenv("XDG_ACTIVATION_TOKEN", token);
-  }
+  setActivationToken(token);
   Q_EMIT requested(request);
 }
 

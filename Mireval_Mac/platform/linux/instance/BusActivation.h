@@ -13,45 +13,44 @@ namespace mireval {
 /// Lets the desktop start the application, and ask it for what a later copy may ask for, by its name on the
 /// session bus, as the Desktop Entry Specification describes it.
 ///
-/// Should the name be another's, it is taken when that one lets go of it. No call waits. After a loss of the
-/// bus this connects once more, at once; where that fails, it is not on the bus until it is told to appear
-/// anew.
+/// A name that somebody else has is taken as soon as its owner releases it.
 class BusActivation final : public QObject {
   Q_OBJECT
 
  public:
   enum class StartedBy : std::uint8_t {
     user,
-    /// The bus passes on the request for which it has started the application. If it is the plain one, the
-    /// start has met it already.
+    /// The bus has started the application for a request and passes that on. The start itself has met a plain
+    /// request already.
     bus,
   };
 
-  /// `applicationId` is the name of the desktop file without its suffix, and the name on the bus.
-  BusActivation(QByteArray applicationId, StartedBy startedBy);
+  /// The bus has to outlive it. `applicationId` is the name of the desktop file without its suffix, and the
+  /// name on the bus.
+  BusActivation(MessageBus& sessionBus, QByteArray applicationId, StartedBy startedBy);
   ~BusActivation() override;
 
-  /// Begins to connect, unless it is connected. Anybody who asks is heard from the time on at which the name
-  /// is ours.
+  /// Asks for the name; requests arrive from the time on at which it is ours. Called once.
   void appear();
 
  Q_SIGNALS:
-  /// Somebody on the desktop asks for this. Emitted while a message is being handled: to be connected in a
-  /// queue.
+  /// Somebody on the desktop asks for this. Emitted while a message is being handled, so connect it queued.
   void requested(mireval::SingleInstance::Request request);
 
  private:
-  /// The callbacks of the bus.
-  struct Bus;
+  /// What the bus calls.
+  struct Callbacks;
 
   void introduce();
   void request(SingleInstance::Request request, const QByteArray& token);
 
   const QByteArray m_applicationId;
   const QByteArray m_objectPath;
-  /// The bus has yet to pass on why it started the application.
+  /// The bus has not yet passed on why it started the application.
   bool m_isStarting;
-  MessageBus m_bus{MessageBus::Kind::session};
+  MessageBus& m_bus;
+  MessageBus::Slot m_object;
+  MessageBus::Slot m_nameRequest;
 };
 
 }  // namespace mireval

@@ -1,9 +1,9 @@
 #include "platform/linux/media/MprisMediaControls.h"
 
+#include "platform/linux/bus/BusValues.h"
+
 #include <systemd/sd-bus.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <string_view>
 #include <utility>
@@ -11,14 +11,11 @@
 namespace mireval {
 namespace {
 
-using namespace std::chrono_literals;
 using Clock = MprisPosition::Clock;
 
 constexpr const char* objectPath = "/org/mpris/MediaPlayer2";
 constexpr const char* playerInterface = "org.mpris.MediaPlayer2.Player";
 constexpr const char* applicationInterface = "org.mpris.MediaPlayer2";
-constexpr auto shortestRetryDelay = 1s;
-constexpr auto longestRetryDelay = 30s;
 
 QByteArray busNameOf(const MprisMediaControls::Application& application) {
   return "org.mpris.MediaPlayer2." + application.busName;
@@ -26,14 +23,8 @@ QByteArray busNameOf(const MprisMediaControls::Application& application) {
 
 }  // namespace
 
-struct MprisMediaControls::Bus {
+struct MprisMediaControls::Callbacks {
   using Self = MprisMediaControls;
-
-  template <int (*append)(sd_bus_message* reply, Self& self)>
-  static int get(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void* userdata,
-                 sd_bus_error*) {
-    return append(reply, *static_cast<Self*>(userdata));
-  }
 
   static int yes(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "b", 1); }
   static int no(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "b", 0); }
@@ -94,7 +85,7 @@ struct MprisMediaControls::Bus {
 
   static int ignore(sd_bus*, const char*, const char*, const char*, sd_bus_message* value, void*,
                     sd_bus_error*) {
-    // What is left unread would count as our failure, and end the connection.
+    // A value that is left unread would end the connection.
     return sd_bus_message_skip(value, nullptr);
   }
 
@@ -130,21 +121,24 @@ struct MprisMediaControls::Bus {
   static const sd_bus_vtable player[];
 };
 
-const sd_bus_vtable MprisMediaControls::Bus::application[] = {
+const sd_bus_vtable MprisMediaControls::Callbacks::application[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("Raise", "", "", raise, 0),
     SD_BUS_METHOD("Quit", "", "", doNothing, 0),
-    SD_BUS_PROPERTY("CanQuit", "b", get<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("CanRaise", "b", get<yes>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("HasTrackList", "b", get<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("Identity", "s", get<identity>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("DesktopEntry", "s", get<desktopEntry>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("SupportedUriSchemes", "as", get<noTexts>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("SupportedMimeTypes", "as", get<noTexts>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("CanQuit", "b", propertyGetter<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("CanRaise", "b", propertyGetter<yes>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("HasTrackList", "b", propertyGetter<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("Identity", "s", propertyGetter<identity>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("DesktopEntry", "s", propertyGetter<desktopEntry>, 0,
+                    SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("SupportedUriSchemes", "as", propertyGetter<noTexts>, 0,
+                    SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("SupportedMimeTypes", "as", propertyGetter<noTexts>, 0,
+                    SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
     SD_BUS_VTABLE_END,
 };
 
-const sd_bus_vtable MprisMediaControls::Bus::player[] = {
+const sd_bus_vtable MprisMediaControls::Callbacks::player[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("Next", "", "", doNothing, 0),
     SD_BUS_METHOD("Previous", "", "", doNothing, 0),
@@ -156,44 +150,49 @@ const sd_bus_vtable MprisMediaControls::Bus::player[] = {
     SD_BUS_METHOD("SetPosition", "ox", "", doNothing, 0),
     SD_BUS_METHOD("OpenUri", "s", "", doNothing, 0),
     SD_BUS_SIGNAL("Seeked", "x", 0),
-    SD_BUS_PROPERTY("PlaybackStatus", "s", get<playbackStatus>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_WRITABLE_PROPERTY("Rate", "d", get<normalRate>, ignore, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("Metadata", "a{sv}", get<metadata>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_WRITABLE_PROPERTY("Volume", "d", get<volume>, ignore, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("Position", "x", get<position>, 0, 0),
-    SD_BUS_PROPERTY("MinimumRate", "d", get<normalRate>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("MaximumRate", "d", get<normalRate>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("CanGoNext", "b", get<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("CanGoPrevious", "b", get<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("CanPlay", "b", get<canPlay>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("CanPause", "b", get<canPause>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("CanSeek", "b", get<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
-    SD_BUS_PROPERTY("CanControl", "b", get<yes>, 0, 0),
+    SD_BUS_PROPERTY("PlaybackStatus", "s", propertyGetter<playbackStatus>, 0,
+                    SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_WRITABLE_PROPERTY("Rate", "d", propertyGetter<normalRate>, ignore, 0,
+                             SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("Metadata", "a{sv}", propertyGetter<metadata>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_WRITABLE_PROPERTY("Volume", "d", propertyGetter<volume>, ignore, 0,
+                             SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("Position", "x", propertyGetter<position>, 0, 0),
+    SD_BUS_PROPERTY("MinimumRate", "d", propertyGetter<normalRate>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("MaximumRate", "d", propertyGetter<normalRate>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("CanGoNext", "b", propertyGetter<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("CanGoPrevious", "b", propertyGetter<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("CanPlay", "b", propertyGetter<canPlay>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("CanPause", "b", propertyGetter<canPause>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("CanSeek", "b", propertyGetter<no>, 0, SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE),
+    SD_BUS_PROPERTY("CanControl", "b", propertyGetter<yes>, 0, 0),
     SD_BUS_VTABLE_END,
 };
 
-MprisMediaControls::MprisMediaControls(Application application) : m_application(std::move(application)) {
-  connect(&m_bus, &MessageBus::lost, this, [this] { m_hasName = false; });
+MprisMediaControls::MprisMediaControls(MessageBus& sessionBus, Application application)
+    : m_application(std::move(application)), m_bus(sessionBus) {
+  connect(&m_bus, &MessageBus::lost, this, [this] {
+    m_hasName = false;
+    m_objects.clear();
+    m_nameRequest.reset();
+  });
 }
 
-MprisMediaControls::~MprisMediaControls() = default;
+MprisMediaControls::~MprisMediaControls() {
+  if (!m_requestedName.isEmpty()) {
+    m_bus.releaseName(m_requestedName);
+  }
+}
 
 void MprisMediaControls::Command::setEnabled(bool enabled) {
-  if (std::exchange(m_enabled, enabled) == enabled) {
-    return;
-  }
-  if (this == &m_controls.m_play) {
-    m_controls.announce({"CanPlay"});
-  } else if (this == &m_controls.m_pause) {
-    m_controls.announce({"CanPause"});
+  if (std::exchange(m_enabled, enabled) != enabled && m_property != nullptr) {
+    m_controls.announce({m_property});
   }
 }
 
 void MprisMediaControls::Command::addHandler(Handler handler) {
   m_handlers.push_back(std::move(handler));
-  if (!std::exchange(m_controls.m_wanted, true)) {
-    m_controls.appear();
-  }
+  m_controls.appear();
 }
 
 RemoteCommandHandlerStatus MprisMediaControls::Command::send() const {
@@ -210,15 +209,14 @@ RemoteCommandHandlerStatus MprisMediaControls::Command::send() const {
 
 void MprisMediaControls::setNowPlayingInfo(const std::optional<NowPlayingInfo>& info) {
   const Clock::time_point now = Clock::now();
-  if (m_wanted && !m_bus.isOpen() && now >= m_nextTry) {
-    appear();
-  }
+  m_bus.tryAgain();
 
   std::optional<MprisMetadata> metadata;
   MprisPosition::Publication publication;
   if (info) {
     metadata.emplace(*info);
-    publication.elapsed = MprisPosition::Microseconds(microseconds(info->elapsedPlaybackSeconds).value_or(0));
+    publication.elapsed =
+        MprisPosition::Microseconds(toMicroseconds(info->elapsedPlaybackSeconds).value_or(0));
     if (metadata->length) {
       publication.length = MprisPosition::Microseconds(*metadata->length);
     }
@@ -237,11 +235,9 @@ void MprisMediaControls::setNowPlayingInfo(const std::optional<NowPlayingInfo>& 
   if (playbackStatus() != statusBefore) {
     changed.push_back("PlaybackStatus");
   }
-  announce(std::move(changed));
+  announce(changed);
   if (jumped && m_metadata && m_hasName) {
-    sd_bus_emit_signal(m_bus.connection(), objectPath, playerInterface, "Seeked", "x",
-                       std::int64_t{m_position.at(now).count()});
-    m_bus.flush();
+    m_bus.emitSignal(objectPath, playerInterface, "Seeked", "x", std::int64_t{m_position.at(now).count()});
   }
 }
 
@@ -252,52 +248,40 @@ void MprisMediaControls::setVolume(double volume) {
 }
 
 void MprisMediaControls::appear() {
-  m_retryDelay = std::clamp<Clock::duration>(2 * m_retryDelay, shortestRetryDelay, longestRetryDelay);
-  m_nextTry = Clock::now() + m_retryDelay;
-  if (!m_bus.open()) {
-    return;
+  if (!std::exchange(m_hasAppeared, true)) {
+    m_bus.attach(this, [this] { introduce(); });
   }
-  // The object first: whoever sees the name may ask at once.
-  sd_bus* const bus = m_bus.connection();
-  if (sd_bus_add_object_vtable(bus, nullptr, objectPath, applicationInterface, Bus::application, this) >= 0 &&
-      sd_bus_add_object_vtable(bus, nullptr, objectPath, playerInterface, Bus::player, this) >= 0) {
-    requestName(busNameOf(m_application));
-  }
-  m_bus.flush();
+}
+
+void MprisMediaControls::introduce() {
+  // The objects first: a client that sees the name may ask at once.
+  m_objects.push_back(m_bus.addObject(objectPath, applicationInterface, Callbacks::application, this));
+  m_objects.push_back(m_bus.addObject(objectPath, playerInterface, Callbacks::player, this));
+  requestName(busNameOf(m_application));
 }
 
 void MprisMediaControls::requestName(const QByteArray& name) {
   m_requestedName = name;
-  sd_bus_request_name_async(m_bus.connection(), nullptr, name.constData(), 0, Bus::handleNameReply, this);
+  m_nameRequest = m_bus.requestName(name, MessageBus::IfTaken::fail, Callbacks::handleNameReply, this);
 }
 
 void MprisMediaControls::handleNameReply(NameReply reply) {
-  if (reply == NameReply::primaryOwner) {
-    m_hasName = true;
-    m_retryDelay = {};
+  m_hasName = reply == NameReply::primaryOwner;
+  if (reply != NameReply::exists) {
     return;
   }
-  const char* uniqueName = nullptr;
-  if (reply != NameReply::exists || sd_bus_get_unique_name(m_bus.connection(), &uniqueName) < 0) {
-    return;
-  }
-  // Another copy runs. What distinguishes connections on this bus (":1.42") also distinguishes the copies.
+  // Another copy runs. The unique name of this connection (":1.42") distinguishes the copies.
   const QByteArray name =
-      busNameOf(m_application) + ".instance" + QByteArray(uniqueName).mid(1).replace('.', '_');
+      busNameOf(m_application) + ".instance" + m_bus.uniqueName().mid(1).replace('.', '_');
   if (name != m_requestedName) {
     requestName(name);
   }
 }
 
-void MprisMediaControls::announce(PropertyNames changed) {
-  if (!m_hasName || changed.empty()) {
-    return;
+void MprisMediaControls::announce(const PropertyNames& changed) {
+  if (m_hasName && !changed.empty()) {
+    m_bus.emitPropertiesChanged(objectPath, playerInterface, changed);
   }
-  changed.push_back(nullptr);
-  // The interface for C takes the names as changeable texts, but leaves them as they are.
-  sd_bus_emit_properties_changed_strv(m_bus.connection(), objectPath, playerInterface,
-                                      const_cast<char**>(changed.data()));
-  m_bus.flush();
 }
 
 const char* MprisMediaControls::playbackStatus() const {

@@ -18,8 +18,7 @@ namespace mireval {
 /// The desktop's media controls by way of MPRIS 2.2: media keys and players' lists on the desktop find this
 /// application on the session bus, show what plays, and send their commands.
 ///
-/// It appears on the bus once a command has a handler, and stays there until it is destroyed. Where there is
-/// no bus, or the bus goes, it tries again from time to time, at a publication; nothing else is lost.
+/// It appears on the bus as soon as a command has a handler, and stays there until it is destroyed.
 class MprisMediaControls final : public QObject, public RemoteCommandCenter, public NowPlayingInfoCenter {
   Q_OBJECT
 
@@ -34,7 +33,8 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
     QByteArray desktopEntry;
   };
 
-  explicit MprisMediaControls(Application application);
+  /// The bus has to outlive it.
+  MprisMediaControls(MessageBus& sessionBus, Application application);
   ~MprisMediaControls() override;
 
   RemoteCommand& playCommand() override { return m_play; }
@@ -53,7 +53,9 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
  private:
   class Command final : public RemoteCommand {
    public:
-    explicit Command(MprisMediaControls& controls) : m_controls(controls) {}
+    /// `property` tells clients whether the command is enabled; nullptr if none does.
+    Command(MprisMediaControls& controls, const char* property)
+        : m_controls(controls), m_property(property) {}
 
     void setEnabled(bool enabled) override;
     void addHandler(Handler handler) override;
@@ -63,6 +65,7 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
 
    private:
     MprisMediaControls& m_controls;
+    const char* const m_property;
     bool m_enabled = false;
     std::vector<Handler> m_handlers;
   };
@@ -72,30 +75,31 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
   /// The bus's answer to the request for a name.
   enum class NameReply : std::uint32_t { primaryOwner = 1, inQueue = 2, exists = 3, alreadyOwner = 4 };
 
-  /// The callbacks of the bus.
-  struct Bus;
+  /// What the bus calls.
+  struct Callbacks;
 
   void appear();
+  void introduce();
   void requestName(const QByteArray& name);
   void handleNameReply(NameReply reply);
-  void announce(PropertyNames changed);
+  void announce(const PropertyNames& changed);
   const char* playbackStatus() const;
 
   const Application m_application;
-  Command m_play{*this};
-  Command m_pause{*this};
-  Command m_playPause{*this};
+  Command m_play{*this, "CanPlay"};
+  Command m_pause{*this, "CanPause"};
+  Command m_playPause{*this, nullptr};
   std::optional<MprisMetadata> m_metadata;
   bool m_playing = false;
   MprisPosition m_position;
   double m_volume = 1;
 
-  MessageBus m_bus{MessageBus::Kind::session};
-  bool m_wanted = false;
+  MessageBus& m_bus;
+  bool m_hasAppeared = false;
+  MessageBus::Slots m_objects;
   QByteArray m_requestedName;
+  MessageBus::Slot m_nameRequest;
   bool m_hasName = false;
-  MprisPosition::Clock::duration m_retryDelay{};
-  MprisPosition::Clock::time_point m_nextTry;
 };
 
 }  // namespace mireval

@@ -12,7 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::optional<std::int64_t> lengthOf(double seconds) {
-  const auto length = microseconds(seconds);
+  const auto length = toMicroseconds(seconds);
   return length && *length > 0 ? length : std::nullopt;
 }
 
@@ -51,7 +51,7 @@ QByteArray MprisMetadata::artUrl() const {
                          : "file://" + QByteArray::fromStdString(artFile.string()).toPercentEncoding("/");
 }
 
-std::optional<std::int64_t> microseconds(double seconds) {
+std::optional<std::int64_t> toMicroseconds(double seconds) {
   constexpr double perSecond = 1e6;
   constexpr double limit = 0x1p63;
   const double value = std::round(std::max(seconds, 0.0) * perSecond);

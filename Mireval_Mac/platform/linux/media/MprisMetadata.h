@@ -11,12 +11,12 @@
 
 namespace mireval {
 
-/// What a media player says on the bus about its current track (MPRIS 2.2, metadata).
+/// What a media player says on the bus about its current track (the metadata of MPRIS 2.2).
 struct MprisMetadata {
   MprisMetadata() = default;
   explicit MprisMetadata(const NowPlayingInfo& info);
 
-  /// Both tell of the same track, whatever else changed.
+  /// True if both describe the same track, whatever else differs.
   bool isSameTrack(const MprisMetadata& other) const;
 
   /// mpris:trackid: a valid object path, the same whenever the same title by the same artist plays.
@@ -35,7 +35,7 @@ struct MprisMetadata {
   friend bool operator==(const MprisMetadata&, const MprisMetadata&) = default;
 };
 
-/// Seconds as whole microseconds, never negative; what is no number, or too large for one, is nothing.
-std::optional<std::int64_t> microseconds(double seconds);
+/// Seconds as whole microseconds, never negative; nothing if they are not a number, or too many.
+std::optional<std::int64_t> toMicroseconds(double seconds);
 
 }  // namespace mireval

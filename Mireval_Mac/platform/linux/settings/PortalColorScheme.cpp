@@ -1,5 +1,7 @@
 #include "platform/linux/settings/PortalColorScheme.h"
 
+#include "platform/linux/bus/BusValues.h"
+
 #include <systemd/sd-bus.h>
 
 #include <cstdint>
@@ -8,16 +10,14 @@
 namespace mireval {
 namespace {
 
-constexpr MessageBus::Method readSetting{.service = "org.freedesktop.portal.Desktop",
+constexpr const char* portal = "org.freedesktop.portal.Desktop";
+constexpr MessageBus::Method readSetting{.service = portal,
                                          .path = "/org/freedesktop/portal/desktop",
                                          .interface = "org.freedesktop.portal.Settings",
                                          .name = "Read"};
 constexpr const char* settingsNamespace = "org.freedesktop.appearance";
 constexpr const char* settingsKey = "color-scheme";
-constexpr const char* ownerRule =
-    "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
-    "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'";
-// Other settings do not wake this process up.
+// Narrow, so that other settings do not wake this process.
 constexpr const char* settingRule =
     "type='signal',sender='org.freedesktop.portal.Desktop',path='/org/freedesktop/portal/desktop',"
     "interface='org.freedesktop.portal.Settings',member='SettingChanged',arg0='org.freedesktop.appearance',"
@@ -49,57 +49,57 @@ std::optional<bool> readPreference(sd_bus_message* message) {
 
 }  // namespace
 
-struct PortalColorScheme::Bus {
+struct PortalColorScheme::Callbacks {
   using Self = PortalColorScheme;
 
-  static void handleOwner(sd_bus_message* message, Self& self) {
-    const char* newOwner = nullptr;
-    if (sd_bus_message_read(message, "sss", nullptr, nullptr, &newOwner) < 0) {
-      return;
-    }
-    if (*newOwner != '\0') {
+  static int handleOwner(sd_bus_message* message, void* userdata, sd_bus_error*) {
+    Self& self = *static_cast<Self*>(userdata);
+    if (nameHasOwner(message)) {
       self.ask(MessageBus::Start::no);
     } else {
       self.m_question.reset();
       self.setPreference(std::nullopt);
     }
+    return 0;
   }
 
-  static void handleSetting(sd_bus_message* message, Self& self) {
+  static int handleSetting(sd_bus_message* message, void* userdata, sd_bus_error*) {
     if (sd_bus_message_read(message, "ss", nullptr, nullptr) >= 0) {
-      self.setPreference(readPreference(message));
+      static_cast<Self*>(userdata)->setPreference(readPreference(message));
     }
+    return 0;
   }
 
   static int handleAnswer(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    // An error holds no preference either.
+    // Nor does an error hold a preference.
     static_cast<Self*>(userdata)->setPreference(readPreference(reply));
     return 0;
   }
 };
 
-PortalColorScheme::PortalColorScheme() {
+PortalColorScheme::PortalColorScheme(MessageBus& sessionBus) : m_bus(sessionBus) {
   connect(&m_palette, &ColorScheme::darkChanged, this, &PortalColorScheme::update);
   connect(&m_bus, &MessageBus::lost, this, [this] {
+    m_rules.clear();
     m_question.reset();
     setPreference(std::nullopt);
   });
-  connect(&m_bus, &MessageBus::opened, this, &PortalColorScheme::follow);
-  m_bus.keepOpen();
+  m_bus.attach(this, [this] { introduce(); });
 }
 
 PortalColorScheme::~PortalColorScheme() = default;
 
-void PortalColorScheme::follow() {
-  // The rules first: nothing is missed between the answer and the first change.
-  m_bus.listen(ownerRule, [this](sd_bus_message* message) { Bus::handleOwner(message, *this); });
-  m_bus.listen(settingRule, [this](sd_bus_message* message) { Bus::handleSetting(message, *this); });
+void PortalColorScheme::introduce() {
+  // The rules before the question: no change after the answer is missed.
+  m_rules.push_back(m_bus.listenToOwner(portal, Callbacks::handleOwner, this));
+  m_rules.push_back(m_bus.listen(settingRule, Callbacks::handleSetting, this));
   ask(MessageBus::Start::yes);
 }
 
 void PortalColorScheme::ask(MessageBus::Start start) {
-  // An answer to the question before is not waited for any more.
-  m_question = m_bus.call(readSetting, {settingsNamespace, settingsKey}, start, Bus::handleAnswer, this);
+  // This drops an answer to the previous question.
+  m_question =
+      m_bus.call(readSetting, {settingsNamespace, settingsKey}, start, Callbacks::handleAnswer, this);
 }
 
 void PortalColorScheme::setPreference(std::optional<bool> dark) {

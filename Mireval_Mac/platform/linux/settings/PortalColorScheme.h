@@ -12,25 +12,24 @@ namespace mireval {
 /// bus. The palette decides while the portal states no preference, or there is no portal, bus or sensible
 /// answer.
 ///
-/// The portal is asked at the start, which starts it where it does not run yet: the panel's colours then do
-/// not depend on whether some other program has needed the portal before. It is never started again when it
-/// ends, but asked anew when it comes back. No call waits; until it answers, the palette decides. After a
-/// loss of the bus this connects once more, at once; where that fails, the palette decides from then on.
+/// The portal is asked at the start, which also starts it: otherwise the panel's colours would depend on
+/// whether some other program has needed the portal before. When it ends, it is not started again, but it is
+/// asked again when it comes back.
 class PortalColorScheme final : public ColorScheme {
   Q_OBJECT
 
  public:
-  /// Needs the application object.
-  PortalColorScheme();
+  /// Needs the application object. The bus has to outlive it.
+  explicit PortalColorScheme(MessageBus& sessionBus);
   ~PortalColorScheme() override;
 
   bool isDark() const override { return m_dark; }
 
  private:
-  /// The callbacks of the bus.
-  struct Bus;
+  /// What the bus calls.
+  struct Callbacks;
 
-  void follow();
+  void introduce();
   void ask(MessageBus::Start start);
   void setPreference(std::optional<bool> dark);
   void update();
@@ -38,7 +37,8 @@ class PortalColorScheme final : public ColorScheme {
   PaletteColorScheme m_palette;
   std::optional<bool> m_prefersDark;
   bool m_dark = m_palette.isDark();
-  MessageBus m_bus{MessageBus::Kind::session};
+  MessageBus& m_bus;
+  MessageBus::Slots m_rules;
   MessageBus::Slot m_question;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/linux/settings/SystemLocale.h"
 
+#include "platform/linux/bus/BusValues.h"
+
 #include <QtGlobal>
 
 #include <systemd/sd-bus.h>
@@ -10,27 +12,17 @@
 namespace mireval {
 namespace {
 
-constexpr const char* service = "org.freedesktop.locale1";
-constexpr const char* objectPath = "/org/freedesktop/locale1";
-constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
+constexpr MessageBus::Method getProperty{.service = "org.freedesktop.locale1",
+                                         .path = "/org/freedesktop/locale1",
+                                         .interface = "org.freedesktop.DBus.Properties",
+                                         .name = "Get"};
 constexpr const char* localeInterface = "org.freedesktop.locale1";
 constexpr const char* localeProperty = "Locale";
 constexpr const char* announcementRule =
     "type='signal',sender='org.freedesktop.locale1',path='/org/freedesktop/locale1',"
     "interface='org.freedesktop.DBus.Properties',member='PropertiesChanged',arg0='org.freedesktop.locale1'";
 
-QByteArrayList readTexts(sd_bus_message* message) {
-  QByteArrayList texts;
-  const char* text = nullptr;
-  sd_bus_message_enter_container(message, 'a', "s");
-  while (sd_bus_message_read_basic(message, 's', &text) > 0) {
-    texts.append(text);
-  }
-  sd_bus_message_exit_container(message);
-  return texts;
-}
-
-/// Nothing when what comes next is no variant with texts; the rest of the message cannot be read then.
+/// Nothing unless a variant with texts comes next; then the rest of the message cannot be read.
 std::optional<QByteArrayList> readTextsOfVariant(sd_bus_message* message) {
   if (sd_bus_message_enter_container(message, 'v', "as") <= 0) {
     return std::nullopt;
@@ -42,14 +34,15 @@ std::optional<QByteArrayList> readTextsOfVariant(sd_bus_message* message) {
 
 }  // namespace
 
-struct SystemLocale::Bus {
+struct SystemLocale::Callbacks {
   using Self = SystemLocale;
 
-  static void handleAnnouncement(sd_bus_message* message, Self& self) {
-    // Only of what is sent to everybody has the bus checked that it comes from the service.
+  static int handleAnnouncement(sd_bus_message* message, void* userdata, sd_bus_error*) {
+    Self& self = *static_cast<Self*>(userdata);
+    // The bus checks the sender of broadcasts only.
     if (sd_bus_message_get_destination(message) != nullptr ||
         sd_bus_message_has_signature(message, "sa{sv}as") <= 0) {
-      return;
+      return 0;
     }
     sd_bus_message_skip(message, "s");
     std::optional<QByteArrayList> announced;
@@ -69,6 +62,7 @@ struct SystemLocale::Bus {
     } else if (readTexts(message).contains(localeProperty)) {
       self.ask();
     }
+    return 0;
   }
 
   static int handleAnswer(sd_bus_message* reply, void* userdata, sd_bus_error*) {
@@ -80,20 +74,15 @@ struct SystemLocale::Bus {
 };
 
 SystemLocale::SystemLocale() {
-  connect(&m_bus, &MessageBus::opened, this, [this] {
-    m_bus.listen(announcementRule,
-                 [this](sd_bus_message* message) { Bus::handleAnnouncement(message, *this); });
-    m_bus.flush();
-  });
-  m_bus.keepOpen();
+  m_bus.attach(this,
+               [this] { m_rule = m_bus.listen(announcementRule, Callbacks::handleAnnouncement, this); });
 }
 
 SystemLocale::~SystemLocale() = default;
 
 void SystemLocale::ask() {
-  sd_bus_call_method_async(m_bus.connection(), nullptr, service, objectPath, propertiesInterface, "Get",
-                           Bus::handleAnswer, this, "ss", localeInterface, localeProperty);
-  m_bus.flush();
+  m_question = m_bus.call(getProperty, {localeInterface, localeProperty}, MessageBus::Start::yes,
+                          Callbacks::handleAnswer, this);
 }
 
 LocaleVariables SystemLocale::variables() const {

@@ -16,10 +16,8 @@ namespace mireval {
 /// user logged in with, until org.freedesktop.locale1 announces on the system bus that the system's locale
 /// has changed. From then on the announced variables count, and no other.
 ///
-/// No call waits for the bus, and nothing is asked of it but to pass the announcements on; the service that
-/// makes them is not started for that. After a loss of the bus, what was announced stays. The bus is then
-/// connected to once more, at once, which reaches a successor where the system keeps the bus's socket open
-/// meanwhile. Where that fails, or no bus was there at first, nothing is announced any more.
+/// The bus is only asked to pass the announcements on, which does not start the service. After a loss of the
+/// bus, what was announced stays.
 class SystemLocale final : public LocaleChanges, public SystemLanguages {
   Q_OBJECT
 
@@ -34,8 +32,8 @@ class SystemLocale final : public LocaleChanges, public SystemLanguages {
   QString currentLocaleIdentifier() const override { return variables().currentLocaleIdentifier(); }
 
  private:
-  /// The callbacks of the bus.
-  struct Bus;
+  /// What the bus calls.
+  struct Callbacks;
 
   void ask();
   LocaleVariables variables() const;
@@ -44,6 +42,8 @@ class SystemLocale final : public LocaleChanges, public SystemLanguages {
   /// "LANG=ja_JP.UTF-8" and so on.
   std::optional<QByteArrayList> m_announced;
   MessageBus m_bus{MessageBus::Kind::system};
+  MessageBus::Slot m_rule;
+  MessageBus::Slot m_question;
 };
 
 }  // namespace mireval

@@ -1,5 +1,7 @@
 #include "platform/linux/tray/StatusNotifierItem.h"
 
+#include "platform/linux/bus/BusValues.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QImage>
@@ -31,10 +33,8 @@ constexpr MessageBus::Method getFromWatcher{.service = watcher,
                                             .path = "/StatusNotifierWatcher",
                                             .interface = "org.freedesktop.DBus.Properties",
                                             .name = "Get"};
-constexpr const char* ownerRule =
-    "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
-    "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='org.kde.StatusNotifierWatcher'";
-// What else the watcher tells, about the items of others, does not wake this process up.
+// No rule for the watcher's other signals: they are about the items of others and would only wake this
+// process.
 constexpr const char* hostCameRule =
     "type='signal',sender='org.kde.StatusNotifierWatcher',path='/StatusNotifierWatcher',"
     "interface='org.kde.StatusNotifierWatcher',member='StatusNotifierHostRegistered'";
@@ -68,14 +68,8 @@ int appendPixmaps(sd_bus_message* reply, const IconImages& icon) {
 
 }  // namespace
 
-struct StatusNotifierItem::Bus {
+struct StatusNotifierItem::Callbacks {
   using Self = StatusNotifierItem;
-
-  template <int (*append)(sd_bus_message* reply, Self& self)>
-  static int get(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void* userdata,
-                 sd_bus_error*) {
-    return append(reply, *static_cast<Self*>(userdata));
-  }
 
   static int text(sd_bus_message* reply, const char* value) {
     return sd_bus_message_append(reply, "s", value);
@@ -96,7 +90,7 @@ struct StatusNotifierItem::Bus {
     return text(reply, QCoreApplication::applicationName().toUtf8().constData());
   }
 
-  /// Some hosts show nothing for an icon that is named and not there, and do not ask for its pixels either.
+  /// Empty unless the theme has the icon: some hosts show nothing then, and do not ask for the pixels either.
   static int themedIcon(sd_bus_message* reply, Self& self) {
     return text(reply, self.m_iconThemePath.isEmpty() ? "" : IconImages::name);
   }
@@ -131,17 +125,22 @@ struct StatusNotifierItem::Bus {
     return sd_bus_reply_method_return(call, nullptr);
   }
 
-  static void handleOwner(sd_bus_message* message, Self& self) {
-    const char* newOwner = nullptr;
-    if (sd_bus_message_read(message, "sss", nullptr, nullptr, &newOwner) < 0) {
-      return;
-    }
+  static int handleOwner(sd_bus_message* message, void* userdata, sd_bus_error*) {
+    Self& self = *static_cast<Self*>(userdata);
     self.forgetWatcher();
-    if (*newOwner != '\0') {
+    if (nameHasOwner(message)) {
       self.findWatcher();
     } else {
       self.setPlacement(Placement::nowhere);
     }
+    return 0;
+  }
+
+  static int handleHostChange(sd_bus_message*, void* userdata, sd_bus_error*) {
+    if (Self& self = *static_cast<Self*>(userdata); self.m_isRegistered) {
+      self.askForHost();
+    }
+    return 0;
   }
 
   static int handleProcess(sd_bus_message* reply, void* userdata, sd_bus_error*) {
@@ -150,7 +149,7 @@ struct StatusNotifierItem::Bus {
       self.setPlacement(Placement::nowhere);
       return 0;
     }
-    // Any other error: there is a watcher, whose process the bus does not know.
+    // After any other error there is a watcher, but its process is not known.
     std::uint32_t process = 0;
     self.registerItem(sd_bus_message_read(reply, "u", &process) > 0 ? processName(process) : QByteArray());
     return 0;
@@ -168,7 +167,7 @@ struct StatusNotifierItem::Bus {
   }
 
   static int handleHost(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    // Not every watcher has the property; those that know of no host do.
+    // Some watchers lack the property; all of those have a host.
     int hasHost = 1;
     sd_bus_message_read(reply, "v", "b", &hasHost);
     static_cast<Self*>(userdata)->setPlacement(hasHost != 0 ? Placement::placed : Placement::nowhere);
@@ -180,87 +179,86 @@ struct StatusNotifierItem::Bus {
   static const sd_bus_vtable tokenMethod[];
 };
 
-const sd_bus_vtable StatusNotifierItem::Bus::item[] = {
+const sd_bus_vtable StatusNotifierItem::Callbacks::item[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("Activate", "ii", "", handleClick, 0),
     SD_BUS_METHOD("SecondaryActivate", "ii", "", handleClick, 0),
     SD_BUS_METHOD("ContextMenu", "ii", "", handleClick, 0),
     SD_BUS_METHOD("Scroll", "is", "", handleScroll, 0),
     SD_BUS_SIGNAL("NewToolTip", "", 0),
-    SD_BUS_PROPERTY("Category", "s", get<category>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("Id", "s", get<id>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("Title", "s", get<title>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("Status", "s", get<status>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("WindowId", "i", get<windowId>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("IconName", "s", get<themedIcon>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("IconThemePath", "s", get<iconThemePath>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("IconPixmap", "a(iiay)", get<iconPixmap>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("OverlayIconName", "s", get<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("OverlayIconPixmap", "a(iiay)", get<noPixmaps>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("AttentionIconName", "s", get<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("AttentionIconPixmap", "a(iiay)", get<noPixmaps>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("AttentionMovieName", "s", get<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("ToolTip", "(sa(iiay)ss)", get<toolTip>, 0, 0),
-    SD_BUS_PROPERTY("ItemIsMenu", "b", get<no>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Category", "s", propertyGetter<category>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Id", "s", propertyGetter<id>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Title", "s", propertyGetter<title>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Status", "s", propertyGetter<status>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("WindowId", "i", propertyGetter<windowId>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("IconName", "s", propertyGetter<themedIcon>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("IconThemePath", "s", propertyGetter<iconThemePath>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("IconPixmap", "a(iiay)", propertyGetter<iconPixmap>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("OverlayIconName", "s", propertyGetter<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("OverlayIconPixmap", "a(iiay)", propertyGetter<noPixmaps>, 0,
+                    SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("AttentionIconName", "s", propertyGetter<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("AttentionIconPixmap", "a(iiay)", propertyGetter<noPixmaps>, 0,
+                    SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("AttentionMovieName", "s", propertyGetter<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("ToolTip", "(sa(iiay)ss)", propertyGetter<toolTip>, 0, 0),
+    SD_BUS_PROPERTY("ItemIsMenu", "b", propertyGetter<no>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
     SD_BUS_VTABLE_END,
 };
 
-const sd_bus_vtable StatusNotifierItem::Bus::menuProperty[] = {
+const sd_bus_vtable StatusNotifierItem::Callbacks::menuProperty[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_PROPERTY("Menu", "o", get<menu>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Menu", "o", propertyGetter<menu>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
     SD_BUS_VTABLE_END,
 };
 
-const sd_bus_vtable StatusNotifierItem::Bus::tokenMethod[] = {
+const sd_bus_vtable StatusNotifierItem::Callbacks::tokenMethod[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("ProvideXdgActivationToken", "s", "", handleToken, 0),
     SD_BUS_VTABLE_END,
 };
 
-StatusNotifierItem::StatusNotifierItem(std::filesystem::path image, ActivationTokens tokens)
+StatusNotifierItem::StatusNotifierItem(MessageBus& sessionBus, std::filesystem::path image,
+                                       ActivationTokens tokens)
     : m_icon(std::move(image)),
       m_tokens(tokens),
-      m_iconThemePath(QFile::decodeName(m_icon.themeFolder().c_str()).toUtf8()) {
+      m_iconThemePath(QFile::decodeName(m_icon.themeFolder().c_str()).toUtf8()),
+      m_bus(sessionBus) {
   connect(&m_menu, &StatusNotifierMenu::chosen, this, [this] { activate(std::nullopt); });
   connect(&m_bus, &MessageBus::lost, this, [this] {
     forgetWatcher();
+    m_registrations.clear();
     setPlacement(Placement::nowhere);
   });
-  connect(&m_bus, &MessageBus::opened, this, &StatusNotifierItem::introduce);
 }
 
 StatusNotifierItem::~StatusNotifierItem() = default;
 
 void StatusNotifierItem::appear() {
-  if (!m_bus.keepOpen()) {
+  m_bus.attach(this, [this] { introduce(); });
+  if (!m_bus.isOpen()) {
     setPlacement(Placement::nowhere);
   }
 }
 
 void StatusNotifierItem::setToolTip(const QString& text) {
-  // Hosts take it for markup.
+  // Hosts read it as markup.
   const QByteArray markup = text.toHtmlEscaped().toUtf8();
   if (std::exchange(m_toolTip, markup) != markup && m_isRegistered) {
-    sd_bus_emit_signal(m_bus.connection(), objectPath, itemInterface, "NewToolTip", nullptr);
-    m_bus.flush();
+    m_bus.emitSignal(objectPath, itemInterface, "NewToolTip", "");
   }
 }
 
 void StatusNotifierItem::introduce() {
-  sd_bus* const bus = m_bus.connection();
-  sd_bus_add_object_vtable(bus, nullptr, objectPath, itemInterface, Bus::item, this);
+  m_registrations.push_back(m_bus.addObject(objectPath, itemInterface, Callbacks::item, this));
   if (m_tokens == ActivationTokens::wanted) {
-    sd_bus_add_object_vtable(bus, nullptr, objectPath, itemInterface, Bus::tokenMethod, this);
+    m_registrations.push_back(m_bus.addObject(objectPath, itemInterface, Callbacks::tokenMethod, this));
   }
-  m_menu.appearOn(bus);
-  // The rules first: nothing is missed between the answer and the first change.
-  m_bus.listen(ownerRule, [this](sd_bus_message* message) { Bus::handleOwner(message, *this); });
+  m_menu.appearOn(m_bus);
+  // The rules before the question: no change after the answer is missed.
+  m_registrations.push_back(m_bus.listenToOwner(watcher, Callbacks::handleOwner, this));
   for (const char* const rule : {hostCameRule, hostWentRule}) {
-    m_bus.listen(rule, [this](sd_bus_message*) {
-      if (m_isRegistered) {
-        askForHost();
-      }
-    });
+    m_registrations.push_back(m_bus.listen(rule, Callbacks::handleHostChange, this));
   }
   findWatcher();
 }
@@ -273,26 +271,22 @@ void StatusNotifierItem::forgetWatcher() {
 
 void StatusNotifierItem::findWatcher() {
   // Also says whether there is one.
-  m_call = m_bus.call(getProcess, {watcher}, MessageBus::Start::no, Bus::handleProcess, this);
+  m_call = m_bus.call(getProcess, {watcher}, MessageBus::Start::no, Callbacks::handleProcess, this);
 }
 
 void StatusNotifierItem::registerItem(QByteArray hostProcess) {
   m_host = TrayHost(std::move(hostProcess));
   if (m_host.needsMenu()) {
-    sd_bus_slot* property = nullptr;
-    sd_bus_add_object_vtable(m_bus.connection(), &property, objectPath, itemInterface, Bus::menuProperty,
-                             this);
-    m_menuProperty.reset(property);
+    m_menuProperty = m_bus.addObject(objectPath, itemInterface, Callbacks::menuProperty, this);
   }
-  // By the connection's own name: GNOME Shell does not show items that use another.
-  const char* name = nullptr;
-  sd_bus_get_unique_name(m_bus.connection(), &name);
-  m_call = m_bus.call(registerWithWatcher, {name}, MessageBus::Start::no, Bus::handleRegistered, this);
+  // By the unique name: GNOME Shell does not show items that register another.
+  m_call = m_bus.call(registerWithWatcher, {m_bus.uniqueName().constData()}, MessageBus::Start::no,
+                      Callbacks::handleRegistered, this);
 }
 
 void StatusNotifierItem::askForHost() {
   m_call = m_bus.call(getFromWatcher, {watcherInterface, "IsStatusNotifierHostRegistered"},
-                      MessageBus::Start::no, Bus::handleHost, this);
+                      MessageBus::Start::no, Callbacks::handleHost, this);
 }
 
 void StatusNotifierItem::setPlacement(Placement placement) {
@@ -302,10 +296,7 @@ void StatusNotifierItem::setPlacement(Placement placement) {
 }
 
 void StatusNotifierItem::activate(std::optional<QPoint> told) {
-  if (!m_activationToken.isEmpty()) {
-    // Where Qt looks for it when the window asks for the keyboard.
-    qputenv("XDG_ACTIVATION_TOKEN", std::exchange(m_activationToken, {}));
-  }
+  setActivationToken(std::exchange(m_activationToken, {}));
   Q_EMIT activated(told);
 }
 

@@ -17,9 +17,8 @@ namespace mireval {
 
 /// The application's icon on the session bus, for trays that show status notifier items.
 ///
-/// It announces itself to the watcher, which the hosts of such items ask, as soon as there is one, and again
-/// to each later one. No call waits, and no watcher is started. After a loss of the bus this connects once
-/// more, at once; where that fails, the icon is nowhere from then on.
+/// It registers with the watcher, which knows the items for the hosts, as soon as there is one, and again
+/// with each later one. It starts no watcher.
 class StatusNotifierItem final : public QObject {
   Q_OBJECT
 
@@ -33,13 +32,13 @@ class StatusNotifierItem final : public QObject {
 
   enum class ActivationTokens { unwanted, wanted };
 
-  /// `image` is a file; the folder `icons` beside it may hold an icon theme that has the icon in several
-  /// sizes, among them scalable. Hosts that are asked for activation tokens make one for each click. It has
-  /// to be used up: GNOME Shell shows a busy pointer until then.
-  StatusNotifierItem(std::filesystem::path image, ActivationTokens tokens);
+  /// The bus has to outlive it. `image` is a file; the folder `icons` beside it may hold an icon theme that
+  /// has the icon in several sizes, among them scalable. With `ActivationTokens::wanted`, hosts make an
+  /// activation token for each click, and GNOME Shell shows a busy pointer until a window uses it.
+  StatusNotifierItem(MessageBus& sessionBus, std::filesystem::path image, ActivationTokens tokens);
   ~StatusNotifierItem() override;
 
-  /// Begins to connect. Called once.
+  /// Looks for a watcher from now on. Called once.
   void appear();
 
   /// What plays; empty for nothing.
@@ -47,19 +46,19 @@ class StatusNotifierItem final : public QObject {
 
   Placement placement() const { return m_placement; }
 
-  /// What shows the icon, while it is placed.
+  /// The program that shows the icon, while it is placed.
   const TrayHost& host() const { return m_host; }
 
  Q_SIGNALS:
   void placementChanged();
 
-  /// The icon was clicked, with any button, or its menu's entry was chosen. `told` is what the host said
-  /// about the position. Emitted while a message is being handled: to be connected in a queue.
+  /// The icon was clicked, with any button, or its menu's entry was chosen. `told` is the position that the
+  /// host gave. Emitted while a message is being handled, so connect it queued.
   void activated(std::optional<QPoint> told);
 
  private:
-  /// The callbacks of the bus.
-  struct Bus;
+  /// What the bus calls.
+  struct Callbacks;
 
   void introduce();
   void forgetWatcher();
@@ -78,9 +77,10 @@ class StatusNotifierItem final : public QObject {
   TrayHost m_host;
   bool m_isRegistered = false;
   StatusNotifierMenu m_menu;
-  MessageBus m_bus{MessageBus::Kind::session};
+  MessageBus& m_bus;
+  MessageBus::Slots m_registrations;
   MessageBus::Slot m_menuProperty;
-  /// The call whose answer is the next step.
+  /// The call whose answer leads to the next step.
   MessageBus::Slot m_call;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/linux/tray/StatusNotifierMenu.h"
 
+#include "platform/linux/bus/BusValues.h"
+
 #include <QCoreApplication>
 
 #include <systemd/sd-bus.h>
@@ -19,7 +21,6 @@ constexpr std::int32_t root = 0;
 constexpr std::int32_t entry = 1;
 
 using Ids = std::vector<std::int32_t>;
-using Names = std::vector<std::string_view>;
 
 bool exists(std::int32_t id) {
   return id == root || id == entry;
@@ -27,18 +28,6 @@ bool exists(std::int32_t id) {
 
 bool isChoice(std::int32_t id, std::string_view event) {
   return id == entry && event == "clicked";
-}
-
-/// The names are the message's own.
-Names readNames(sd_bus_message* call) {
-  Names names;
-  const char* name = nullptr;
-  sd_bus_message_enter_container(call, 'a', "s");
-  while (sd_bus_message_read_basic(call, 's', &name) > 0) {
-    names.emplace_back(name);
-  }
-  sd_bus_message_exit_container(call);
-  return names;
 }
 
 Ids readIds(sd_bus_message* call) {
@@ -62,10 +51,10 @@ int appendValue(sd_bus_message* reply, std::int32_t id) {
   return sd_bus_message_append(reply, "v", "s", id == root ? "submenu" : label.constData());
 }
 
-/// Those of the item's properties that were asked for: all when none is named.
-void appendProperties(sd_bus_message* reply, std::int32_t id, const Names& names) {
+/// The requested ones of the item's properties; all if no name is given.
+void appendProperties(sd_bus_message* reply, std::int32_t id, const QByteArrayList& names) {
   sd_bus_message_open_container(reply, 'a', "{sv}");
-  if (names.empty() || std::ranges::find(names, propertyName(id)) != names.end()) {
+  if (names.empty() || names.contains(propertyName(id))) {
     sd_bus_message_open_container(reply, 'e', "sv");
     sd_bus_message_append_basic(reply, 's', propertyName(id));
     appendValue(reply, id);
@@ -74,8 +63,8 @@ void appendProperties(sd_bus_message* reply, std::int32_t id, const Names& names
   sd_bus_message_close_container(reply);
 }
 
-/// The item with `depth` levels of what is below it, all when that is negative.
-void appendLayout(sd_bus_message* reply, std::int32_t id, std::int32_t depth, const Names& names) {
+/// The item with `depth` levels of children; all levels if that is negative.
+void appendLayout(sd_bus_message* reply, std::int32_t id, std::int32_t depth, const QByteArrayList& names) {
   sd_bus_message_open_container(reply, 'r', "ia{sv}av");
   sd_bus_message_append_basic(reply, 'i', &id);
   appendProperties(reply, id, names);
@@ -97,8 +86,7 @@ int refuse(sd_bus_message* call) {
   return sd_bus_reply_method_errorf(call, SD_BUS_ERROR_INVALID_ARGS, "The menu has no such item");
 }
 
-/// Sends what `append` puts into the answer. An answer that could not be built is not sent: the bus's library
-/// then answers with its error.
+/// Sends the answer that `append` fills. If it cannot be made or sent, sd-bus answers with the error.
 int answer(sd_bus_message* call, const auto& append) {
   sd_bus_message* reply = nullptr;
   int result = sd_bus_message_new_method_return(call, &reply);
@@ -112,23 +100,19 @@ int answer(sd_bus_message* call, const auto& append) {
 
 }  // namespace
 
-struct StatusNotifierMenu::Bus {
-  template <int (*append)(sd_bus_message* reply)>
-  static int get(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void*,
-                 sd_bus_error*) {
-    return append(reply);
-  }
+struct StatusNotifierMenu::Callbacks {
+  using Self = StatusNotifierMenu;
 
-  static int version(sd_bus_message* reply) { return sd_bus_message_append(reply, "u", 3U); }
-  static int textDirection(sd_bus_message* reply) { return sd_bus_message_append(reply, "s", "ltr"); }
-  static int status(sd_bus_message* reply) { return sd_bus_message_append(reply, "s", "normal"); }
-  static int iconThemePath(sd_bus_message* reply) { return sd_bus_message_append(reply, "as", 0U); }
+  static int version(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "u", 3U); }
+  static int textDirection(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "s", "ltr"); }
+  static int status(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "s", "normal"); }
+  static int iconThemePath(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "as", 0U); }
 
   static int getLayout(sd_bus_message* call, void*, sd_bus_error*) {
     std::int32_t parent = root;
     std::int32_t depth = 0;
     sd_bus_message_read(call, "ii", &parent, &depth);
-    const Names names = readNames(call);
+    const QByteArrayList names = readTexts(call);
     if (!exists(parent)) {
       return refuse(call);
     }
@@ -140,7 +124,7 @@ struct StatusNotifierMenu::Bus {
 
   static int getGroupProperties(sd_bus_message* call, void*, sd_bus_error*) {
     Ids ids = readIds(call);
-    const Names names = readNames(call);
+    const QByteArrayList names = readTexts(call);
     if (ids.empty()) {
       ids = {root, entry};
     }
@@ -176,7 +160,7 @@ struct StatusNotifierMenu::Bus {
       return refuse(call);
     }
     if (isChoice(id, event)) {
-      Q_EMIT static_cast<StatusNotifierMenu*>(userdata)->chosen();
+      Q_EMIT static_cast<Self*>(userdata)->chosen();
     }
     return sd_bus_reply_method_return(call, nullptr);
   }
@@ -201,7 +185,7 @@ struct StatusNotifierMenu::Bus {
     }
     sd_bus_message_exit_container(call);
     if (chosen) {
-      Q_EMIT static_cast<StatusNotifierMenu*>(userdata)->chosen();
+      Q_EMIT static_cast<Self*>(userdata)->chosen();
     }
     if (!anyExists && !unknown.empty()) {
       return refuse(call);
@@ -231,7 +215,7 @@ struct StatusNotifierMenu::Bus {
   static const sd_bus_vtable menu[];
 };
 
-const sd_bus_vtable StatusNotifierMenu::Bus::menu[] = {
+const sd_bus_vtable StatusNotifierMenu::Callbacks::menu[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("GetLayout", "iias", "u(ia{sv}av)", getLayout, 0),
     SD_BUS_METHOD("GetGroupProperties", "aias", "a(ia{sv})", getGroupProperties, 0),
@@ -243,15 +227,15 @@ const sd_bus_vtable StatusNotifierMenu::Bus::menu[] = {
     SD_BUS_SIGNAL("ItemsPropertiesUpdated", "a(ia{sv})a(ias)", 0),
     SD_BUS_SIGNAL("LayoutUpdated", "ui", 0),
     SD_BUS_SIGNAL("ItemActivationRequested", "iu", 0),
-    SD_BUS_PROPERTY("Version", "u", get<version>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("TextDirection", "s", get<textDirection>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("Status", "s", get<status>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("IconThemePath", "as", get<iconThemePath>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Version", "u", propertyGetter<version>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("TextDirection", "s", propertyGetter<textDirection>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Status", "s", propertyGetter<status>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("IconThemePath", "as", propertyGetter<iconThemePath>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
     SD_BUS_VTABLE_END,
 };
 
-void StatusNotifierMenu::appearOn(sd_bus* connection) {
-  sd_bus_add_object_vtable(connection, nullptr, objectPath, menuInterface, Bus::menu, this);
+void StatusNotifierMenu::appearOn(MessageBus& bus) {
+  m_object = bus.addObject(objectPath, menuInterface, Callbacks::menu, this);
 }
 
 }  // namespace mireval

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QObject>
+#include "platform/linux/bus/MessageBus.h"
 
-struct sd_bus;
+#include <QObject>
 
 namespace mireval {
 
@@ -14,16 +14,18 @@ class StatusNotifierMenu final : public QObject {
  public:
   static constexpr const char* objectPath = "/StatusNotifierMenu";
 
-  /// Puts the menu onto a connection, until that is closed.
-  void appearOn(sd_bus* connection);
+  /// Offers the menu on an open connection until that is lost.
+  void appearOn(MessageBus& bus);
 
  Q_SIGNALS:
-  /// The entry was chosen. Emitted while a message is being handled: to be connected in a queue.
+  /// The entry was chosen. Emitted while a message is being handled, so connect it queued.
   void chosen();
 
  private:
-  /// The callbacks of the bus.
-  struct Bus;
+  /// What the bus calls.
+  struct Callbacks;
+
+  MessageBus::Slot m_object;
 };
 
 }  // namespace mireval

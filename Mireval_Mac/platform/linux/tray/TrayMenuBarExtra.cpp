@@ -11,8 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Session start: panels come up after the applications that they show. And a panel that has crashed comes
-// back.
+// At the start of a session panels come up after the applications that they show, and a panel that crashed
+// is started again.
 constexpr auto timeForBarToStart = 2s;
 
 std::optional<QRect> pixel(std::optional<QPoint> point) {
@@ -21,7 +21,8 @@ std::optional<QRect> pixel(std::optional<QPoint> point) {
 
 }  // namespace
 
-TrayMenuBarExtra::TrayMenuBarExtra(Surroundings surroundings) : m_surroundings(std::move(surroundings)) {
+TrayMenuBarExtra::TrayMenuBarExtra(MessageBus& sessionBus, Services services)
+    : m_sessionBus(sessionBus), m_services(std::move(services)) {
   m_embedLater.setSingleShot(true);
   connect(&m_embedLater, &QTimer::timeout, this, &TrayMenuBarExtra::embed);
 }
@@ -31,18 +32,19 @@ TrayMenuBarExtra::~TrayMenuBarExtra() = default;
 void TrayMenuBarExtra::show(const std::filesystem::path& image, Handlers handlers) {
   m_image = image;
   m_handlers = std::move(handlers);
-  // Only Qt's Wayland windows use tokens up.
+  // Only Qt's Wayland windows use tokens.
   const bool usesTokens = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
   using Tokens = StatusNotifierItem::ActivationTokens;
-  m_item = std::make_unique<StatusNotifierItem>(image, usesTokens ? Tokens::wanted : Tokens::unwanted);
+  m_item = std::make_unique<StatusNotifierItem>(m_sessionBus, image,
+                                                usesTokens ? Tokens::wanted : Tokens::unwanted);
   connect(m_item.get(), &StatusNotifierItem::placementChanged, this, &TrayMenuBarExtra::followItem);
-  // What follows a click does not keep the bus waiting, and may run an event loop.
+  // Queued: what follows a click may run an event loop, and the host is to have its answer before.
   connect(m_item.get(), &StatusNotifierItem::activated, this, &TrayMenuBarExtra::handleClickOnItem,
           Qt::QueuedConnection);
   m_item->setToolTip(m_toolTip);
   m_item->appear();
   QTimer::singleShot(timeForBarToStart, this, [this] {
-    // A bar that has crashed meanwhile is not a desktop without one.
+    // A desktop whose bar has crashed meanwhile does have one.
     if (!isPlaced() && !m_itemHasBeenPlaced) {
       m_handlers.missing();
     }
@@ -75,7 +77,7 @@ void TrayMenuBarExtra::followItem() {
 }
 
 void TrayMenuBarExtra::embed() {
-  m_embedded = m_surroundings.embed(m_image);
+  m_embedded = m_services.embed(m_image);
   if (m_embedded) {
     connect(m_embedded.get(), &EmbeddedIcon::activated, this, &TrayMenuBarExtra::handleClickOnEmbedded);
     tellToolTip();
@@ -83,11 +85,11 @@ void TrayMenuBarExtra::embed() {
 }
 
 void TrayMenuBarExtra::handleClickOnItem(std::optional<QPoint> told) {
-  m_handlers.activated(pixel(m_item->host().placeOf({.told = told, .pointer = m_surroundings.pointer()})));
+  m_handlers.activated(pixel(m_item->host().placeOf({.told = told, .pointer = m_services.pointer()})));
 }
 
 void TrayMenuBarExtra::handleClickOnEmbedded(std::optional<QRect> place) {
-  m_handlers.activated(place ? place : pixel(m_surroundings.pointer()));
+  m_handlers.activated(place ? place : pixel(m_services.pointer()));
 }
 
 void TrayMenuBarExtra::tellToolTip() {

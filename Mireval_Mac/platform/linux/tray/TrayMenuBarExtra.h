@@ -24,14 +24,15 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
 
  public:
   /// What it needs of the window system.
-  struct Surroundings {
+  struct Services {
     /// Where the pointer is, in the window system's own pixels; nothing when the window system does not know.
     std::function<std::optional<QPoint>()> pointer;
     /// Makes an icon for trays that do not use the bus, showing the image; nothing where there are none.
     std::function<std::unique_ptr<EmbeddedIcon>(const std::filesystem::path& image)> embed;
   };
 
-  explicit TrayMenuBarExtra(Surroundings surroundings);
+  /// The bus has to outlive it.
+  TrayMenuBarExtra(MessageBus& sessionBus, Services services);
   ~TrayMenuBarExtra() override;
 
   void show(const std::filesystem::path& image, Handlers handlers) override;
@@ -45,7 +46,8 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
   void handleClickOnEmbedded(std::optional<QRect> place);
   void tellToolTip();
 
-  const Surroundings m_surroundings;
+  MessageBus& m_sessionBus;
+  const Services m_services;
   Handlers m_handlers;
   std::filesystem::path m_image;
   QString m_toolTip;

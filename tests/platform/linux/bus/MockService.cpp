@@ -26,7 +26,7 @@ MockService::~MockService() {
 
 void MockService::appear() {
   if (!m_bus.registerService(m_name)) {
-    qFatal("the played service has no name");
+    qFatal("the mock service has no name");
   }
 }
 

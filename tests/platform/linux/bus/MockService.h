@@ -12,8 +12,8 @@
 
 namespace mireval {
 
-/// A service on a running message bus, with one object, played by the test: it records calls, answers as it
-/// is told and sends signals.
+/// A service on a running message bus, with one object. It records calls, answers as the test says and sends
+/// signals.
 class MockService final : public QDBusVirtualObject {
   Q_OBJECT
 

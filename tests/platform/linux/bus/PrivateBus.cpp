@@ -41,7 +41,7 @@ void PrivateBus::holdSocket() {
   }
 }
 
-void PrivateBus::start() {
+void PrivateBus::start(const QString& address) {
   const QStringList command{u"dbus-daemon"_s, u"--session"_s, u"--nofork"_s, u"--print-address"_s};
   if (m_socket >= 0) {
     const QString handOver = u"LISTEN_FDS=1 LISTEN_PID=$$ exec \"$@\" 3<&%1"_s.arg(m_socket);
@@ -49,7 +49,9 @@ void PrivateBus::start() {
                    QStringList{u"-c"_s, handOver, u"sh"_s} + command + QStringList{u"--address=systemd:"_s});
   } else {
     QFile::remove(m_folder.filePath(u"bus"_s));
-    m_daemon.start(command.first(), command.mid(1) + QStringList{u"--address="_s + address()});
+    m_daemon.start(
+        command.first(),
+        command.mid(1) + QStringList{u"--address="_s + (address.isEmpty() ? this->address() : address)});
   }
   // It prints its address once it listens.
   if (!m_daemon.waitForReadyRead()) {

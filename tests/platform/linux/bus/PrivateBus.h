@@ -21,8 +21,8 @@ class PrivateBus {
 
   /// Keeps its socket open for it from now on, as systemd does: connections wait while the bus is away.
   void holdSocket();
-  /// Starts the bus and waits until it takes connections.
-  void start();
+  /// Starts the bus and waits until it takes connections; at an address of its own unless one is given.
+  void start(const QString& address = {});
   /// Ends it at once, as a crash would.
   void kill();
   /// Makes it stand still, and go on.

@@ -1,25 +1,17 @@
 #include "platform/linux/instance/BusActivation.h"
 
+#include "platform/linux/bus/BusFixture.h"
 #include "platform/linux/bus/MockService.h"
-#include "platform/linux/bus/PrivateBus.h"
-#include "platform/linux/bus/WaitFor.h"
-#include "platform/linux/bus/WaitForAnswer.h"
-
-#include <gtest/gtest.h>
 
 #include <QByteArrayList>
-#include <QCoreApplication>
 #include <QDBusArgument>
-#include <QDBusConnection>
 #include <QDBusObjectPath>
-#include <QElapsedTimer>
 #include <QList>
 #include <QVariantMap>
 #include <QXmlStreamReader>
 
 #include <chrono>
 #include <memory>
-#include <optional>
 
 namespace mireval {
 namespace {
@@ -47,20 +39,12 @@ QVariantMap oddPlatformData(const QVariantMap& more = {}) {
   return data;
 }
 
-class BusActivationTest : public testing::Test {
+class BusActivationTest : public BusFixture {
  protected:
-  ~BusActivationTest() override {
-    QDBusConnection::disconnectFromBus(u"desktop"_s);
-    qunsetenv("XDG_ACTIVATION_TOKEN");
-  }
-
-  void connectDesktop() {
-    QDBusConnection::disconnectFromBus(u"desktop"_s);
-    m_desktop = QDBusConnection::connectToBus(m_bus.address(), u"desktop"_s);
-  }
+  ~BusActivationTest() override { qunsetenv("XDG_ACTIVATION_TOKEN"); }
 
   void makeActivation(StartedBy startedBy = StartedBy::user) {
-    m_activation = std::make_unique<BusActivation>(applicationId.toUtf8(), startedBy);
+    m_activation = std::make_unique<BusActivation>(m_connection, applicationId.toUtf8(), startedBy);
     QObject::connect(m_activation.get(), &BusActivation::requested, m_activation.get(),
                      [this](Request request) {
                        m_requests.append(request);
@@ -69,27 +53,18 @@ class BusActivationTest : public testing::Test {
     m_activation->appear();
   }
 
-  bool hasName() const {
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, u"NameHasOwner"_s);
-    question.setArguments({applicationId});
-    return waitForAnswer(m_desktop->asyncCall(question)).arguments().value(0).toBool();
-  }
+  bool hasName() const { return hasOwner(applicationId); }
 
   /// On a running bus, with its name.
   void appear(StartedBy startedBy = StartedBy::user) {
-    m_bus.start();
-    connectDesktop();
+    startBus();
     makeActivation(startedBy);
     ASSERT_TRUE(waitFor([this] { return hasName(); }));
   }
 
   QDBusMessage call(const QString& method, const QVariantList& arguments,
                     const QString& interface = applicationInterface) const {
-    QDBusMessage message = QDBusMessage::createMethodCall(applicationId, objectPath, interface, method);
-    message.setAutoStartService(false);
-    message.setArguments(arguments);
-    return waitForAnswer(m_desktop->asyncCall(message));
+    return BusFixture::call(applicationId, objectPath, interface, method, arguments);
   }
 
   bool activate(const QVariantMap& platformData = {}) const {
@@ -101,12 +76,6 @@ class BusActivationTest : public testing::Test {
            QDBusMessage::ReplyMessage;
   }
 
-  int m_argumentCount = 1;
-  char m_programName[5] = "test";
-  char* m_arguments[2] = {m_programName, nullptr};
-  QCoreApplication m_application{m_argumentCount, m_arguments};
-  PrivateBus m_bus;
-  std::optional<QDBusConnection> m_desktop;
   std::unique_ptr<BusActivation> m_activation;
   QList<Request> m_requests;
   QByteArrayList m_tokens;
@@ -233,8 +202,7 @@ TEST_F(BusActivationTest, WrongRequestsAreOrdinaryErrors) {
 }
 
 TEST_F(BusActivationTest, TakesTheNameWhenItsOwnerLetsGo) {
-  m_bus.start();
-  connectDesktop();
+  startBus();
   MockService other(m_bus.address(), applicationId, objectPath);
   other.answer = [](const QDBusMessage& call) { return call.createReply(); };
   other.appear();
@@ -245,63 +213,20 @@ TEST_F(BusActivationTest, TakesTheNameWhenItsOwnerLetsGo) {
   EXPECT_EQ(m_requests.value(0), Request::showPanel);
 }
 
+TEST_F(BusActivationTest, ComesBackWithTheBus) {
+  appear();
+  m_bus.kill();
+  EXPECT_TRUE(waitFor([this] { return !m_connection.isOpen(); }));
+  startBus();
+  ASSERT_TRUE(waitFor([this] { return hasName(); }));
+  EXPECT_TRUE(activate());
+  EXPECT_EQ(m_requests, QList{Request::showPanel});
+}
+
 TEST_F(BusActivationTest, GoesFromTheBusAtTheEnd) {
   appear();
   m_activation.reset();
   EXPECT_TRUE(waitFor([this] { return !hasName(); }));
-}
-
-TEST_F(BusActivationTest, WithoutABusItAppearsWhenToldTo) {
-  makeActivation();
-  m_activation->appear();
-  m_bus.start();
-  connectDesktop();
-  EXPECT_FALSE(waitFor([this] { return hasName(); }, 200ms));
-  m_activation->appear();
-  ASSERT_TRUE(waitFor([this] { return hasName(); }));
-  // Nothing is done twice.
-  m_activation->appear();
-  EXPECT_TRUE(activate());
-  EXPECT_EQ(m_requests, QList{Request::showPanel});
-}
-
-TEST_F(BusActivationTest, ComesBackWithABusWhoseSocketIsHeld) {
-  m_bus.holdSocket();
-  appear();
-  m_bus.kill();
-  EXPECT_FALSE(waitFor([] { return false; }, 100ms));
-  m_bus.start();
-  connectDesktop();
-  ASSERT_TRUE(waitFor([this] { return hasName(); }));
-  EXPECT_TRUE(activate());
-  EXPECT_EQ(m_requests, QList{Request::showPanel});
-}
-
-TEST_F(BusActivationTest, ABusThatComesBackLaterFindsItWhenToldTo) {
-  appear();
-  m_bus.kill();
-  EXPECT_FALSE(waitFor([] { return false; }, 100ms));
-  m_bus.start();
-  connectDesktop();
-  m_activation->appear();
-  ASSERT_TRUE(waitFor([this] { return hasName(); }));
-  EXPECT_TRUE(activate());
-  EXPECT_EQ(m_requests, QList{Request::showPanel});
-}
-
-// A limit against hanging, not a measurement.
-TEST_F(BusActivationTest, AFrozenBusHoldsNothingUp) {
-  m_bus.start();
-  connectDesktop();
-  m_bus.freeze();
-  QElapsedTimer timer;
-  timer.start();
-  makeActivation();
-  waitFor([] { return false; }, 100ms);
-  EXPECT_LT(timer.elapsed(), 5000);
-  m_bus.thaw();
-  ASSERT_TRUE(waitFor([this] { return hasName(); }));
-  EXPECT_TRUE(activate());
 }
 
 }  // namespace

@@ -1,15 +1,14 @@
 #include "platform/linux/media/MprisMediaControls.h"
 
-#include "platform/linux/bus/PrivateBus.h"
-#include "platform/linux/bus/WaitFor.h"
+#include "platform/linux/bus/BusFixture.h"
 #include "platform/linux/media/MediaClient.h"
-
-#include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QDBusObjectPath>
 #include <QElapsedTimer>
 #include <QSignalSpy>
+
+#include <unistd.h>
 
 #include <chrono>
 #include <memory>
@@ -32,11 +31,12 @@ NowPlayingInfo makeInfo(const QString& title = u"Rain Veil"_s) {
           .artwork = std::nullopt};
 }
 
-class MprisMediaControlsTest : public testing::Test {
+class MprisMediaControlsTest : public BusFixture {
  protected:
-  static std::unique_ptr<MprisMediaControls> makeControls() {
-    return std::make_unique<MprisMediaControls>(MprisMediaControls::Application{
-        .identity = "Mireval", .busName = "mireval", .desktopEntry = "org.mireval.Mireval"});
+  static std::unique_ptr<MprisMediaControls> makeControls(MessageBus& bus) {
+    return std::make_unique<MprisMediaControls>(
+        bus, MprisMediaControls::Application{
+                 .identity = "Mireval", .busName = "mireval", .desktopEntry = "org.mireval.Mireval"});
   }
 
   /// Does what the controller does at its first track.
@@ -53,25 +53,20 @@ class MprisMediaControlsTest : public testing::Test {
     }
   }
 
-  void startClient() { m_client = std::make_unique<MediaClient>(m_bus.address()); }
+  void connectDesktop() { m_desktop = std::make_unique<MediaClient>(m_bus.address()); }
 
   /// Controls on a running bus, and a client.
   void appear() {
     m_bus.start();
-    startClient();
-    m_controls = makeControls();
+    connectDesktop();
+    m_controls = makeControls(m_connection);
     registerCommands(*m_controls);
     m_controls->setNowPlayingInfo(makeInfo());
-    ASSERT_TRUE(waitFor([this] { return m_client->players().contains(playerName); }));
-    m_client->takeSignals(playerName);
+    ASSERT_TRUE(waitFor([this] { return m_desktop->players().contains(playerName); }));
+    m_desktop->takeSignals(playerName);
   }
 
-  int m_argumentCount = 1;
-  char m_programName[5] = "test";
-  char* m_arguments[2] = {m_programName, nullptr};
-  QCoreApplication m_application{m_argumentCount, m_arguments};
-  PrivateBus m_bus;
-  std::unique_ptr<MediaClient> m_client;
+  std::unique_ptr<MediaClient> m_desktop;
   std::unique_ptr<MprisMediaControls> m_controls;
   QList<int> m_commands{0, 0, 0};
   RemoteCommandHandlerStatus m_answer = RemoteCommandHandlerStatus::success;
@@ -79,26 +74,26 @@ class MprisMediaControlsTest : public testing::Test {
 
 TEST_F(MprisMediaControlsTest, NotOnTheBusBeforeACommandHasAHandler) {
   m_bus.start();
-  startClient();
-  m_controls = makeControls();
+  connectDesktop();
+  m_controls = makeControls(m_connection);
   m_controls->setNowPlayingInfo(makeInfo());
   m_controls->playCommand().setEnabled(true);
   m_controls->setVolume(0.5);
-  EXPECT_FALSE(waitFor([this] { return !m_client->players().isEmpty(); }, 200ms));
+  EXPECT_FALSE(waitFor([this] { return !m_desktop->players().isEmpty(); }, 200ms));
   m_controls->playCommand().addHandler([] { return RemoteCommandHandlerStatus::success; });
-  EXPECT_TRUE(waitFor([this] { return m_client->players() == QStringList{playerName}; }));
+  EXPECT_TRUE(waitFor([this] { return m_desktop->players() == QStringList{playerName}; }));
 }
 
 TEST_F(MprisMediaControlsTest, GoesFromTheBusAtTheEnd) {
   appear();
   m_controls.reset();
-  EXPECT_TRUE(waitFor([this] { return m_client->players().isEmpty(); }));
+  EXPECT_TRUE(waitFor([this] { return m_desktop->players().isEmpty(); }));
 }
 
 TEST_F(MprisMediaControlsTest, EveryPropertyAnswers) {
   appear();
   m_controls->setVolume(0.65);
-  EXPECT_EQ(m_client->allProperties(playerName, u"org.mpris.MediaPlayer2"_s),
+  EXPECT_EQ(m_desktop->allProperties(playerName, u"org.mpris.MediaPlayer2"_s),
             (QVariantMap{{u"CanQuit"_s, false},
                          {u"CanRaise"_s, true},
                          {u"DesktopEntry"_s, u"org.mireval.Mireval"_s},
@@ -106,7 +101,7 @@ TEST_F(MprisMediaControlsTest, EveryPropertyAnswers) {
                          {u"Identity"_s, u"Mireval"_s},
                          {u"SupportedMimeTypes"_s, QStringList()},
                          {u"SupportedUriSchemes"_s, QStringList()}}));
-  QVariantMap player = m_client->allProperties(playerName, u"org.mpris.MediaPlayer2.Player"_s);
+  QVariantMap player = m_desktop->allProperties(playerName, u"org.mpris.MediaPlayer2.Player"_s);
   player.remove(u"Metadata"_s);
   EXPECT_EQ(player.take(u"Position"_s).userType(), QMetaType::LongLong);
   EXPECT_EQ(player, (QVariantMap{{u"CanControl"_s, true},
@@ -127,7 +122,7 @@ TEST_F(MprisMediaControlsTest, MetadataOfTheTrack) {
   NowPlayingInfo info = makeInfo();
   info.artwork = MediaItemArtwork{.boundsSize = {1, 1}, .requestHandler = {}, .file = "/a b.png"};
   m_controls->setNowPlayingInfo(info);
-  QVariantMap metadata = m_client->metadata(playerName);
+  QVariantMap metadata = m_desktop->metadata(playerName);
   EXPECT_EQ(metadata.take(u"mpris:trackid"_s).value<QDBusObjectPath>().path(),
             QString::fromLatin1(MprisMetadata(info).trackId()));
   EXPECT_EQ(metadata, (QVariantMap{{u"mpris:length"_s, 180'000'000LL},
@@ -138,7 +133,7 @@ TEST_F(MprisMediaControlsTest, MetadataOfTheTrack) {
   info.playbackDurationSeconds = 0;
   info.artwork.reset();
   m_controls->setNowPlayingInfo(info);
-  metadata = m_client->metadata(playerName);
+  metadata = m_desktop->metadata(playerName);
   EXPECT_EQ(metadata.keys(),
             (QStringList{u"mpris:trackid"_s, u"xesam:album"_s, u"xesam:artist"_s, u"xesam:title"_s}));
 }
@@ -146,13 +141,13 @@ TEST_F(MprisMediaControlsTest, MetadataOfTheTrack) {
 TEST_F(MprisMediaControlsTest, ClearedInformationIsStoppedWithoutTrack) {
   appear();
   m_controls->setNowPlayingInfo(std::nullopt);
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata PlaybackStatus"_s});
-  EXPECT_EQ(m_client->property(playerName, u"PlaybackStatus"_s), u"Stopped"_s);
-  const QVariantMap metadata = m_client->metadata(playerName);
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata PlaybackStatus"_s});
+  EXPECT_EQ(m_desktop->property(playerName, u"PlaybackStatus"_s), u"Stopped"_s);
+  const QVariantMap metadata = m_desktop->metadata(playerName);
   EXPECT_EQ(metadata.size(), 1);
   EXPECT_EQ(metadata.value(u"mpris:trackid"_s).value<QDBusObjectPath>().path(),
             u"/org/mpris/MediaPlayer2/TrackList/NoTrack"_s);
-  EXPECT_EQ(m_client->property(playerName, u"Position"_s), 0);
+  EXPECT_EQ(m_desktop->property(playerName, u"Position"_s), 0);
 }
 
 TEST_F(MprisMediaControlsTest, OnlyWhatChangedIsTold) {
@@ -161,34 +156,34 @@ TEST_F(MprisMediaControlsTest, OnlyWhatChangedIsTold) {
   for (int i = 1; i <= 5; ++i) {
     m_controls->setNowPlayingInfo(info);
   }
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList());
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList());
 
   info.playbackRate = 0;
   m_controls->setNowPlayingInfo(info);
   m_controls->setNowPlayingInfo(info);
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged PlaybackStatus"_s});
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList{u"PropertiesChanged PlaybackStatus"_s});
 
   info.artwork = MediaItemArtwork{.boundsSize = {1, 1}, .requestHandler = {}, .file = "/a.png"};
   m_controls->setNowPlayingInfo(info);
   m_controls->setNowPlayingInfo(info);
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata"_s});
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata"_s});
 
   info.title = u"Other"_s;
   info.playbackRate = 1;
   m_controls->setNowPlayingInfo(info);
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata PlaybackStatus"_s});
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList{u"PropertiesChanged Metadata PlaybackStatus"_s});
 
   m_controls->setVolume(0.25);
   m_controls->setVolume(0.25);
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"PropertiesChanged Volume"_s});
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList{u"PropertiesChanged Volume"_s});
 
   m_controls->playCommand().setEnabled(false);
   m_controls->pauseCommand().setEnabled(false);
   m_controls->pauseCommand().setEnabled(false);
   m_controls->togglePlayPauseCommand().setEnabled(false);
-  EXPECT_EQ(m_client->takeSignals(playerName),
+  EXPECT_EQ(m_desktop->takeSignals(playerName),
             (QStringList{u"PropertiesChanged CanPlay"_s, u"PropertiesChanged CanPause"_s}));
-  EXPECT_EQ(m_client->property(playerName, u"CanPlay"_s), false);
+  EXPECT_EQ(m_desktop->property(playerName, u"CanPlay"_s), false);
 }
 
 TEST_F(MprisMediaControlsTest, AJumpIsTold) {
@@ -196,55 +191,57 @@ TEST_F(MprisMediaControlsTest, AJumpIsTold) {
   NowPlayingInfo info = makeInfo();
   info.elapsedPlaybackSeconds = 42;
   m_controls->setNowPlayingInfo(info);
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList{u"Seeked 42000000"_s});
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList{u"Seeked 42000000"_s});
   info = makeInfo(u"Next"_s);
   m_controls->setNowPlayingInfo(info);
-  EXPECT_EQ(m_client->takeSignals(playerName), (QStringList{u"PropertiesChanged Metadata"_s, u"Seeked 0"_s}));
+  EXPECT_EQ(m_desktop->takeSignals(playerName),
+            (QStringList{u"PropertiesChanged Metadata"_s, u"Seeked 0"_s}));
 }
 
 TEST_F(MprisMediaControlsTest, CommandsReachTheirHandlers) {
   appear();
-  EXPECT_EQ(m_client->command(playerName, u"Play"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_desktop->command(playerName, u"Play"_s).type(), QDBusMessage::ReplyMessage);
   EXPECT_EQ(m_commands, (QList{1, 0, 0}));
-  EXPECT_EQ(m_client->command(playerName, u"Pause"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_desktop->command(playerName, u"Pause"_s).type(), QDBusMessage::ReplyMessage);
   EXPECT_EQ(m_commands, (QList{1, 1, 0}));
-  EXPECT_EQ(m_client->command(playerName, u"PlayPause"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_desktop->command(playerName, u"PlayPause"_s).type(), QDBusMessage::ReplyMessage);
   EXPECT_EQ(m_commands, (QList{1, 1, 1}));
 
   m_answer = RemoteCommandHandlerStatus::commandFailed;
-  EXPECT_EQ(m_client->command(playerName, u"Play"_s).errorName(), u"org.freedesktop.DBus.Error.Failed"_s);
+  EXPECT_EQ(m_desktop->command(playerName, u"Play"_s).errorName(), u"org.freedesktop.DBus.Error.Failed"_s);
   EXPECT_EQ(m_commands, (QList{2, 1, 1}));
 
   m_controls->playCommand().setEnabled(false);
-  EXPECT_EQ(m_client->command(playerName, u"Play"_s).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_desktop->command(playerName, u"Play"_s).type(), QDBusMessage::ReplyMessage);
   EXPECT_EQ(m_commands, (QList{2, 1, 1}));
 }
 
 TEST_F(MprisMediaControlsTest, WhatCannotBeDoneDoesNothing) {
   appear();
-  const QVariantMap before = m_client->allProperties(playerName, u"org.mpris.MediaPlayer2.Player"_s);
+  const QVariantMap before = m_desktop->allProperties(playerName, u"org.mpris.MediaPlayer2.Player"_s);
   for (const char* const method : {"Next", "Previous", "Stop"}) {
-    EXPECT_EQ(m_client->command(playerName, QLatin1String(method)).type(), QDBusMessage::ReplyMessage)
+    EXPECT_EQ(m_desktop->command(playerName, QLatin1String(method)).type(), QDBusMessage::ReplyMessage)
         << method;
   }
-  EXPECT_EQ(m_client->command(playerName, u"Seek"_s, {qlonglong{5}}).type(), QDBusMessage::ReplyMessage);
-  EXPECT_EQ(m_client
+  EXPECT_EQ(m_desktop->command(playerName, u"Seek"_s, {qlonglong{5}}).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_desktop
                 ->command(playerName, u"SetPosition"_s,
                           {QVariant::fromValue(QDBusObjectPath(u"/a"_s)), qlonglong{5}})
                 .type(),
             QDBusMessage::ReplyMessage);
-  EXPECT_EQ(m_client->command(playerName, u"OpenUri"_s, {u"file:///a"_s}).type(), QDBusMessage::ReplyMessage);
-  EXPECT_EQ(m_client->call(playerName, u"org.mpris.MediaPlayer2"_s, u"Quit"_s).type(),
+  EXPECT_EQ(m_desktop->command(playerName, u"OpenUri"_s, {u"file:///a"_s}).type(),
+            QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_desktop->call(playerName, u"org.mpris.MediaPlayer2"_s, u"Quit"_s).type(),
             QDBusMessage::ReplyMessage);
   EXPECT_EQ(m_commands, (QList{0, 0, 0}));
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList());
-  EXPECT_EQ(m_client->property(playerName, u"PlaybackStatus"_s), before.value(u"PlaybackStatus"_s));
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList());
+  EXPECT_EQ(m_desktop->property(playerName, u"PlaybackStatus"_s), before.value(u"PlaybackStatus"_s));
 }
 
 TEST_F(MprisMediaControlsTest, RaiseIsPassedOn) {
   appear();
   const QSignalSpy raised(m_controls.get(), &MprisMediaControls::raiseRequested);
-  EXPECT_EQ(m_client->call(playerName, u"org.mpris.MediaPlayer2"_s, u"Raise"_s).type(),
+  EXPECT_EQ(m_desktop->call(playerName, u"org.mpris.MediaPlayer2"_s, u"Raise"_s).type(),
             QDBusMessage::ReplyMessage);
   EXPECT_EQ(raised.size(), 1);
 }
@@ -252,91 +249,87 @@ TEST_F(MprisMediaControlsTest, RaiseIsPassedOn) {
 TEST_F(MprisMediaControlsTest, WritesAreTakenAndIgnored) {
   appear();
   m_controls->setVolume(0.65);
-  m_client->takeSignals(playerName);
+  m_desktop->takeSignals(playerName);
   for (const char* const name : {"Volume", "Rate"}) {
-    const QVariant before = m_client->property(playerName, QLatin1String(name));
-    EXPECT_EQ(m_client->setProperty(playerName, QLatin1String(name), 0.1).type(), QDBusMessage::ReplyMessage);
-    EXPECT_EQ(m_client->property(playerName, QLatin1String(name)), before);
+    const QVariant before = m_desktop->property(playerName, QLatin1String(name));
+    EXPECT_EQ(m_desktop->setProperty(playerName, QLatin1String(name), 0.1).type(),
+              QDBusMessage::ReplyMessage);
+    EXPECT_EQ(m_desktop->property(playerName, QLatin1String(name)), before);
   }
-  EXPECT_EQ(m_client->takeSignals(playerName), QStringList());
+  EXPECT_EQ(m_desktop->takeSignals(playerName), QStringList());
 }
 
 TEST_F(MprisMediaControlsTest, WrongRequestsAreOrdinaryErrors) {
   appear();
-  EXPECT_EQ(m_client->setProperty(playerName, u"CanPlay"_s, true).errorName(),
+  EXPECT_EQ(m_desktop->setProperty(playerName, u"CanPlay"_s, true).errorName(),
             u"org.freedesktop.DBus.Error.PropertyReadOnly"_s);
-  EXPECT_EQ(m_client->setProperty(playerName, u"Volume"_s, u"loud"_s).errorName(),
+  EXPECT_EQ(m_desktop->setProperty(playerName, u"Volume"_s, u"loud"_s).errorName(),
             u"org.freedesktop.DBus.Error.InvalidArgs"_s);
-  EXPECT_EQ(m_client->setProperty(playerName, u"Nothing"_s, 1).errorName(),
+  EXPECT_EQ(m_desktop->setProperty(playerName, u"Nothing"_s, 1).errorName(),
             u"org.freedesktop.DBus.Error.UnknownProperty"_s);
-  EXPECT_EQ(m_client->command(playerName, u"Seek"_s, {u"far"_s}).errorName(),
+  EXPECT_EQ(m_desktop->command(playerName, u"Seek"_s, {u"far"_s}).errorName(),
             u"org.freedesktop.DBus.Error.InvalidArgs"_s);
-  EXPECT_EQ(m_client->command(playerName, u"Play"_s, {1}).errorName(),
+  EXPECT_EQ(m_desktop->command(playerName, u"Play"_s, {1}).errorName(),
             u"org.freedesktop.DBus.Error.InvalidArgs"_s);
-  EXPECT_EQ(m_client->command(playerName, u"Dance"_s).errorName(),
+  EXPECT_EQ(m_desktop->command(playerName, u"Dance"_s).errorName(),
             u"org.freedesktop.DBus.Error.UnknownMethod"_s);
   EXPECT_EQ(m_commands, (QList{0, 0, 0}));
-  EXPECT_EQ(m_client->players(), QStringList{playerName});
+  EXPECT_EQ(m_desktop->players(), QStringList{playerName});
 }
 
 TEST_F(MprisMediaControlsTest, ASecondCopyHasANameOfItsOwn) {
   appear();
-  const auto second = makeControls();
+  MessageBus another(MessageBus::Kind::session);
+  const auto second = makeControls(another);
   registerCommands(*second);
   second->setNowPlayingInfo(makeInfo(u"Second"_s));
-  ASSERT_TRUE(waitFor([this] { return m_client->players().size() == 2; }));
-  QStringList others = m_client->players();
+  ASSERT_TRUE(waitFor([this] { return m_desktop->players().size() == 2; }));
+  QStringList others = m_desktop->players();
   others.removeAll(playerName);
   EXPECT_TRUE(others.at(0).startsWith(playerName + u".instance"_s)) << others.at(0).toStdString();
-  EXPECT_EQ(m_client->metadata(others.at(0)).value(u"xesam:title"_s), u"Second"_s);
-  EXPECT_EQ(m_client->metadata(playerName).value(u"xesam:title"_s), u"Rain Veil"_s);
+  EXPECT_EQ(m_desktop->metadata(others.at(0)).value(u"xesam:title"_s), u"Second"_s);
+  EXPECT_EQ(m_desktop->metadata(playerName).value(u"xesam:title"_s), u"Rain Veil"_s);
   m_controls.reset();
-  EXPECT_TRUE(waitFor([&] { return m_client->players() == others; }));
-}
-
-TEST_F(MprisMediaControlsTest, WithoutABusItWaitsForOne) {
-  m_controls = makeControls();
-  registerCommands(*m_controls);
-  m_controls->setNowPlayingInfo(makeInfo());
-  m_controls->setVolume(0.5);
-  m_bus.start();
-  startClient();
-  ASSERT_TRUE(waitFor([this] {
-    m_controls->setNowPlayingInfo(makeInfo());
-    return m_client->players().contains(playerName);
-  }));
-  EXPECT_EQ(m_client->metadata(playerName).value(u"xesam:title"_s), u"Rain Veil"_s);
+  EXPECT_TRUE(waitFor([&] { return m_desktop->players() == others; }));
 }
 
 TEST_F(MprisMediaControlsTest, ComesBackWithTheBus) {
   appear();
   m_bus.kill();
+  EXPECT_TRUE(waitFor([this] { return !m_connection.isOpen(); }));
   m_controls->setNowPlayingInfo(makeInfo(u"Meanwhile"_s));
-  QCoreApplication::processEvents();
-  m_controls->setNowPlayingInfo(makeInfo(u"Later"_s));
+  m_controls->setVolume(0.5);
   m_bus.start();
-  startClient();
-  ASSERT_TRUE(waitFor([this] {
-    m_controls->setNowPlayingInfo(makeInfo(u"Later"_s));
-    return m_client->players().contains(playerName);
-  }));
-  EXPECT_EQ(m_client->metadata(playerName).value(u"xesam:title"_s), u"Later"_s);
-  m_client->takeSignals(playerName);
-  EXPECT_EQ(m_client->command(playerName, u"Pause"_s).type(), QDBusMessage::ReplyMessage);
+  connectDesktop();
+  ASSERT_TRUE(waitFor([this] { return m_desktop->players().contains(playerName); }));
+  EXPECT_EQ(m_desktop->metadata(playerName).value(u"xesam:title"_s), u"Meanwhile"_s);
+  m_desktop->takeSignals(playerName);
+  EXPECT_EQ(m_desktop->command(playerName, u"Pause"_s).type(), QDBusMessage::ReplyMessage);
   EXPECT_EQ(m_commands, (QList{0, 1, 0}));
   m_controls->setNowPlayingInfo(makeInfo(u"Told"_s));
   // Clients may have played on for more than a second meanwhile, and are told of the jump then, too.
-  EXPECT_EQ(m_client->takeSignals(playerName).value(0), u"PropertiesChanged Metadata"_s);
+  EXPECT_EQ(m_desktop->takeSignals(playerName).value(0), u"PropertiesChanged Metadata"_s);
+}
+
+TEST_F(MprisMediaControlsTest, APublicationLooksForABusThatCannotBeWatchedFor) {
+  const QByteArray address = "unix:abstract=mireval-media-" + QByteArray::number(getpid());
+  qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+  m_controls = makeControls(m_connection);
+  registerCommands(*m_controls);
+  m_bus.start(QString::fromLatin1(address));
+  EXPECT_FALSE(waitFor([this] { return m_connection.isOpen(); }, 400ms));
+  m_controls->setNowPlayingInfo(makeInfo());
+  EXPECT_TRUE(waitFor([this] { return m_connection.isOpen(); }));
 }
 
 // A limit against hanging, not a measurement.
 TEST_F(MprisMediaControlsTest, AFrozenBusHoldsNothingUp) {
   m_bus.start();
-  startClient();
+  connectDesktop();
   m_bus.freeze();
   QElapsedTimer timer;
   timer.start();
-  m_controls = makeControls();
+  m_controls = makeControls(m_connection);
   registerCommands(*m_controls);
   for (int i = 0; i < 1000; ++i) {
     m_controls->setNowPlayingInfo(makeInfo(QString::number(i)));
@@ -344,8 +337,8 @@ TEST_F(MprisMediaControlsTest, AFrozenBusHoldsNothingUp) {
   }
   EXPECT_LT(timer.elapsed(), 5000);
   m_bus.thaw();
-  ASSERT_TRUE(waitFor([this] { return m_client->players().contains(playerName); }));
-  EXPECT_EQ(m_client->metadata(playerName).value(u"xesam:title"_s), u"999"_s);
+  ASSERT_TRUE(waitFor([this] { return m_desktop->players().contains(playerName); }));
+  EXPECT_EQ(m_desktop->metadata(playerName).value(u"xesam:title"_s), u"999"_s);
 
   m_bus.freeze();
   timer.start();
@@ -355,7 +348,7 @@ TEST_F(MprisMediaControlsTest, AFrozenBusHoldsNothingUp) {
   }
   EXPECT_LT(timer.elapsed(), 5000);
   m_bus.thaw();
-  EXPECT_EQ(m_client->takeSignals(playerName).size(), 1000);
+  EXPECT_EQ(m_desktop->takeSignals(playerName).size(), 1000);
 }
 
 }  // namespace

@@ -51,13 +51,13 @@ TEST(MprisMetadata, LengthOnlyWhenKnown) {
 }
 
 TEST(MprisMetadata, MicrosecondsAreRoundedAndNeverNegative) {
-  EXPECT_EQ(microseconds(0), 0);
-  EXPECT_EQ(microseconds(-3), 0);
-  EXPECT_EQ(microseconds(0.0000014), 1);
-  EXPECT_EQ(microseconds(0.0000016), 2);
-  EXPECT_EQ(microseconds(9e12), 9'000'000'000'000'000'000);
-  EXPECT_EQ(microseconds(9.3e12), std::nullopt);
-  EXPECT_EQ(microseconds(std::nan("")), std::nullopt);
+  EXPECT_EQ(toMicroseconds(0), 0);
+  EXPECT_EQ(toMicroseconds(-3), 0);
+  EXPECT_EQ(toMicroseconds(0.0000014), 1);
+  EXPECT_EQ(toMicroseconds(0.0000016), 2);
+  EXPECT_EQ(toMicroseconds(9e12), 9'000'000'000'000'000'000);
+  EXPECT_EQ(toMicroseconds(9.3e12), std::nullopt);
+  EXPECT_EQ(toMicroseconds(std::nan("")), std::nullopt);
 }
 
 TEST(MprisMetadata, TimesThatPassDoNotChangeIt) {

@@ -13,7 +13,8 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
   const SystemLocale locale;
-  const PortalColorScheme colorScheme;
+  MessageBus sessionBus(MessageBus::Kind::session);
+  const PortalColorScheme colorScheme(sessionBus);
   const auto say = [&] {
     std::printf(
         "languages=%s localizations=%s locale=%s %s\n",

@@ -1,10 +1,7 @@
 #include "platform/linux/tray/StatusNotifierItem.h"
 
-#include "platform/linux/bus/PrivateBus.h"
-#include "platform/linux/bus/WaitFor.h"
+#include "platform/linux/bus/BusFixture.h"
 #include "platform/linux/tray/MockTrayHost.h"
-
-#include <gtest/gtest.h>
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -73,14 +70,14 @@ QString toolTip(const QVariant& property) {
   return u"%1|%2|%3|%4"_s.arg(icon).arg(count).arg(title, text);
 }
 
-class StatusNotifierItemTest : public testing::Test {
+class StatusNotifierItemTest : public BusFixture {
  protected:
   StatusNotifierItemTest() {
     QCoreApplication::setApplicationName(u"Mireval"_s);
     qunsetenv("XDG_ACTIVATION_TOKEN");
   }
 
-  ~StatusNotifierItemTest() override { callThisProcess("bus_tests"); }
+  ~StatusNotifierItemTest() override { callThisProcess("tray_tests"); }
 
   /// What the bus's clients see as the name of this process.
   static void callThisProcess(const char* name) { prctl(PR_SET_NAME, name); }
@@ -92,8 +89,8 @@ class StatusNotifierItemTest : public testing::Test {
   using Tokens = StatusNotifierItem::ActivationTokens;
 
   void makeItem(const QString& image = {}, Tokens tokens = Tokens::wanted) {
-    m_item =
-        std::make_unique<StatusNotifierItem>((image.isEmpty() ? imageFile() : image).toStdString(), tokens);
+    m_item = std::make_unique<StatusNotifierItem>(
+        m_connection, (image.isEmpty() ? imageFile() : image).toStdString(), tokens);
     m_changes = std::make_unique<QSignalSpy>(m_item.get(), &StatusNotifierItem::placementChanged);
     QObject::connect(m_item.get(), &StatusNotifierItem::activated, m_item.get(),
                      [this](std::optional<QPoint> told) {
@@ -105,6 +102,15 @@ class StatusNotifierItemTest : public testing::Test {
   void startBusAndItem() {
     m_bus.start();
     makeHost();
+    makeItem();
+    m_item->appear();
+  }
+
+  void startBusHostAndItem(Manner manner = Manner::polite) {
+    m_bus.start();
+    makeHost();
+    m_host->setManner(manner);
+    m_host->appear();
     makeItem();
     m_item->appear();
   }
@@ -140,12 +146,7 @@ class StatusNotifierItemTest : public testing::Test {
     return waitFor([this, calls] { return m_host->calls().size() == calls; });
   }
 
-  int m_argumentCount = 1;
-  char m_programName[5] = "test";
-  char* m_arguments[2] = {m_programName, nullptr};
   const QTemporaryDir m_folder;
-  PrivateBus m_bus;
-  QCoreApplication m_application{m_argumentCount, m_arguments};
   std::unique_ptr<MockTrayHost> m_host;
   std::unique_ptr<StatusNotifierItem> m_item;
   std::unique_ptr<QSignalSpy> m_changes;
@@ -232,12 +233,7 @@ TEST_F(StatusNotifierItemTest, AWatcherThatDoesNotKnowOfHostsHasOne) {
 }
 
 TEST_F(StatusNotifierItemTest, AWatcherThatRefusesTheItemDoesNotShowIt) {
-  m_bus.start();
-  makeHost();
-  m_host->setManner(Manner::refusing);
-  m_host->appear();
-  makeItem();
-  m_item->appear();
+  startBusHostAndItem(Manner::refusing);
   EXPECT_TRUE(becomes(Placement::nowhere));
   m_host->setManner(Manner::polite);
   m_host->tellHostCame();
@@ -249,12 +245,7 @@ TEST_F(StatusNotifierItemTest, AWatcherThatRefusesTheItemDoesNotShowIt) {
 }
 
 TEST_F(StatusNotifierItemTest, ASilentWatcherIsWaitedFor) {
-  m_bus.start();
-  makeHost();
-  m_host->setManner(Manner::silent);
-  m_host->appear();
-  makeItem();
-  m_item->appear();
+  startBusHostAndItem(Manner::silent);
   ASSERT_TRUE(isAsked(1));
   m_host->tellHostCame();
   EXPECT_TRUE(stays(Placement::unknown));
@@ -265,12 +256,7 @@ TEST_F(StatusNotifierItemTest, ASilentWatcherIsWaitedFor) {
 }
 
 TEST_F(StatusNotifierItemTest, TheAnswerOfAWatcherThatHasGoneCountsForNothing) {
-  m_bus.start();
-  makeHost();
-  m_host->setManner(Manner::silent);
-  m_host->appear();
-  makeItem();
-  m_item->appear();
+  startBusHostAndItem(Manner::silent);
   ASSERT_TRUE(isAsked(1));
   m_host->disappear();
   ASSERT_TRUE(becomes(Placement::nowhere));
@@ -309,30 +295,6 @@ TEST_F(StatusNotifierItemTest, WithoutABusItIsNowhereAtOnce) {
   m_item->setToolTip(u"Drift"_s);
 }
 
-TEST_F(StatusNotifierItemTest, WhenTheBusGoesItIsNowhere) {
-  settle();
-  m_bus.kill();
-  EXPECT_TRUE(becomes(Placement::nowhere));
-  m_item->setToolTip(u"Drift"_s);
-  EXPECT_TRUE(stays(Placement::nowhere));
-}
-
-TEST_F(StatusNotifierItemTest, ComesBackWithTheBusThatSucceedsOnTheSameSocket) {
-  m_bus.holdSocket();
-  settle();
-  for (int i = 1; i <= 2; ++i) {
-    m_bus.kill();
-    m_host.reset();
-    ASSERT_TRUE(becomes(Placement::nowhere)) << i;
-    m_bus.start();
-    makeHost();
-    m_host->appear();
-    ASSERT_TRUE(becomes(Placement::placed)) << i;
-    EXPECT_EQ(m_host->callItem(u"Activate"_s, {7, i}).type(), QDBusMessage::ReplyMessage);
-    EXPECT_EQ(m_toldAt.back(), QPoint(7, i));
-  }
-}
-
 // A limit against hanging, not a measurement.
 TEST_F(StatusNotifierItemTest, AFrozenBusHoldsNothingUp) {
   m_bus.start();
@@ -348,13 +310,24 @@ TEST_F(StatusNotifierItemTest, AFrozenBusHoldsNothingUp) {
     QCoreApplication::processEvents();
   }
   EXPECT_EQ(m_item->placement(), Placement::unknown);
-  {
-    StatusNotifierItem anotherThatGoesAtOnce("icon.png", Tokens::wanted);
-    anotherThatGoesAtOnce.appear();
-  }
   EXPECT_LT(timer.elapsed(), 5000);
   m_bus.thaw();
   EXPECT_TRUE(becomes(Placement::placed));
+}
+
+TEST_F(StatusNotifierItemTest, ComesBackWithTheBus) {
+  settle();
+  m_bus.kill();
+  m_host.reset();
+  ASSERT_TRUE(becomes(Placement::nowhere));
+  m_item->setToolTip(u"Drift"_s);
+  EXPECT_TRUE(stays(Placement::nowhere));
+  m_bus.start();
+  makeHost();
+  m_host->appear();
+  ASSERT_TRUE(becomes(Placement::placed));
+  EXPECT_EQ(m_host->callItem(u"Activate"_s, {7, 1}).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_toldAt.back(), QPoint(7, 1));
 }
 
 TEST_F(StatusNotifierItemTest, DescribesItself) {

@@ -1,19 +1,12 @@
 #include "platform/linux/tray/StatusNotifierMenu.h"
 
-#include "platform/linux/bus/PrivateBus.h"
-#include "platform/linux/bus/WaitFor.h"
-#include "platform/linux/bus/WaitForAnswer.h"
-
-#include <gtest/gtest.h>
+#include "platform/linux/bus/BusFixture.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>
-#include <QDBusConnection>
 #include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QSignalSpy>
-
-#include <systemd/sd-bus.h>
 
 namespace mireval {
 namespace {
@@ -73,31 +66,20 @@ QString readLayout(const QDBusArgument& argument) {
   return u"%1{%2}[%3]"_s.arg(QString::number(id), properties, children.join(u' '));
 }
 
-class StatusNotifierMenuTest : public testing::Test {
+class StatusNotifierMenuTest : public BusFixture {
  protected:
   StatusNotifierMenuTest() {
     QCoreApplication::setApplicationName(u"Mireval"_s);
     qDBusRegisterMetaType<MenuEvent>();
     qDBusRegisterMetaType<QList<MenuEvent>>();
-    m_bus.start();
-    m_host = QDBusConnection::connectToBus(m_bus.address(), u"host"_s);
-    if (!m_connection.open()) {
-      qFatal("the bus has gone");
-    }
-    m_menu.appearOn(m_connection.connection());
-    const char* name = nullptr;
-    sd_bus_get_unique_name(m_connection.connection(), &name);
-    m_name = QString::fromLatin1(name);
-    m_connection.flush();
+    startBus();
+    m_connection.attach(&m_menu, [this] { m_menu.appearOn(m_connection); });
+    m_name = QString::fromLatin1(m_connection.uniqueName());
   }
-
-  ~StatusNotifierMenuTest() override { QDBusConnection::disconnectFromBus(u"host"_s); }
 
   QDBusMessage call(const QString& method, const QVariantList& arguments,
                     const QString& interface = menuInterface) const {
-    QDBusMessage message = QDBusMessage::createMethodCall(m_name, objectPath, interface, method);
-    message.setArguments(arguments);
-    return waitForAnswer(m_host.asyncCall(message));
+    return BusFixture::call(m_name, objectPath, interface, method, arguments);
   }
 
   bool isRefused(const QString& method, const QVariantList& arguments) const {
@@ -138,16 +120,9 @@ class StatusNotifierMenuTest : public testing::Test {
     return {id, name, QVariant::fromValue(QDBusVariant(0)), 0U};
   }
 
-  int m_argumentCount = 1;
-  char m_programName[5] = "test";
-  char* m_arguments[2] = {m_programName, nullptr};
-  QCoreApplication m_application{m_argumentCount, m_arguments};
-  PrivateBus m_bus;
   StatusNotifierMenu m_menu;
-  MessageBus m_connection{MessageBus::Kind::session};
   QString m_name;
   QSignalSpy m_choices{&m_menu, &StatusNotifierMenu::chosen};
-  QDBusConnection m_host{u"host"_s};
 };
 
 TEST_F(StatusNotifierMenuTest, HasOneEntry) {

@@ -1,10 +1,7 @@
 #include "platform/linux/tray/TrayMenuBarExtra.h"
 
-#include "platform/linux/bus/PrivateBus.h"
-#include "platform/linux/bus/WaitFor.h"
+#include "platform/linux/bus/BusFixture.h"
 #include "platform/linux/tray/MockTrayHost.h"
-
-#include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -41,19 +38,19 @@ class FakeEmbeddedIcon final : public EmbeddedIcon {
   bool m_placed = false;
 };
 
-class TrayMenuBarExtraTest : public testing::Test {
+class TrayMenuBarExtraTest : public BusFixture {
  protected:
   TrayMenuBarExtraTest() { QCoreApplication::setApplicationName(u"Mireval"_s); }
 
   void makeHost() { m_host = std::make_unique<MockTrayHost>(m_bus.address()); }
 
-  void startBus() {
+  void startBusAndWatcher() {
     m_bus.start();
     makeHost();
   }
 
   void startBusWithHost() {
-    startBus();
+    startBusAndWatcher();
     m_host->appear();
   }
 
@@ -76,7 +73,7 @@ class TrayMenuBarExtraTest : public testing::Test {
 
   /// An extra whose icon is embedded.
   void showEmbedded() {
-    startBus();
+    startBusAndWatcher();
     show();
     ASSERT_TRUE(waitFor([this] { return m_embedded != nullptr; }));
   }
@@ -96,11 +93,6 @@ class TrayMenuBarExtraTest : public testing::Test {
     return waitFor([this] { return !m_places.empty(); });
   }
 
-  int m_argumentCount = 1;
-  char m_programName[5] = "test";
-  char* m_arguments[2] = {m_programName, nullptr};
-  QCoreApplication m_application{m_argumentCount, m_arguments};
-  PrivateBus m_bus;
   std::unique_ptr<MockTrayHost> m_host;
   std::optional<QPoint> m_pointer;
   bool m_canEmbed = true;
@@ -110,7 +102,8 @@ class TrayMenuBarExtraTest : public testing::Test {
   std::vector<Place> m_places;
   int m_missing = 0;
   QElapsedTimer m_sinceShown;
-  TrayMenuBarExtra m_extra{{.pointer = [this] { return m_pointer; },
+  TrayMenuBarExtra m_extra{m_connection,
+                           {.pointer = [this] { return m_pointer; },
                             .embed = [this](const std::filesystem::path& image) { return embed(image); }}};
 
   FakeEmbeddedIcon& embedded() { return static_cast<FakeEmbeddedIcon&>(*m_embedded); }
@@ -150,8 +143,9 @@ TEST_F(TrayMenuBarExtraTest, TheHostsAnswerComesBeforeThePanel) {
   // Whatever the handler does, the message has been dealt with: it may even run an event loop.
   m_extra.setToolTip(u"Drift"_s);
   bool hostWasAnswered = false;
+  MessageBus anotherBus(MessageBus::Kind::session);
   TrayMenuBarExtra another(
-      {.pointer = [] { return std::nullopt; }, .embed = [](const auto&) { return nullptr; }});
+      anotherBus, {.pointer = [] { return std::nullopt; }, .embed = [](const auto&) { return nullptr; }});
   another.show("icon.png", {.activated =
                                 [&](Place) {
                                   hostWasAnswered =
@@ -246,7 +240,7 @@ TEST_F(TrayMenuBarExtraTest, AfterAHostThatDoesNotComeBackTheIconIsEmbedded) {
 }
 
 TEST_F(TrayMenuBarExtraTest, WhileItIsNotKnownWhetherThereIsAHostNothingIsEmbedded) {
-  startBus();
+  startBusAndWatcher();
   m_host->setManner(Manner::silent);
   m_host->appear();
   show();
@@ -260,7 +254,7 @@ TEST_F(TrayMenuBarExtraTest, WhileItIsNotKnownWhetherThereIsAHostNothingIsEmbedd
 
 TEST_F(TrayMenuBarExtraTest, WhenNothingShowsTheIconThatIsSaidOnce) {
   m_canEmbed = false;
-  startBus();
+  startBusAndWatcher();
   show();
   EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, 1500ms));
   EXPECT_TRUE(waitFor([this] { return m_missing > 0; }));

@@ -1,0 +1,287 @@
+#include "platform/linux/bus/MessageBus.h"
+
+#include "platform/linux/bus/BusFixture.h"
+#include "platform/linux/bus/MockService.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QSignalSpy>
+#include <QTimer>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace mireval {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+const QString ourName = u"org.example.Ours"_s;
+
+/// Counts changes of the owner of a name.
+struct Follower {
+  MessageBus::Slot rule;
+  int changes = 0;
+
+  static int count(sd_bus_message*, void* userdata, sd_bus_error*) {
+    ++static_cast<Follower*>(userdata)->changes;
+    return 0;
+  }
+  void follow(MessageBus& bus) { rule = bus.listenToOwner("org.example.Other", count, this); }
+};
+
+class MessageBusTest : public BusFixture {
+ protected:
+  void attach() {
+    m_connection.attach(&m_service, [this] {
+      m_name = m_connection.requestName(ourName.toUtf8(), MessageBus::IfTaken::wait);
+    });
+  }
+
+  bool comes() {
+    return waitFor([this] { return hasOwner(ourName); });
+  }
+
+  bool goes() {
+    return waitFor([this] { return !m_connection.isOpen(); });
+  }
+
+  QObject m_service;
+  MessageBus::Slot m_name;
+  QSignalSpy m_opened{&m_connection, &MessageBus::opened};
+  QSignalSpy m_lost{&m_connection, &MessageBus::lost};
+};
+
+TEST_F(MessageBusTest, NothingConnectsBeforeAServiceIsAttached) {
+  startBus();
+  m_connection.tryAgain();
+  EXPECT_FALSE(waitFor([this] { return m_connection.isOpen(); }, 400ms));
+}
+
+TEST_F(MessageBusTest, ServicesShareOneConnection) {
+  startBus();
+  attach();
+  ASSERT_TRUE(comes());
+  const auto connections = [this] {
+    return callBus(u"ListNames"_s).arguments().value(0).toStringList().filter(u":"_s);
+  };
+  const QStringList before = connections();
+  QObject another;
+  int introductions = 0;
+  m_connection.attach(&another, [&introductions] { ++introductions; });
+  EXPECT_EQ(introductions, 1);
+  EXPECT_EQ(connections(), before);
+  EXPECT_EQ(m_opened.size(), 1);
+}
+
+TEST_F(MessageBusTest, ListenersOfOneOwnerDoNotDisturbEachOther) {
+  startBus();
+  Follower first;
+  auto second = std::make_unique<Follower>();
+  m_connection.attach(&m_service, [&] {
+    first.follow(m_connection);
+    second->follow(m_connection);
+  });
+  MockService other(m_bus.address(), u"org.example.Other"_s, u"/"_s);
+  // The bus knows the rules once it has met a later request.
+  attach();
+  ASSERT_TRUE(comes());
+  other.appear();
+  other.disappear();
+  ASSERT_TRUE(waitFor([&] { return first.changes == 2 && second->changes == 2; }));
+  second.reset();
+  other.appear();
+  EXPECT_TRUE(waitFor([&] { return first.changes == 3; }));
+}
+
+TEST_F(MessageBusTest, AServiceThatHasGoneIsNotIntroduced) {
+  startBus();
+  int introductions = 0;
+  auto service = std::make_unique<QObject>();
+  m_connection.attach(service.get(), [&introductions] { ++introductions; });
+  attach();
+  ASSERT_TRUE(comes());
+  service.reset();
+  m_bus.kill();
+  ASSERT_TRUE(goes());
+  startBus();
+  EXPECT_TRUE(comes());
+  EXPECT_EQ(introductions, 1);
+}
+
+TEST_F(MessageBusTest, ABusThatComesLaterIsFound) {
+  attach();
+  EXPECT_FALSE(m_connection.isOpen());
+  startBus();
+  EXPECT_TRUE(comes());
+  EXPECT_EQ(m_lost.size(), 0);
+}
+
+TEST_F(MessageBusTest, ABusThatComesBackIsFound) {
+  startBus();
+  attach();
+  for (int i = 1; i <= 3; ++i) {
+    ASSERT_TRUE(comes()) << i;
+    m_bus.kill();
+    ASSERT_TRUE(goes()) << i;
+    // Longer than the first attempt takes.
+    EXPECT_FALSE(waitFor([this] { return m_connection.isOpen(); }, 400ms));
+    startBus();
+  }
+  EXPECT_TRUE(comes());
+  EXPECT_EQ(m_lost.size(), 3);
+}
+
+TEST_F(MessageBusTest, ABusWhoseSocketIsHeldIsFound) {
+  m_bus.holdSocket();
+  startBus();
+  attach();
+  for (int i = 1; i <= 2; ++i) {
+    ASSERT_TRUE(comes()) << i;
+    m_bus.kill();
+    ASSERT_TRUE(waitFor([this, i] { return m_lost.size() == i; }));
+    startBus();
+  }
+  EXPECT_TRUE(comes());
+}
+
+// A limit against hanging, not a measurement.
+TEST_F(MessageBusTest, AFrozenBusHoldsNothingUp) {
+  startBus();
+  m_bus.freeze();
+  QElapsedTimer timer;
+  timer.start();
+  attach();
+  {
+    MessageBus anotherThatGoesAtOnce(MessageBus::Kind::session);
+    anotherThatGoesAtOnce.attach(&m_service, [] {});
+  }
+  EXPECT_FALSE(waitFor([] { return false; }, 100ms));
+  EXPECT_LT(timer.elapsed(), 5000);
+  m_bus.thaw();
+  EXPECT_TRUE(comes());
+  m_bus.freeze();
+  timer.start();
+  for (int i = 0; i < 1000; ++i) {
+    m_connection.emitSignal("/", "org.example", "Signal", "s", "text");
+    QCoreApplication::processEvents();
+  }
+  EXPECT_LT(timer.elapsed(), 5000);
+  m_bus.thaw();
+  EXPECT_TRUE(comes());
+}
+
+TEST_F(MessageBusTest, AnAddressWithSeveralBusesAndEscapesIsUnderstood) {
+  qputenv("DBUS_SESSION_BUS_ADDRESS",
+          "unix:abstract=nobody;unix:key=value,path=" + m_bus.address().mid(10).toUtf8().toPercentEncoding());
+  attach();
+  m_bus.start();
+  EXPECT_TRUE(waitFor([this] { return m_connection.isOpen(); }));
+}
+
+TEST_F(MessageBusTest, ABusThatCannotBeWatchedForIsFoundWhenToldTo) {
+  const QByteArray address = "unix:abstract=mireval-" + QByteArray::number(::getpid());
+  qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+  attach();
+  m_bus.start(QString::fromLatin1(address));
+  EXPECT_FALSE(waitFor([this] { return m_connection.isOpen(); }, 400ms));
+  m_connection.tryAgain();
+  EXPECT_TRUE(waitFor([this] { return m_connection.isOpen(); }));
+}
+
+/// Answers connections as it is told.
+class StrangeBus : public QObject {
+ public:
+  StrangeBus(const QString& address, std::function<void(int client)> treat) : m_treat(std::move(treat)) {
+    sockaddr_un name{};
+    name.sun_family = AF_UNIX;
+    qstrncpy(name.sun_path, address.mid(10).toUtf8().constData(), sizeof(name.sun_path));
+    if (::bind(m_socket, reinterpret_cast<const sockaddr*>(&name), sizeof(name)) != 0 ||
+        ::listen(m_socket, SOMAXCONN) != 0) {
+      qFatal("no socket");
+    }
+    connect(&m_acceptable, &QSocketNotifier::activated, this, [this] {
+      ++m_connections;
+      m_treat(::accept(m_socket, nullptr, nullptr));
+    });
+  }
+  ~StrangeBus() override { ::close(m_socket); }
+
+  int connections() const { return m_connections; }
+
+ private:
+  const std::function<void(int client)> m_treat;
+  const int m_socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  QSocketNotifier m_acceptable{m_socket, QSocketNotifier::Read};
+  int m_connections = 0;
+};
+
+/// Answers Hello and closes the connection soon after. Deletes itself then.
+class ShortWelcome : public QObject {
+ public:
+  explicit ShortWelcome(int client) {
+    sd_bus_new(&m_server);
+    sd_bus_set_fd(m_server, client, client);
+    sd_bus_set_server(m_server, 1,
+                      SD_ID128_MAKE(01, 02, 03, 04, 05, 06, 07, 08, 09, 0a, 0b, 0c, 0d, 0e, 0f, 10));
+    sd_bus_add_filter(m_server, nullptr, answerHello, nullptr);
+    sd_bus_start(m_server);
+    connect(&m_turns, &QTimer::timeout, this, [this] {
+      while (sd_bus_process(m_server, nullptr) > 0) {
+      }
+    });
+    m_turns.start(1ms);
+    QTimer::singleShot(50ms, this, &QObject::deleteLater);
+  }
+  ~ShortWelcome() override { sd_bus_close_unref(m_server); }
+
+ private:
+  static int answerHello(sd_bus_message* call, void*, sd_bus_error*) {
+    return sd_bus_message_is_method_call(call, nullptr, "Hello") > 0
+               ? sd_bus_reply_method_return(call, "s", ":1.1")
+               : 0;
+  }
+
+  sd_bus* m_server = nullptr;
+  QTimer m_turns;
+};
+
+TEST_F(MessageBusTest, ABusThatDropsEachConnectionIsTriedOnce) {
+  const StrangeBus bus(m_bus.address(), [](int client) { ::close(client); });
+  attach();
+  ASSERT_TRUE(waitFor([this] { return m_lost.size() == 1; }));
+  EXPECT_FALSE(waitFor([&bus] { return bus.connections() > 1; }, 1s));
+}
+
+TEST_F(MessageBusTest, ABusThatWelcomesAndDropsEachConnectionIsTriedFiveTimesASecond) {
+  const StrangeBus bus(m_bus.address(), [](int client) { new ShortWelcome(client); });
+  attach();
+  ASSERT_TRUE(waitFor([this] { return m_lost.size() >= 2; }));
+  const int before = bus.connections();
+  EXPECT_FALSE(waitFor([&] { return bus.connections() > before + 5; }, 1s));
+}
+
+TEST_F(MessageBusTest, WhileTheBusIsAwayNobodyIsWoken) {
+  attach();
+  EXPECT_FALSE(waitFor([] { return false; }, 400ms));
+  int turns = 0;
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, &m_service,
+                   [&turns] { ++turns; });
+  QEventLoop loop;
+  QTimer::singleShot(500ms, &loop, &QEventLoop::quit);
+  loop.exec();
+  // The first and the last are the loop's own.
+  EXPECT_LE(turns, 3);
+}
+
+}  // namespace
+}  // namespace mireval
