@@ -1,7 +1,5 @@
 #include "platform/linux/bus/BusFixture.h"
 
-#include "platform/linux/bus/WaitForAnswer.h"
-
 namespace mireval {
 
 using namespace Qt::StringLiterals;

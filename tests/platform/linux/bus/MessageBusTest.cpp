@@ -10,6 +10,8 @@
 #include <QSignalSpy>
 #include <QTimer>
 
+#include <systemd/sd-id128.h>
+
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -231,8 +233,9 @@ class ShortWelcome : public QObject {
   explicit ShortWelcome(int client) {
     sd_bus_new(&m_server);
     sd_bus_set_fd(m_server, client, client);
-    sd_bus_set_server(m_server, 1,
-                      SD_ID128_MAKE(01, 02, 03, 04, 05, 06, 07, 08, 09, 0a, 0b, 0c, 0d, 0e, 0f, 10));
+    sd_id128_t id{};
+    sd_id128_randomize(&id);
+    sd_bus_set_server(m_server, 1, id);
     sd_bus_add_filter(m_server, nullptr, answerHello, nullptr);
     sd_bus_start(m_server);
     connect(&m_turns, &QTimer::timeout, this, [this] {

@@ -1,6 +1,6 @@
 #include "platform/linux/media/MediaClient.h"
 
-#include "platform/linux/bus/WaitForAnswer.h"
+#include "platform/linux/bus/WaitFor.h"
 
 #include <QDBusArgument>
 #include <QDBusVariant>

@@ -106,22 +106,18 @@ class StatusNotifierItemTest : public BusFixture {
     m_item->appear();
   }
 
-  void startBusHostAndItem(Manner manner = Manner::polite) {
+  void startBusHostAndItem(Manner manner, const QString& image = {}) {
     m_bus.start();
     makeHost();
     m_host->setManner(manner);
     m_host->appear();
-    makeItem();
+    makeItem(image);
     m_item->appear();
   }
 
   /// An item that a host shows.
   void settle(const QString& image = {}) {
-    m_bus.start();
-    makeHost();
-    m_host->appear();
-    makeItem(image);
-    m_item->appear();
+    startBusHostAndItem(Manner::polite, image);
     ASSERT_TRUE(becomes(Placement::placed));
   }
 
