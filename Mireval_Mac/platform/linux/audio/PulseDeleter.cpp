@@ -1,11 +1,5 @@
 #include "platform/linux/audio/PulseDeleter.h"
 
-#include <pulse/context.h>
-#include <pulse/operation.h>
-#include <pulse/proplist.h>
-#include <pulse/stream.h>
-#include <pulse/thread-mainloop.h>
-
 namespace mireval {
 namespace {
 
@@ -49,14 +43,6 @@ void PulseDeleter::operator()(pa_stream* stream) const {
   pa_stream_set_state_callback(stream, nullptr, nullptr);
   pa_stream_disconnect(stream);
   pa_stream_unref(stream);
-}
-
-void PulseDeleter::operator()(pa_operation* operation) const {
-  pa_operation_unref(operation);
-}
-
-void PulseDeleter::operator()(pa_proplist* properties) const {
-  pa_proplist_free(properties);
 }
 
 }  // namespace mireval

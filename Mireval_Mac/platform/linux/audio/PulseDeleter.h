@@ -1,12 +1,11 @@
 #pragma once
 
-#include <memory>
+#include <pulse/operation.h>
+#include <pulse/proplist.h>
+#include <pulse/stream.h>
+#include <pulse/thread-mainloop.h>
 
-struct pa_context;
-struct pa_operation;
-struct pa_proplist;
-struct pa_stream;
-struct pa_threaded_mainloop;
+#include <memory>
 
 namespace mireval {
 
@@ -15,8 +14,8 @@ struct PulseDeleter {
   void operator()(pa_threaded_mainloop* mainloop) const;
   void operator()(pa_context* context) const;
   void operator()(pa_stream* stream) const;
-  void operator()(pa_operation* operation) const;
-  void operator()(pa_proplist* properties) const;
+  void operator()(pa_operation* operation) const { pa_operation_unref(operation); }
+  void operator()(pa_proplist* properties) const { pa_proplist_free(properties); }
 };
 
 template <typename Object>

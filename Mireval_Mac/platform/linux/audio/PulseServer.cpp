@@ -1,7 +1,6 @@
 #include "platform/linux/audio/PulseServer.h"
 
 #include <pulse/error.h>
-#include <pulse/proplist.h>
 #include <pulse/timeval.h>
 
 #include <sys/time.h>

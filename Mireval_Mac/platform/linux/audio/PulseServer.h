@@ -6,10 +6,6 @@
 
 #include <tl/expected.hpp>
 
-#include <pulse/context.h>
-#include <pulse/mainloop-api.h>
-#include <pulse/thread-mainloop.h>
-
 #include <chrono>
 #include <functional>
 #include <vector>

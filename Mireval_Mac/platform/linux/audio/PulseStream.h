@@ -5,9 +5,6 @@
 #include "platform/linux/audio/PulseDeleter.h"
 #include "platform/linux/audio/PulseServer.h"
 
-#include <pulse/operation.h>
-#include <pulse/stream.h>
-
 #include <chrono>
 #include <cstdint>
 #include <memory>
