@@ -13,9 +13,9 @@ SUFFIXES = {".h", ".hpp", ".cpp", ".c", ".cc", ".inc", ".in"}
 
 # The one class that may know every room of its system.
 LINUX_DESKTOP = {
-    "platform", "platform/qt", "platform/linux/audio", "platform/linux/instance", "platform/linux/media",
-    "platform/linux/memory", "platform/linux/settings", "platform/linux/tray", "platform/linux/windows",
-    "platform/linux/LinuxDesktop.h",
+    "platform", "platform/qt", "platform/linux/audio", "platform/linux/bus", "platform/linux/instance",
+    "platform/linux/media", "platform/linux/memory", "platform/linux/settings", "platform/linux/tray",
+    "platform/linux/windows", "platform/linux/LinuxDesktop.h",
 }
 
 # What a file of each floor or room may include of ours. A file belongs to the longest of these that begins its

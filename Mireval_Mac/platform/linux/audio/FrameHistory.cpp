@@ -5,16 +5,12 @@
 #include <utility>
 
 namespace mireval {
-namespace {
-
-constexpr std::size_t channels = AudioDecoder::channelCount;
-
-}  // namespace
+namespace {}  // namespace
 
 FrameHistory::FrameHistory(std::unique_ptr<AudioDecoder> decoder, double rememberedSeconds)
     : m_decoder(std::move(decoder)),
       m_capacityFrames(static_cast<std::size_t>(std::ceil(rememberedSeconds * m_decoder->sampleRate()))),
-      m_ring(std::make_unique_for_overwrite<float[]>(m_capacityFrames * channels)) {}
+      m_ring(std::make_unique_for_overwrite<float[]>(m_capacityFrames * AudioDecoder::channelCount)) {}
 
 std::uint64_t FrameHistory::oldestFrame() const {
   return m_decodedFrames > m_capacityFrames ? m_decodedFrames - m_capacityFrames : 0;
@@ -23,12 +19,12 @@ std::uint64_t FrameHistory::oldestFrame() const {
 std::span<const float> FrameHistory::read(std::uint64_t position, std::size_t most) {
   const auto offset = static_cast<std::size_t>(position % m_capacityFrames);
   const std::size_t room = std::min(most, m_capacityFrames - offset);
-  float* const frames = m_ring.get() + offset * channels;
+  float* const frames = m_ring.get() + offset * AudioDecoder::channelCount;
   if (position >= m_decodedFrames) {
-    m_decodedFrames += m_decoder->read({frames, room * channels});
+    m_decodedFrames += m_decoder->read({frames, room * AudioDecoder::channelCount});
   }
   const auto known = static_cast<std::size_t>(m_decodedFrames - position);
-  return {frames, std::min(room, known) * channels};
+  return {frames, std::min(room, known) * AudioDecoder::channelCount};
 }
 
 }  // namespace mireval

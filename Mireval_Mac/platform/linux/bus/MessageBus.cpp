@@ -1,9 +1,8 @@
 #include "platform/linux/bus/MessageBus.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "platform/linux/bus/BusSocket.h"
+
 #include <QMetaObject>
-#include <QStringList>
 
 #include <poll.h>
 
@@ -22,30 +21,6 @@ constexpr int messagesAtATime = 32;
 // A bus that drops each connection costs five attempts a second at most. And a bus that has just made its
 // socket needs a moment before it listens on it.
 constexpr auto pauseBeforeConnecting = 200ms;
-
-QByteArray addressOf(MessageBus::Kind kind) {
-  if (kind == MessageBus::Kind::system) {
-    return qEnvironmentVariableIsSet("DBUS_SYSTEM_BUS_ADDRESS") ? qgetenv("DBUS_SYSTEM_BUS_ADDRESS")
-                                                                : "unix:path=/run/dbus/system_bus_socket";
-  }
-  return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
-             ? qgetenv("DBUS_SESSION_BUS_ADDRESS")
-             : "unix:path=" + qgetenv("XDG_RUNTIME_DIR").toPercentEncoding("/") + "/bus";
-}
-
-/// The folders of those of the bus's sockets that are files.
-QStringList socketFolders(MessageBus::Kind kind) {
-  QStringList folders;
-  for (const QByteArray& address : addressOf(kind).split(';')) {
-    for (const QByteArray& part : address.mid(address.indexOf(':') + 1).split(',')) {
-      if (address.startsWith("unix:") && part.startsWith("path=")) {
-        const QByteArray path = QByteArray::fromPercentEncoding(part.mid(part.indexOf('=') + 1));
-        folders.append(QFileInfo(QFile::decodeName(path)).path());
-      }
-    }
-  }
-  return folders;
-}
 
 }  // namespace
 
@@ -77,7 +52,13 @@ void MessageBus::attach(const QObject* service, const std::function<void()>& int
 }
 
 void MessageBus::tryAgain() {
-  if (m_isWanted && !isOpen() && !m_connectSoon.isActive()) {
+  if (m_isWanted && !isOpen()) {
+    connectNow();
+  }
+}
+
+void MessageBus::connectSoon() {
+  if (!m_connectSoon.isActive()) {
     m_connectSoon.start();
   }
 }
@@ -109,8 +90,8 @@ bool MessageBus::watchSocket() {
     return false;
   }
   m_socketWatcher = std::make_unique<QFileSystemWatcher>();
-  connect(m_socketWatcher.get(), &QFileSystemWatcher::directoryChanged, this, &MessageBus::tryAgain);
-  for (const QString& folder : socketFolders(m_kind)) {
+  connect(m_socketWatcher.get(), &QFileSystemWatcher::directoryChanged, this, &MessageBus::connectSoon);
+  for (const QString& folder : busSocketFolders(m_kind == Kind::system)) {
     m_socketWatcher->addPath(folder);
   }
   return !m_socketWatcher->directories().isEmpty();
@@ -202,7 +183,7 @@ void MessageBus::process() {
       close();
       Q_EMIT lost();
       if (hadAccepted) {
-        tryAgain();
+        connectSoon();
       } else {
         watchSocket();
       }

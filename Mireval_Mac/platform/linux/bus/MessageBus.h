@@ -57,7 +57,7 @@ class MessageBus final : public QObject {
   /// one. That is the place to register objects, rules and names. The calls end with the service.
   void attach(const QObject* service, const std::function<void()>& introduce);
 
-  /// Looks for the bus again shortly, if it is wanted and away.
+  /// Looks for the bus again, if it is wanted and away.
   void tryAgain();
 
   /// True from the beginning of a connection on: what is sent before the bus has answered is delivered later.
@@ -116,6 +116,7 @@ class MessageBus final : public QObject {
   static int ignoreAnswer(sd_bus_message* answer, void* userdata, sd_bus_error* error);
 
   void connectNow();
+  void connectSoon();
   bool open();
   bool watchSocket();
   void process();

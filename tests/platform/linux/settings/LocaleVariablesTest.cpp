@@ -12,7 +12,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QStringList available{u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s};
+const QStringList localizationsOfTheApplication{u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s};
 
 LocaleVariables make(const std::map<std::string, QByteArray>& values) {
   return LocaleVariables([&values](const char* name) {
@@ -22,13 +22,13 @@ LocaleVariables make(const std::map<std::string, QByteArray>& values) {
 }
 
 QStringList localizations(const QByteArray& languages) {
-  return make({{"LANGUAGE", languages}}).preferredLocalizations(available);
+  return make({{"LANGUAGE", languages}}).preferredLocalizations(localizationsOfTheApplication);
 }
 
 TEST(LocaleVariables, NothingSetIsNothingPreferred) {
   const LocaleVariables variables = make({});
   EXPECT_EQ(variables.preferredLanguages(), QStringList());
-  EXPECT_EQ(variables.preferredLocalizations(available), QStringList());
+  EXPECT_EQ(variables.preferredLocalizations(localizationsOfTheApplication), QStringList());
   EXPECT_EQ(variables.currentLocaleIdentifier(), QString());
 }
 
@@ -84,7 +84,8 @@ TEST(LocaleVariables, TheLocaleWithoutLanguageIsEmptyAndFinal) {
 TEST(LocaleVariables, LocalizationsThatFitInTheUsersOrder) {
   EXPECT_EQ(localizations("fr:ja_JP:zh_TW:en_GB:zh_CN"),
             (QStringList{u"ja"_s, u"zh-Hant"_s, u"en"_s, u"zh-Hans"_s}));
-  EXPECT_EQ(make({{"LANG", "ja_JP.UTF-8"}}).preferredLocalizations(available), QStringList{u"ja"_s});
+  EXPECT_EQ(make({{"LANG", "ja_JP.UTF-8"}}).preferredLocalizations(localizationsOfTheApplication),
+            QStringList{u"ja"_s});
 }
 
 TEST(LocaleVariables, EachLocalizationOnce) {
@@ -130,7 +131,7 @@ TEST(LocaleVariables, AbsurdValuesAreSurvived) {
     EXPECT_EQ(localizations(absurd + ":ja"), QStringList{u"ja"_s});
     const LocaleVariables variables = make({{"LC_ALL", absurd}, {"LANG", absurd}});
     EXPECT_LE(variables.preferredLanguages().size(), 2);
-    EXPECT_EQ(variables.preferredLocalizations(available), QStringList());
+    EXPECT_EQ(variables.preferredLocalizations(localizationsOfTheApplication), QStringList());
     EXPECT_LE(variables.currentLocaleIdentifier().size(), large);
   }
 }

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 const QString serviceName = u"org.freedesktop.locale1"_s;
-const QString objectPath = u"/org/freedesktop/locale1"_s;
+const QString localePath = u"/org/freedesktop/locale1"_s;
 const QString localeInterface = u"org.freedesktop.locale1"_s;
 const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
 const QStringList available{u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s};
@@ -33,7 +33,7 @@ class SystemLocaleTest : public BusFixture {
   }
 
   std::unique_ptr<MockService> makeService(const QString& name = serviceName,
-                                           const QString& path = objectPath) {
+                                           const QString& path = localePath) {
     return std::make_unique<MockService>(m_bus.address(), name, path);
   }
 

@@ -13,9 +13,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString objectPath = u"/StatusNotifierMenu"_s;
+const QString menuPath = u"/StatusNotifierMenu"_s;
 const QString menuInterface = u"com.canonical.dbusmenu"_s;
-const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
+const QString propertiesOfMenu = u"org.freedesktop.DBus.Properties"_s;
 
 struct MenuEvent {
   int id = 0;
@@ -79,7 +79,7 @@ class StatusNotifierMenuTest : public BusFixture {
 
   QDBusMessage call(const QString& method, const QVariantList& arguments,
                     const QString& interface = menuInterface) const {
-    return BusFixture::call(m_name, objectPath, interface, method, arguments);
+    return BusFixture::call(m_name, menuPath, interface, method, arguments);
   }
 
   bool isRefused(const QString& method, const QVariantList& arguments) const {
@@ -145,7 +145,7 @@ TEST_F(StatusNotifierMenuTest, TellsThePropertiesThatAreAskedFor) {
 
 TEST_F(StatusNotifierMenuTest, DescribesItself) {
   const QVariantMap properties =
-      qdbus_cast<QVariantMap>(call(u"GetAll"_s, {menuInterface}, propertiesInterface).arguments().value(0));
+      qdbus_cast<QVariantMap>(call(u"GetAll"_s, {menuInterface}, propertiesOfMenu).arguments().value(0));
   EXPECT_EQ(properties, (QVariantMap{{u"IconThemePath"_s, QStringList()},
                                      {u"Status"_s, u"normal"_s},
                                      {u"TextDirection"_s, u"ltr"_s},
