@@ -19,10 +19,12 @@
 namespace mireval::bench {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 Catalogue twoTracks() {
-  constexpr std::array titles{QLatin1String("First"), QLatin1String("Second")};
+  constexpr std::array titles{"First"_L1, "Second"_L1};
   return {{Mood::focus, makeTracks(titles, titles, Mood::focus)}};
 }
 

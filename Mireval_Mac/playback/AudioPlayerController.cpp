@@ -18,6 +18,8 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 AudioPlayerController::AudioPlayerController(std::unique_ptr<AudioLibraryProviding> libraryProvider,
                                              PlaybackServices services)
     : m_libraryProvider(std::move(libraryProvider)), m_services(services) {
@@ -57,7 +59,7 @@ void AudioPlayerController::selectMood(Mood mood) {
   publish(m_playlistEntries, m_libraryProvider->displayEntries(mood),
           &AudioPlayerController::playlistEntriesChanged);
   m_currentIndex = 0;
-  publish(m_statusDetail, QStringLiteral("Connecting %1 atmosphere").arg(title(mood).toLower()),
+  publish(m_statusDetail, u"Connecting %1 atmosphere"_s.arg(title(mood).toLower()),
           &AudioPlayerController::statusDetailChanged);
   loadCurrentTrack();
 }
@@ -69,12 +71,12 @@ void AudioPlayerController::togglePlayback() {
   if (m_player->isPlaying()) {
     m_player->pause();
     publish(m_isPlaying, false, &AudioPlayerController::isPlayingChanged);
-    publish(m_statusDetail, QStringLiteral("Paused"), &AudioPlayerController::statusDetailChanged);
+    publish(m_statusDetail, u"Paused"_s, &AudioPlayerController::statusDetailChanged);
   } else {
     prepareInfrastructureIfNeeded();
     m_player->play();
     publish(m_isPlaying, true, &AudioPlayerController::isPlayingChanged);
-    publish(m_statusDetail, QStringLiteral("Playing"), &AudioPlayerController::statusDetailChanged);
+    publish(m_statusDetail, u"Playing"_s, &AudioPlayerController::statusDetailChanged);
   }
   updateNowPlayingInfo();
 }
@@ -110,23 +112,22 @@ void AudioPlayerController::loadCurrentTrack() {
   publish(m_currentTrack, std::optional(track), &AudioPlayerController::currentTrackChanged);
   publish(m_currentVisualIndex, m_currentIndex, &AudioPlayerController::currentVisualIndexChanged);
   publish(m_playlistPositionText,
-          QStringLiteral("%1 / %2").arg(m_currentIndex + 1).arg(std::max<qsizetype>(m_playlist.size(), 1)),
+          u"%1 / %2"_s.arg(m_currentIndex + 1).arg(std::max<qsizetype>(m_playlist.size(), 1)),
           &AudioPlayerController::playlistPositionTextChanged);
 
   const auto file = track.resourceName && track.fileExtension
                         ? m_services.resourceBundle.urlForResource(*track.resourceName, *track.fileExtension,
-                                                                   QStringLiteral("PreviewAudio"))
+                                                                   u"PreviewAudio"_s)
                         : std::nullopt;
   if (!file) {
-    failLoad(QStringLiteral("Missing bundled track"), QStringLiteral("Missing bundled track ") + track.title);
+    failLoad(u"Missing bundled track"_s, u"Missing bundled track "_s + track.title);
     return;
   }
   prepareInfrastructureIfNeeded();
 
   AudioPlayerResult player = m_services.audioPlayerFactory.create(*file);
   if (!player) {
-    failLoad(QStringLiteral("Playback unavailable"),
-             QStringLiteral("Audio playback failed: ") + player.error());
+    failLoad(u"Playback unavailable"_s, u"Audio playback failed: "_s + player.error());
     return;
   }
   (*player)->setDelegate(this);
@@ -136,7 +137,7 @@ void AudioPlayerController::loadCurrentTrack() {
   m_player = *std::move(player);
 
   publish(m_isPlaying, true, &AudioPlayerController::isPlayingChanged);
-  publish(m_statusDetail, QStringLiteral("Playing"), &AudioPlayerController::statusDetailChanged);
+  publish(m_statusDetail, u"Playing"_s, &AudioPlayerController::statusDetailChanged);
   startProgressTimer();
   updateProgress();
   updateNowPlayingInfo();
@@ -201,7 +202,7 @@ void AudioPlayerController::updateProgress() {
 
 QString AudioPlayerController::formatTime(double seconds) {
   if (!std::isfinite(seconds)) {
-    return QStringLiteral("0:00");
+    return u"0:00"_s;
   }
   const double rounded = std::round(seconds);
   constexpr double limit = 0x1p63;
@@ -210,9 +211,7 @@ QString AudioPlayerController::formatTime(double seconds) {
   }
   constexpr std::int64_t secondsPerMinute = 60;
   const auto whole = std::max<std::int64_t>(static_cast<std::int64_t>(rounded), 0);
-  return QStringLiteral("%1:%2")
-      .arg(whole / secondsPerMinute)
-      .arg(whole % secondsPerMinute, 2, 10, QLatin1Char('0'));
+  return u"%1:%2"_s.arg(whole / secondsPerMinute).arg(whole % secondsPerMinute, 2, 10, QLatin1Char('0'));
 }
 
 void AudioPlayerController::audioPlayerDidFinishPlaying(AudioPlayer&, bool) {
@@ -265,8 +264,8 @@ void AudioPlayerController::updateNowPlayingInfo() {
   }
   NowPlayingInfo info;
   info.title = m_currentTrack->title;
-  info.albumTitle = QStringLiteral("Mireval");
-  info.artist = QStringLiteral("Mireval \u2022 ") + title(m_currentTrack->mood);
+  info.albumTitle = u"Mireval"_s;
+  info.artist = u"Mireval \u2022 "_s + title(m_currentTrack->mood);
   info.playbackDurationSeconds = m_player->duration();
   info.elapsedPlaybackSeconds = m_player->currentTime();
   info.playbackRate = m_isPlaying ? 1 : 0;
@@ -289,8 +288,7 @@ std::optional<CoverImage> AudioPlayerController::coverImage(Mood mood, std::int6
   if (auto cached = coverImageCache().image(name)) {
     return cached;
   }
-  const auto file =
-      m_services.resourceBundle.urlForResource(name, QStringLiteral("png"), QStringLiteral("CoverImages"));
+  const auto file = m_services.resourceBundle.urlForResource(name, u"png"_s, u"CoverImages"_s);
   if (!file) {
     return std::nullopt;
   }

@@ -30,6 +30,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 int print(std::string_view text, Notices& notices) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
     notices.say("standard output cannot be written");
@@ -111,8 +113,7 @@ int runScenes(const Desktop& desktop, CommandLine::Action action) {
                       .audioPlayer = *audioPlayer,
                       .localization = localization,
                       .notices = desktop.notices});
-  const auto icon =
-      desktop.resourceBundle.urlForResource(QStringLiteral("MenuBarIcon"), QStringLiteral("png"), {});
+  const auto icon = desktop.resourceBundle.urlForResource(u"MenuBarIcon"_s, u"png"_s, {});
   SettingsScene settings(localization, desktop.colorScheme, icon.value_or(""));
   connectScenes(scene, settings, desktop);
   scene.show(icon.value_or(""));
@@ -139,8 +140,8 @@ int MirevalMacApp::main(int argc, char** argv) {
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   QQuickWindow::setDefaultAlphaBuffer(true);
   QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("Mireval"));
-  QApplication::setDesktopFileName(QStringLiteral("org.mireval.Mireval"));
+  QApplication::setApplicationName(u"Mireval"_s);
+  QApplication::setDesktopFileName(u"org.mireval.Mireval"_s);
   QApplication::setQuitOnLastWindowClosed(false);
   // For a session that is restored, Qt proposes arguments of its own.
   QObject::connect(&application, &QApplication::saveStateRequest, &application, [](QSessionManager& session) {

@@ -10,6 +10,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 bool isSettingsCommand(const QKeyEvent& event) {
   // Some desktops have a key of their own for it.
   return event.matches(QKeySequence::Preferences) ||
@@ -20,9 +22,9 @@ bool isSettingsCommand(const QKeyEvent& event) {
 
 PanelWindow::PanelWindow(AudioPlayerController& audioPlayer, AppLocalization& localization,
                          ColorScheme& colorScheme)
-    : ViewWindow(QStringLiteral("PanelSurface.qml"), {{QStringLiteral("audioPlayer"), &audioPlayer},
-                                                      {QStringLiteral("localization"), &localization},
-                                                      {QStringLiteral("colorScheme"), &colorScheme}}) {
+    : ViewWindow(u"PanelSurface.qml"_s, {{u"audioPlayer"_s, &audioPlayer},
+                                         {u"localization"_s, &localization},
+                                         {u"colorScheme"_s, &colorScheme}}) {
   connect(engine(), &QQmlEngine::quit, this, &PanelWindow::quitRequested);
 }
 

@@ -8,10 +8,12 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 SettingsWindow::SettingsWindow(const std::filesystem::path& icon, AppLocalization& localization,
                                ColorScheme& colorScheme)
-    : ViewWindow(QStringLiteral("MacSettingsView.qml"), {{QStringLiteral("localization"), &localization},
-                                                         {QStringLiteral("colorScheme"), &colorScheme}}) {
+    : ViewWindow(u"MacSettingsView.qml"_s,
+                 {{u"localization"_s, &localization}, {u"colorScheme"_s, &colorScheme}}) {
   setFramed(icon, colorScheme);
 }
 

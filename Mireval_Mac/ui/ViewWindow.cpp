@@ -18,6 +18,8 @@ extern int QT_MANGLE_NAMESPACE(qInitResources_qmlcache_mireval_ui)();
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 ViewWindow::ViewWindow(const QString& view, Properties properties) {
   [[maybe_unused]] static const volatile auto keepTypes = &qml_register_types_Mireval;
   [[maybe_unused]] static const volatile auto keepViews =
@@ -29,10 +31,10 @@ ViewWindow::ViewWindow(const QString& view, Properties properties) {
     QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
     values.insert(name, QVariant::fromValue(object));
   }
-  engine()->addImportPath(QStringLiteral("qrc:/"));
+  engine()->addImportPath(u"qrc:/"_s);
   setInitialProperties(values);
   setResizeMode(QQuickView::SizeViewToRootObject);
-  setSource(QUrl(QStringLiteral("qrc:/Mireval/") + view));
+  setSource(QUrl(u"qrc:/Mireval/"_s + view));
   fixSize();
   // Window managers hold a window to its limits, also when the texts of another language need more room.
   connect(rootObject(), &QQuickItem::widthChanged, this, &ViewWindow::fixSize);

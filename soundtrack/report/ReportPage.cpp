@@ -10,7 +10,9 @@
 namespace mireval::soundtrack {
 namespace {
 
-const QString head = QStringLiteral(R"html(<!DOCTYPE html>
+using namespace Qt::StringLiterals;
+
+const QString head = uR"html(<!DOCTYPE html>
 <html lang="en">
 <head>
 <meta charset="utf-8">
@@ -43,23 +45,23 @@ tbody th { font-weight: bold; padding-top: 1em; }
 </head>
 <body>
 <h1>Soundtrack</h1>
-)html");
+)html"_s;
 
 const QString legend =
-    QStringLiteral(R"html(<p class="faint">In the pictures, from top to bottom: the spectrum, three
+    uR"html(<p class="faint">In the pictures, from top to bottom: the spectrum, three
 rows a semitone, with a mark at every C from C1 up, high notes raised by 3 dB per octave; the twelve pitch classes, C at
 the bottom; the level from -42 to -10 dB, with the loudness of the last three seconds as a line. The marks between them
 tell every thirty seconds. A figure outside its limits looks <span class="bad">like this</span>.</p>
-)html");
+)html"_s;
 
-const QString tail = QStringLiteral(R"html(<script>
+const QString tail = uR"html(<script>
 addEventListener("play", event => {
   for (const player of document.querySelectorAll("audio")) if (player !== event.target) player.pause();
 }, true);
 </script>
 </body>
 </html>
-)html");
+)html"_s;
 
 QString text(const std::string& plain) {
   return QString::fromStdString(plain).toHtmlEscaped();
@@ -79,7 +81,7 @@ QString number(double value) {
 
 QString length(double seconds) {
   const auto whole = std::lround(seconds);
-  return QStringLiteral("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
+  return u"%1:%2"_s.arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
 }
 
 /// Empty when every value is allowed.
@@ -91,12 +93,12 @@ QString limits(const Range& range) {
 }
 
 QString badClass(bool bad) {
-  return bad ? QStringLiteral(" class=\"bad\"") : QString();
+  return bad ? u" class=\"bad\""_s : QString();
 }
 
 /// A value with its limits, marked when it is outside them.
 QString judged(const QString& value, double exact, const Range& range) {
-  return QStringLiteral("<span%1>%2 (%3)</span>").arg(badClass(!range.contains(exact)), value, limits(range));
+  return u"<span%1>%2 (%3)</span>"_s.arg(badClass(!range.contains(exact)), value, limits(range));
 }
 
 int countBad(std::span<const ReportTrack> tracks) {
@@ -119,12 +121,12 @@ QString overview(std::span<const ReportTrack> tracks) {
   }
   const Range size{.most = static_cast<double>(largestSoundtrack) / bytesPerMegabyte};
   const QStringList parts{
-      QStringLiteral("%1 tracks").arg(tracks.size()),
-      QStringLiteral("<span%1>%2 missing</span>").arg(badClass(missing > 0)).arg(missing),
-      judged(number(megabytes) + QStringLiteral(" MB"), megabytes, size),
-      QStringLiteral("%1 figures outside their limits").arg(countBad(tracks)),
+      u"%1 tracks"_s.arg(tracks.size()),
+      u"<span%1>%2 missing</span>"_s.arg(badClass(missing > 0)).arg(missing),
+      judged(number(megabytes) + u" MB"_s, megabytes, size),
+      u"%1 figures outside their limits"_s.arg(countBad(tracks)),
   };
-  return QStringLiteral("<p>%1</p>\n").arg(parts.join(QStringLiteral(" · ")));
+  return u"<p>%1</p>\n"_s.arg(parts.join(u" · "_s));
 }
 
 QString meanLength(std::span<const ReportTrack> tracks) {
@@ -137,8 +139,7 @@ QString meanLength(std::span<const ReportTrack> tracks) {
   if (count == 0) {
     return {};
   }
-  return QStringLiteral("mean length ") +
-         judged(number(seconds / count) + QStringLiteral(" s"), seconds / count, meanLengthOfAMood);
+  return u"mean length "_s + judged(number(seconds / count) + u" s"_s, seconds / count, meanLengthOfAMood);
 }
 
 QString tempo(const ReportTrack& track) {
@@ -154,18 +155,17 @@ QString anchor(const ReportTrack& track) {
 }
 
 QString row(const ReportTrack& track, std::size_t figureCount) {
-  QString html = QStringLiteral("<tr><td><a href=\"#%1\">%2</a></td><td>%3</td><td class=\"text\">%4</td>")
-                     .arg(anchor(track), track.track.title.toHtmlEscaped(), tempo(track), key(track));
+  QString html = u"<tr><td><a href=\"#%1\">%2</a></td><td>%3</td><td class=\"text\">%4</td>"_s.arg(
+      anchor(track), track.track.title.toHtmlEscaped(), tempo(track), key(track));
   if (track.figures.empty()) {
-    return html + QStringLiteral("<td class=\"text bad\" colspan=\"%1\">%2</td></tr>\n")
-                      .arg(figureCount + 1)
+    return html + u"<td class=\"text bad\" colspan=\"%1\">%2</td></tr>\n"_s.arg(figureCount + 1)
                       .arg(track.problem.toHtmlEscaped());
   }
   for (const Figure& figure : track.figures) {
-    html += QStringLiteral("<td%1 title=\"%2\">%3</td>")
-                .arg(badClass(!figure.isMet()), text(figure.text()), number(figure.value));
+    html += u"<td%1 title=\"%2\">%3</td>"_s.arg(badClass(!figure.isMet()), text(figure.text()),
+                                                number(figure.value));
   }
-  return html + QStringLiteral("<td class=\"text\">%1</td></tr>\n").arg(track.nearest.toHtmlEscaped());
+  return html + u"<td class=\"text\">%1</td></tr>\n"_s.arg(track.nearest.toHtmlEscaped());
 }
 
 /// The tracks of one mood stand next to each other.
@@ -185,69 +185,65 @@ QString table(std::span<const ReportTrack> tracks) {
   const auto measured = std::find_if(tracks.begin(), tracks.end(),
                                      [](const ReportTrack& track) { return !track.figures.empty(); });
   const std::vector<Figure> columns = measured == tracks.end() ? std::vector<Figure>() : measured->figures;
-  QString html = QStringLiteral(
-      "<div class=\"wide\"><table>\n<thead><tr><th></th><th>bpm</th><th class=\"text\">key</th>");
+  QString html =
+      u"<div class=\"wide\"><table>\n<thead><tr><th></th><th>bpm</th><th class=\"text\">key</th>"_s;
   for (const Figure& figure : columns) {
-    html += QStringLiteral("<th>%1<br>%2</th>").arg(text(figure.name), text(figure.unit));
+    html += u"<th>%1<br>%2</th>"_s.arg(text(figure.name), text(figure.unit));
   }
-  html += QStringLiteral("<th class=\"text\">nearest</th></tr></thead>\n");
+  html += u"<th class=\"text\">nearest</th></tr></thead>\n"_s;
   forEachMood(tracks, [&](Mood mood, std::span<const ReportTrack> ofMood) {
-    html += QStringLiteral("<tbody><tr><th colspan=\"%1\">%2 <span class=\"faint\">%3</span></th></tr>\n")
+    html += u"<tbody><tr><th colspan=\"%1\">%2 <span class=\"faint\">%3</span></th></tr>\n"_s
                 .arg(columns.size() + 4)
                 .arg(mireval::title(mood).toHtmlEscaped(), meanLength(ofMood));
     for (const ReportTrack& track : ofMood) {
       html += row(track, columns.size());
     }
-    html += QStringLiteral("</tbody>\n");
+    html += u"</tbody>\n"_s;
   });
-  return html + QStringLiteral("</table></div>\n");
+  return html + u"</table></div>\n"_s;
 }
 
 QString section(const ReportTrack& track) {
   const QString title = track.track.title.toHtmlEscaped();
-  QString html =
-      QStringLiteral("<section class=\"track\" id=\"%1\">\n<h3>%2</h3>\n<p class=\"faint\">%3</p>\n")
-          .arg(anchor(track), title, track.track.detail.toHtmlEscaped());
+  QString html = u"<section class=\"track\" id=\"%1\">\n<h3>%2</h3>\n<p class=\"faint\">%3</p>\n"_s.arg(
+      anchor(track), title, track.track.detail.toHtmlEscaped());
   QStringList facts;
   if (track.source) {
-    html += QStringLiteral("<p>%1</p>\n").arg(track.source->description.toHtmlEscaped());
+    html += u"<p>%1</p>\n"_s.arg(track.source->description.toHtmlEscaped());
     if (track.source->piece) {
-      facts << key(track) << tempo(track) + QStringLiteral(" bpm");
+      facts << key(track) << tempo(track) + u" bpm"_s;
     }
-    facts << QStringLiteral("%1 over %2").arg(track.source->lead, track.source->bed).toHtmlEscaped();
+    facts << u"%1 over %2"_s.arg(track.source->lead, track.source->bed).toHtmlEscaped();
   }
   if (track.seconds > 0) {
     facts << length(track.seconds);
   }
   facts << anchor(track);
-  html += QStringLiteral("<p>%1</p>\n").arg(facts.join(QStringLiteral(" · ")));
+  html += u"<p>%1</p>\n"_s.arg(facts.join(u" · "_s));
   if (!track.problem.isEmpty()) {
-    html += QStringLiteral("<p><span class=\"bad\">%1</span></p>\n").arg(track.problem.toHtmlEscaped());
+    html += u"<p><span class=\"bad\">%1</span></p>\n"_s.arg(track.problem.toHtmlEscaped());
   }
   if (!track.picture.isEmpty()) {
-    html +=
-        QStringLiteral("<img src=\"%1\" loading=\"lazy\" alt=\"Spectrum, pitch classes and level of %2\">\n")
-            .arg(track.picture.toHtmlEscaped(), title);
+    html += u"<img src=\"%1\" loading=\"lazy\" alt=\"Spectrum, pitch classes and level of %2\">\n"_s.arg(
+        track.picture.toHtmlEscaped(), title);
   }
   if (!track.audio.isEmpty()) {
-    html += QStringLiteral("<audio controls preload=\"none\" src=\"%1\"></audio>\n")
-                .arg(track.audio.toHtmlEscaped());
+    html += u"<audio controls preload=\"none\" src=\"%1\"></audio>\n"_s.arg(track.audio.toHtmlEscaped());
   }
   if (!track.figures.empty()) {
-    html += QStringLiteral("<ul class=\"figures\">\n");
+    html += u"<ul class=\"figures\">\n"_s;
     for (const Figure& figure : track.figures) {
       const QString allowed = limits(figure.allowed);
-      html += QStringLiteral("<li%1>%2 %3 %4%5</li>\n")
-                  .arg(badClass(!figure.isMet()), text(figure.name), number(figure.value), text(figure.unit),
-                       allowed.isEmpty() ? QString()
-                                         : QStringLiteral(" <span class=\"faint\">(%1)</span>").arg(allowed));
+      html += u"<li%1>%2 %3 %4%5</li>\n"_s.arg(
+          badClass(!figure.isMet()), text(figure.name), number(figure.value), text(figure.unit),
+          allowed.isEmpty() ? QString() : u" <span class=\"faint\">(%1)</span>"_s.arg(allowed));
     }
     if (!track.nearest.isEmpty()) {
-      html += QStringLiteral("<li>nearest: %1</li>\n").arg(track.nearest.toHtmlEscaped());
+      html += u"<li>nearest: %1</li>\n"_s.arg(track.nearest.toHtmlEscaped());
     }
-    html += QStringLiteral("</ul>\n");
+    html += u"</ul>\n"_s;
   }
-  return html + QStringLiteral("</section>\n");
+  return html + u"</section>\n"_s;
 }
 
 }  // namespace
@@ -255,7 +251,7 @@ QString section(const ReportTrack& track) {
 QString reportPage(std::span<const ReportTrack> tracks) {
   QString html = head + overview(tracks) + table(tracks) + legend;
   forEachMood(tracks, [&](Mood mood, std::span<const ReportTrack> ofMood) {
-    html += QStringLiteral("<h2>%1</h2>\n").arg(mireval::title(mood).toHtmlEscaped());
+    html += u"<h2>%1</h2>\n"_s.arg(mireval::title(mood).toHtmlEscaped());
     for (const ReportTrack& track : ofMood) {
       html += section(track);
     }

@@ -8,6 +8,8 @@
 namespace mireval::soundtrack {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr QChar quote = u'"';
 
 /// A line of the notation: its first word, and what follows, separated by commas. Strings lose their quotes.
@@ -48,7 +50,7 @@ Statement parseStatement(const QString& line) {
 }
 
 void parseHead(const QString& line, TrackSource& source) {
-  static const QRegularExpression form(QStringLiteral("^; (.+?) - (\\w+) - (.+)$"));
+  static const QRegularExpression form(u"^; (.+?) - (\\w+) - (.+)$"_s);
   if (const auto match = form.match(line.trimmed()); match.hasMatch()) {
     source.title = match.captured(1);
     source.mood = match.captured(2);
@@ -88,22 +90,22 @@ TrackSource TrackSource::parse(const QString& text) {
     const Statement statement = parseStatement(line);
     const QString& word = statement.word;
     const QString first = statement.argument(0);
-    if (word == QLatin1String("piece")) {
+    if (word == "piece"_L1) {
       source.piece = parsePiece(statement);
-    } else if (word == QLatin1String("chords")) {
+    } else if (word == "chords"_L1) {
       progressions[first.left(1)] = statement.argument(1).simplified();
-    } else if (word == QLatin1String("form")) {
+    } else if (word == "form"_L1) {
       sections = first;
     } else if (!word.isEmpty() && !players.contains(word)) {
       players[word] = first;
-      if (stabOrKeys.isEmpty() && (word == QLatin1String("stab") || word == QLatin1String("keys"))) {
+      if (stabOrKeys.isEmpty() && (word == "stab"_L1 || word == "keys"_L1)) {
         stabOrKeys = first;
       }
     }
   }
   source.firstProgression = progressions.value(sections.left(1));
-  source.lead = players.value(QStringLiteral("tune"), players.value(QStringLiteral("keys")));
-  source.bed = players.value(QStringLiteral("wash"), stabOrKeys);
+  source.lead = players.value(u"tune"_s, players.value(u"keys"_s));
+  source.bed = players.value(u"wash"_s, stabOrKeys);
   return source;
 }
 

@@ -26,6 +26,8 @@
 namespace mireval::soundtrack {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 namespace fs = std::filesystem;
 
 struct Folders {
@@ -58,8 +60,7 @@ Review review(const Track& track, const Folders& folders) {
   report.track = track;
   report.source = TrackSource::read(folders.sources / (name + ".orc"));
   const auto addProblem = [&](const std::string& problem) {
-    report.problem +=
-        (report.problem.isEmpty() ? QString() : QStringLiteral("; ")) + QString::fromStdString(problem);
+    report.problem += (report.problem.isEmpty() ? QString() : u"; "_s) + QString::fromStdString(problem);
   };
   if (!report.source || !report.source->piece) {
     addProblem("no source with a piece line");

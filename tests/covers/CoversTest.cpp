@@ -22,11 +22,13 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int widgetPixels = 48;
 const QDir folder(QStringLiteral(COVERS));
 
 QString fileOf(Mood mood, int number) {
-  return folder.filePath(coverImageName(mood, number) + QStringLiteral(".png"));
+  return folder.filePath(coverImageName(mood, number) + u".png"_s);
 }
 
 /// A cover as a media widget shows it.
@@ -114,7 +116,7 @@ TEST(CoversTest, ThereAreExactlyFortyPictures) {
   QStringList expected;
   for (const Mood mood : allMoods) {
     for (int number = 1; number <= coversPerMood; ++number) {
-      expected.append(coverImageName(mood, number) + QStringLiteral(".png"));
+      expected.append(coverImageName(mood, number) + u".png"_s);
     }
   }
   expected.sort();

@@ -4,6 +4,8 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 void FakeAudioPlayer::State::finishPlaying(bool successfully) {
   AudioPlayer* const finished = player;
   if (finished == nullptr) {
@@ -26,7 +28,7 @@ FakeAudioPlayer::~FakeAudioPlayer() {
   }
   m_state->player = nullptr;
   m_state->playing = false;
-  m_log->add(m_name + QLatin1String(": destroyed"));
+  m_log->add(m_name + ": destroyed"_L1);
 }
 
 void FakeAudioPlayer::setDelegate(AudioPlayerDelegate* delegate) {
@@ -36,7 +38,7 @@ void FakeAudioPlayer::setDelegate(AudioPlayerDelegate* delegate) {
 
 void FakeAudioPlayer::setVolume(float volume) {
   m_state->volume = volume;
-  m_log->add(m_name + QLatin1String(": setVolume ") + QString::number(static_cast<double>(volume), 'g', 6));
+  m_log->add(m_name + ": setVolume "_L1 + QString::number(static_cast<double>(volume), 'g', 6));
 }
 
 float FakeAudioPlayer::volume() const {
@@ -44,17 +46,17 @@ float FakeAudioPlayer::volume() const {
 }
 
 void FakeAudioPlayer::prepareToPlay() {
-  m_log->add(m_name + QLatin1String(": prepareToPlay"));
+  m_log->add(m_name + ": prepareToPlay"_L1);
 }
 
 void FakeAudioPlayer::play() {
   m_state->playing = true;
-  m_log->add(m_name + QLatin1String(": play"));
+  m_log->add(m_name + ": play"_L1);
 }
 
 void FakeAudioPlayer::pause() {
   m_state->playing = false;
-  m_log->add(m_name + QLatin1String(": pause"));
+  m_log->add(m_name + ": pause"_L1);
 }
 
 bool FakeAudioPlayer::isPlaying() const {

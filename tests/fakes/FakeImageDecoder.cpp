@@ -6,6 +6,8 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 FakeImageDecoder::FakeImageDecoder(std::shared_ptr<EventLog> log) : m_log(std::move(log)) {}
 
 int FakeImageDecoder::decodings(const std::string& name) const {
@@ -15,7 +17,7 @@ int FakeImageDecoder::decodings(const std::string& name) const {
 
 QImage FakeImageDecoder::thumbnail(const std::filesystem::path& file, double maxPixelSize) {
   const std::string name = file.filename();
-  m_log->add(QLatin1String("decoder: thumbnail ") + QString::fromStdString(name) + QLatin1Char(' ') +
+  m_log->add("decoder: thumbnail "_L1 + QString::fromStdString(name) + QLatin1Char(' ') +
              eventNumber(maxPixelSize));
   File& content = m_files[name];
   if (content.failure != Failure::none) {
@@ -29,7 +31,7 @@ QImage FakeImageDecoder::thumbnail(const std::filesystem::path& file, double max
 
 QImage FakeImageDecoder::image(const std::filesystem::path& file) {
   const std::string name = file.filename();
-  m_log->add(QLatin1String("decoder: image ") + QString::fromStdString(name));
+  m_log->add("decoder: image "_L1 + QString::fromStdString(name));
   File& content = m_files[name];
   return content.failure != Failure::everything ? decode(file, content.size) : QImage();
 }

@@ -4,10 +4,12 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 FakeMainThread::FakeMainThread(std::shared_ptr<EventLog> log) : m_log(std::move(log)) {}
 
 void FakeMainThread::async(std::function<void()> task) {
-  m_log->add(QStringLiteral("mainThread: async"));
+  m_log->add(u"mainThread: async"_s);
   const std::lock_guard lock(m_mutex);
   m_tasks.push_back(std::move(task));
 }

@@ -4,6 +4,8 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 FakeRemoteCommand::FakeRemoteCommand(QString name, std::shared_ptr<EventLog> log)
     : m_name(std::move(name)), m_log(std::move(log)) {}
 
@@ -14,7 +16,7 @@ void FakeRemoteCommand::setEnabled(bool enabled) {
 
 void FakeRemoteCommand::addHandler(Handler handler) {
   m_handlers.push_back(std::move(handler));
-  m_log->add(m_name + QLatin1String(": addHandler"));
+  m_log->add(m_name + ": addHandler"_L1);
 }
 
 std::vector<RemoteCommandHandlerStatus> FakeRemoteCommand::send() const {

@@ -2,9 +2,9 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 FakeRemoteCommandCenter::FakeRemoteCommandCenter(const std::shared_ptr<EventLog>& log)
-    : m_play(QStringLiteral("play"), log),
-      m_pause(QStringLiteral("pause"), log),
-      m_toggle(QStringLiteral("toggle"), log) {}
+    : m_play(u"play"_s, log), m_pause(u"pause"_s, log), m_toggle(u"toggle"_s, log) {}
 
 }  // namespace mireval

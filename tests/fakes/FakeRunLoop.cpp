@@ -5,6 +5,8 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 class FakeRunLoop::Timer final : public RepeatingTimer {
  public:
   Timer(std::size_t number, std::function<void()> block, std::shared_ptr<EventLog> log)
@@ -12,7 +14,7 @@ class FakeRunLoop::Timer final : public RepeatingTimer {
 
   void invalidate() override {
     m_valid = false;
-    m_log->add(QStringLiteral("runLoop: timer %1 invalidated").arg(m_number));
+    m_log->add(u"runLoop: timer %1 invalidated"_s.arg(m_number));
   }
 
   bool isValid() const { return m_valid; }
@@ -30,7 +32,7 @@ FakeRunLoop::FakeRunLoop(std::shared_ptr<EventLog> log) : m_log(std::move(log)) 
 std::shared_ptr<RepeatingTimer> FakeRunLoop::scheduleRepeatingTimer(std::chrono::milliseconds interval,
                                                                     std::function<void()> block) {
   const std::size_t number = m_timers.size() + 1;
-  m_log->add(QStringLiteral("runLoop: timer %1 every %2 ms").arg(number).arg(interval.count()));
+  m_log->add(u"runLoop: timer %1 every %2 ms"_s.arg(number).arg(interval.count()));
   return m_timers.emplace_back(std::make_shared<Timer>(number, std::move(block), m_log));
 }
 

@@ -13,23 +13,24 @@
 namespace mireval::soundtrack::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 std::vector<ReportTrack> wholeCatalogue() {
   std::vector<ReportTrack> tracks;
   for (const auto& [mood, ofMood] : catalogue()) {
     for (const Track& track : ofMood) {
       ReportTrack report;
       report.track = track;
-      report.source =
-          TrackSource::parse(QStringLiteral("; %1 - %2 - what it is\n"
-                                            "piece \"%1\", 64, \"Db major\"\n"
-                                            "wash \"pad\", 60, \"1\"\ntune \"horn\", 60, \"1\", \"1\"\n")
-                                 .arg(track.title, rawValue(mood)));
-      report.audio = *track.resourceName + QStringLiteral(".m4a");
-      report.picture = *track.resourceName + QStringLiteral(".png");
+      report.source = TrackSource::parse(
+          u"; %1 - %2 - what it is\n"
+          "piece \"%1\", 64, \"Db major\"\n"
+          "wash \"pad\", 60, \"1\"\ntune \"horn\", 60, \"1\", \"1\"\n"_s.arg(track.title, rawValue(mood)));
+      report.audio = *track.resourceName + u".m4a"_s;
+      report.picture = *track.resourceName + u".png"_s;
       report.seconds = 177.4;
       report.bytes = 2'500'000;
       report.figures = {{"loudness", "LUFS", -18, {-18.3, -17.7}}, {"form", "dB", 3, {.least = 2}}};
-      report.nearest = QStringLiteral("Another");
+      report.nearest = u"Another"_s;
       tracks.push_back(report);
     }
   }
@@ -107,7 +108,7 @@ TEST(ReportPageTest, SaysInItsPlaceThatATrackIsMissing) {
   std::vector<ReportTrack> tracks = wholeCatalogue();
   ReportTrack missing;
   missing.track = tracks[20].track;
-  missing.problem = QStringLiteral("not rendered");
+  missing.problem = u"not rendered"_s;
   tracks[20] = missing;
   const std::string html = page(tracks);
   EXPECT_EQ(count(html, "<section class=\"track\""), 64);
@@ -123,7 +124,7 @@ TEST(ReportPageTest, HasAPlaceForATrackWhenAllAreMissing) {
   for (ReportTrack& track : tracks) {
     ReportTrack missing;
     missing.track = track.track;
-    missing.problem = QStringLiteral("not rendered");
+    missing.problem = u"not rendered"_s;
     track = missing;
   }
   EXPECT_EQ(count(page(tracks), "<section class=\"track\""), 64);
@@ -131,7 +132,7 @@ TEST(ReportPageTest, HasAPlaceForATrackWhenAllAreMissing) {
 }
 
 TEST(ReportPageTest, EscapesWhatItIsTold) {
-  const QString nasty = QStringLiteral("<b>\"A\" & 'B'</b>");
+  const QString nasty = u"<b>\"A\" & 'B'</b>"_s;
   ReportTrack track;
   track.track.title = nasty;
   track.track.detail = nasty;
@@ -155,11 +156,11 @@ TEST(ReportPageTest, EscapesWhatItIsTold) {
 
 TEST(ReportPageTest, DoesNotTakeATitleForAPlaceHolder) {
   ReportTrack track;
-  track.track.title = QStringLiteral("%1 %2 %3");
-  track.track.detail = QStringLiteral("%2 %1");
-  track.track.resourceName = QStringLiteral("focus-1");
+  track.track.title = u"%1 %2 %3"_s;
+  track.track.detail = u"%2 %1"_s;
+  track.track.resourceName = u"focus-1"_s;
   track.source = TrackSource();
-  track.source->description = QStringLiteral("%1");
+  track.source->description = u"%1"_s;
   EXPECT_EQ(
       count(section(page({track}), "focus-1"), "<h3>%1 %2 %3</h3>\n<p class=\"faint\">%2 %1</p>\n<p>%1</p>"),
       1);
@@ -176,12 +177,12 @@ TEST(ReportPageTest, NeedsNoNetwork) {
 /// What is opened is closed again, in the right order.
 TEST(ReportPageTest, IsWellFormed) {
   QString html = reportPage(wholeCatalogue());
-  const auto body = html.indexOf(QStringLiteral("<body>"));
-  html = html.mid(body, html.indexOf(QStringLiteral("<script>")) - body) + QStringLiteral("</body>");
+  const auto body = html.indexOf(u"<body>"_s);
+  html = html.mid(body, html.indexOf(u"<script>"_s) - body) + u"</body>"_s;
   for (const char* tag : {"br", "img"}) {
-    html.remove(QRegularExpression(QStringLiteral("<%1[^>]*>").arg(QLatin1String(tag))));
+    html.remove(QRegularExpression(u"<%1[^>]*>"_s.arg(QLatin1String(tag))));
   }
-  html.replace(QStringLiteral(" controls "), QStringLiteral(" controls=\"\" "));
+  html.replace(u" controls "_s, u" controls=\"\" "_s);
   QXmlStreamReader reader(html);
   while (!reader.atEnd()) {
     reader.readNext();

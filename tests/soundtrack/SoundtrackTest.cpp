@@ -14,6 +14,8 @@
 
 namespace mireval {
 
+using namespace Qt::StringLiterals;
+
 void PrintTo(const Track& track, std::ostream* stream) {
   *stream << track.title.toStdString();
 }
@@ -31,7 +33,7 @@ std::vector<Track> allTracks() {
 
 std::optional<std::filesystem::path> fileOf(const Track& track) {
   return FolderResourceBundle(RESOURCE_FOLDER)
-      .urlForResource(*track.resourceName, *track.fileExtension, QStringLiteral("PreviewAudio"));
+      .urlForResource(*track.resourceName, *track.fileExtension, u"PreviewAudio"_s);
 }
 
 std::string nameOf(const Track& track) {

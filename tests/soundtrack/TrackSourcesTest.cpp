@@ -15,6 +15,8 @@
 namespace mireval::soundtrack::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int mostLines = 40;
 
 std::filesystem::path folder() {
@@ -119,13 +121,12 @@ TEST(TrackSourcesTest, HaveALeadABedAndAProgression) {
 TEST(TrackSourcesTest, ShareNoTempoKeyAndFirstProgressionWithinAMood) {
   expectDifferent([](const TrackSource& source) {
     const Piece piece = source.piece.value_or(Piece());
-    return QStringLiteral("%1 bpm, %2, %3").arg(piece.tempo).arg(piece.key, source.firstProgression);
+    return u"%1 bpm, %2, %3"_s.arg(piece.tempo).arg(piece.key, source.firstProgression);
   });
 }
 
 TEST(TrackSourcesTest, ShareNoLeadAndBedWithinAMood) {
-  expectDifferent(
-      [](const TrackSource& source) { return QStringLiteral("%1 over %2").arg(source.lead, source.bed); });
+  expectDifferent([](const TrackSource& source) { return u"%1 over %2"_s.arg(source.lead, source.bed); });
 }
 
 TrackSource parse(const char* text) {

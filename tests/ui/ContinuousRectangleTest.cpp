@@ -10,6 +10,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 struct Cubic {
   std::array<QPointF, 4> points;
 
@@ -49,7 +51,8 @@ TEST(ContinuousRectangleTest, EveryCornerIsThreeCurvesThatReachSixteenTenthsOfTh
   const auto curves = curvesOf(continuousRectangle(panelArea, radius));
   ASSERT_EQ(curves.size(), 12U);
   const qreal reach = 1.6 * radius;
-  const std::array corners{panelArea.topRight(), panelArea.bottomRight(), panelArea.bottomLeft(), panelArea.topLeft()};
+  const std::array corners{panelArea.topRight(), panelArea.bottomRight(), panelArea.bottomLeft(),
+                           panelArea.topLeft()};
   for (std::size_t corner = 0; corner < corners.size(); ++corner) {
     const QPointF begin = curves[3 * corner].points.front() - corners.at(corner);
     const QPointF end = curves[3 * corner + 2].points.back() - corners.at(corner);
@@ -140,11 +143,11 @@ TEST(ContinuousRectangleTest, EmptyStaysEmpty) {
 }
 
 TEST(ContinuousRectangleTest, DataTellsTheSame) {
-  EXPECT_EQ(continuousRectangleData(10, 20, 0), QStringLiteral("M 0 0 L 10 0 L 10 20 L 0 20 L 0 0 Z"));
+  EXPECT_EQ(continuousRectangleData(10, 20, 0), u"M 0 0 L 10 0 L 10 20 L 0 20 L 0 0 Z"_s);
   const QString data = continuousRectangleData(338, 337, radius);
-  EXPECT_TRUE(data.startsWith(QStringLiteral("M 293.2 0 C "))) << data.toStdString();
+  EXPECT_TRUE(data.startsWith(u"M 293.2 0 C "_s)) << data.toStdString();
   EXPECT_EQ(data.count(QLatin1Char('C')), 12);
-  EXPECT_TRUE(data.endsWith(QStringLiteral("Z")));
+  EXPECT_TRUE(data.endsWith(u"Z"_s));
 }
 
 }  // namespace

@@ -13,6 +13,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class MenuBarSceneTest : public PanelFixture {
  protected:
   static constexpr QRect iconPlace{500, 12, 1, 1};
@@ -81,7 +83,7 @@ TEST_F(MenuBarSceneTest, PlaybackGoesOnWhileThePanelIsClosed) {
   EXPECT_TRUE(m_factory.newest().playing);
   m_controller->playNextTrack();
   m_menuBarExtra.click(iconPlace);
-  EXPECT_EQ(text(*m_scene.panel(), "position"), QStringLiteral("2 / 16"));
+  EXPECT_EQ(text(*m_scene.panel(), "position"), u"2 / 16"_s);
   EXPECT_EQ(text(*m_scene.panel(), "title"), m_controller->currentTrack()->title);
 }
 

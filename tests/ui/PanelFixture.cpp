@@ -12,6 +12,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 // By way of the visual parents: a repeater's items have no QObject parent.
 QQuickItem* findItem(QQuickItem* root, const QString& name) {
   if (root == nullptr || root->objectName() == name) {
@@ -40,7 +42,7 @@ PanelFixture::PanelFixture(std::unique_ptr<AudioLibraryProviding> provider) {
   constexpr int tracksPerMood = 16;
   for (const Mood mood : allMoods) {
     for (int number = 1; number <= tracksPerMood; ++number) {
-      m_bundle.add(QStringLiteral("PreviewAudio/%1-%2.m4a").arg(rawValue(mood)).arg(number));
+      m_bundle.add(u"PreviewAudio/%1-%2.m4a"_s.arg(rawValue(mood)).arg(number));
     }
   }
   m_controller = AudioPlayerController::create(

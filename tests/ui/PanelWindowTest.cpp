@@ -13,6 +13,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 struct ModeButton {
   const char* name;
   const char* symbol;
@@ -29,9 +31,9 @@ using PanelWindowTest = PanelFixture;
 
 TEST_F(PanelWindowTest, BeforeAnythingHasPlayed) {
   const auto panel = makePanel();
-  EXPECT_EQ(text(*panel, "title"), QStringLiteral("Select a mode"));
-  EXPECT_EQ(text(*panel, "position"), QStringLiteral("1 / 3"));
-  EXPECT_EQ(symbol(*panel, "transport-playPause"), QStringLiteral("play.fill"));
+  EXPECT_EQ(text(*panel, "title"), u"Select a mode"_s);
+  EXPECT_EQ(text(*panel, "position"), u"1 / 3"_s);
+  EXPECT_EQ(symbol(*panel, "transport-playPause"), u"play.fill"_s);
   EXPECT_EQ(item(*panel, "fill")->width(), 0);
   for (const ModeButton& button : modeButtons) {
     EXPECT_EQ(symbol(*panel, button.name), QString::fromUtf8(button.symbol));
@@ -88,7 +90,7 @@ TEST_F(PanelWindowTest, EachModeButtonStartsItsMode) {
     press(*panel, button.name);
     EXPECT_EQ(m_controller->currentMood(), button.mood);
     EXPECT_TRUE(m_controller->isPlaying());
-    EXPECT_EQ(text(*panel, "position"), QStringLiteral("1 / 16"));
+    EXPECT_EQ(text(*panel, "position"), u"1 / 16"_s);
     EXPECT_EQ(text(*panel, "title"), m_controller->currentTrack()->title);
     EXPECT_EQ(symbol(*panel, button.name), QString::fromUtf8(button.symbol));
     EXPECT_DOUBLE_EQ(item(*panel, button.name)->opacity(), 1.0);
@@ -112,12 +114,12 @@ TEST_F(PanelWindowTest, SelectedModePausesAndResumesItsTrack) {
   press(*panel, "transport-next");
   press(*panel, "mode-wind");
   EXPECT_FALSE(m_controller->isPlaying());
-  EXPECT_EQ(symbol(*panel, "mode-wind"), QStringLiteral("play.fill"));
+  EXPECT_EQ(symbol(*panel, "mode-wind"), u"play.fill"_s);
   EXPECT_TRUE(item(*panel, "mode-wind")->property("selected").toBool());
   EXPECT_DOUBLE_EQ(item(*panel, "mode-wind")->opacity(), 0.98);
   press(*panel, "mode-wind");
   EXPECT_TRUE(m_controller->isPlaying());
-  EXPECT_EQ(text(*panel, "position"), QStringLiteral("2 / 16"));
+  EXPECT_EQ(text(*panel, "position"), u"2 / 16"_s);
   EXPECT_EQ(m_factory.players().size(), 2U);
 }
 
@@ -126,7 +128,7 @@ TEST_F(PanelWindowTest, PlayWithoutModeStartsFocus) {
   press(*panel, "transport-playPause");
   EXPECT_EQ(m_controller->currentMood(), Mood::focus);
   EXPECT_TRUE(m_controller->isPlaying());
-  EXPECT_EQ(symbol(*panel, "transport-playPause"), QStringLiteral("pause.fill"));
+  EXPECT_EQ(symbol(*panel, "transport-playPause"), u"pause.fill"_s);
 }
 
 TEST_F(PanelWindowTest, PlayOnPausedModeRestartsIt) {
@@ -139,7 +141,7 @@ TEST_F(PanelWindowTest, PlayOnPausedModeRestartsIt) {
   press(*panel, "transport-playPause");
   EXPECT_TRUE(m_controller->isPlaying());
   EXPECT_EQ(m_controller->currentMood(), Mood::creative);
-  EXPECT_EQ(text(*panel, "position"), QStringLiteral("1 / 16"));
+  EXPECT_EQ(text(*panel, "position"), u"1 / 16"_s);
   EXPECT_EQ(m_factory.players().size(), 3U);
 }
 
@@ -150,17 +152,17 @@ TEST_F(PanelWindowTest, NextAndPreviousJoinTheEnds) {
   EXPECT_TRUE(m_factory.players().empty());
   press(*panel, "mode-scope");
   press(*panel, "transport-previous");
-  EXPECT_EQ(text(*panel, "position"), QStringLiteral("16 / 16"));
+  EXPECT_EQ(text(*panel, "position"), u"16 / 16"_s);
   press(*panel, "transport-next");
-  EXPECT_EQ(text(*panel, "position"), QStringLiteral("1 / 16"));
+  EXPECT_EQ(text(*panel, "position"), u"1 / 16"_s);
 }
 
 TEST_F(PanelWindowTest, FailedModeIsSelectedAgainByItsButton) {
   const auto panel = makePanel();
-  m_factory.failWith(QStringLiteral("no sound"));
+  m_factory.failWith(u"no sound"_s);
   press(*panel, "mode-scope");
   EXPECT_FALSE(m_controller->isPlaying());
-  EXPECT_EQ(symbol(*panel, "mode-scope"), QStringLiteral("play.fill"));
+  EXPECT_EQ(symbol(*panel, "mode-scope"), u"play.fill"_s);
   EXPECT_EQ(text(*panel, "title"), m_controller->currentTrack()->title);
 }
 
@@ -217,8 +219,7 @@ TEST_F(PanelWindowTest, KeyboardReachesEveryButton) {
     QTest::keyClick(panel.get(), Qt::Key_Tab);
     labels << panel->activeFocusItem()->property("label").toString();
   }
-  EXPECT_EQ(labels.join(QLatin1Char(' ')),
-            QStringLiteral("Focus Tempo Create Relax Previous Play Next Quit"));
+  EXPECT_EQ(labels.join(QLatin1Char(' ')), u"Focus Tempo Create Relax Previous Play Next Quit"_s);
 }
 
 TEST_F(PanelWindowTest, SpaceAndReturnPress) {
@@ -244,23 +245,23 @@ TEST_F(PanelWindowTest, ButtonsTellTheirNames) {
 }
 
 TEST_F(PanelWindowTest, ButtonsTellTheirNamesInEveryLanguage) {
-  m_systemLanguages.setPreferredLanguages({QStringLiteral("ja")});
+  m_systemLanguages.setPreferredLanguages({u"ja"_s});
   const auto panel = makePanel();
   const auto name = [&](const char* button) {
     QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(item(*panel, button));
     return accessible == nullptr ? QString() : accessible->text(QAccessible::Name);
   };
-  EXPECT_EQ(name("mode-wind"), QStringLiteral("リラックス"));
-  EXPECT_EQ(name("transport-previous"), QStringLiteral("前の曲"));
-  EXPECT_EQ(name("transport-playPause"), QStringLiteral("再生"));
-  EXPECT_EQ(name("transport-next"), QStringLiteral("次の曲"));
-  EXPECT_EQ(name("quit"), QStringLiteral("終了"));
-  EXPECT_EQ(name("position"), QStringLiteral("1 / 3"));
+  EXPECT_EQ(name("mode-wind"), u"リラックス"_s);
+  EXPECT_EQ(name("transport-previous"), u"前の曲"_s);
+  EXPECT_EQ(name("transport-playPause"), u"再生"_s);
+  EXPECT_EQ(name("transport-next"), u"次の曲"_s);
+  EXPECT_EQ(name("quit"), u"終了"_s);
+  EXPECT_EQ(name("position"), u"1 / 3"_s);
   press(*panel, "mode-wind");
-  EXPECT_EQ(name("transport-playPause"), QStringLiteral("一時停止"));
+  EXPECT_EQ(name("transport-playPause"), u"一時停止"_s);
   speak("zh_TW");
-  EXPECT_EQ(name("mode-wind"), QStringLiteral("放鬆"));
-  EXPECT_EQ(name("transport-playPause"), QStringLiteral("暫停"));
+  EXPECT_EQ(name("mode-wind"), u"放鬆"_s);
+  EXPECT_EQ(name("transport-playPause"), u"暫停"_s);
 }
 
 TEST_F(PanelWindowTest, LanguageChangesInTheOpenPanel) {
@@ -278,19 +279,14 @@ TEST_F(PanelWindowTest, LanguageChangesInTheOpenPanel) {
     QString relaxation;
     QString quit;
   };
-  const std::array languages{
-      Language{"zh-Hans", QStringLiteral("正在播放"), QStringLiteral("选择一个分类"), QStringLiteral("聚焦"),
-               QStringLiteral("节奏"), QStringLiteral("创意"), QStringLiteral("放松"),
-               QStringLiteral("退出")},
-      Language{"zh-Hant", QStringLiteral("正在播放"), QStringLiteral("選擇一個分類"), QStringLiteral("聚焦"),
-               QStringLiteral("節奏"), QStringLiteral("創意"), QStringLiteral("放鬆"),
-               QStringLiteral("退出")},
-      Language{"ja", QStringLiteral("再生中"), QStringLiteral("カテゴリを選択"), QStringLiteral("集中"),
-               QStringLiteral("テンポ"), QStringLiteral("創造"), QStringLiteral("リラックス"),
-               QStringLiteral("終了")},
-      Language{"en", QStringLiteral("Now Playing"), QStringLiteral("Select a mode"), QStringLiteral("Focus"),
-               QStringLiteral("Tempo"), QStringLiteral("Create"), QStringLiteral("Relax"),
-               QStringLiteral("Quit")}};
+  const std::array languages{Language{"zh-Hans", u"正在播放"_s, u"选择一个分类"_s, u"聚焦"_s, u"节奏"_s,
+                                      u"创意"_s, u"放松"_s, u"退出"_s},
+                             Language{"zh-Hant", u"正在播放"_s, u"選擇一個分類"_s, u"聚焦"_s, u"節奏"_s,
+                                      u"創意"_s, u"放鬆"_s, u"退出"_s},
+                             Language{"ja", u"再生中"_s, u"カテゴリを選択"_s, u"集中"_s, u"テンポ"_s,
+                                      u"創造"_s, u"リラックス"_s, u"終了"_s},
+                             Language{"en", u"Now Playing"_s, u"Select a mode"_s, u"Focus"_s, u"Tempo"_s,
+                                      u"Create"_s, u"Relax"_s, u"Quit"_s}};
   for (const Language& language : languages) {
     speak(language.tag);
     EXPECT_EQ(text(*panel, "caption"), language.caption);
@@ -302,7 +298,7 @@ TEST_F(PanelWindowTest, LanguageChangesInTheOpenPanel) {
     EXPECT_EQ(item(*panel, "quit")->property("label").toString(), language.quit);
   }
   m_localization.setLanguageOption(AppLanguageOption::japanese);
-  EXPECT_EQ(text(*panel, "caption"), QStringLiteral("再生中"));
+  EXPECT_EQ(text(*panel, "caption"), u"再生中"_s);
 }
 
 TEST_F(PanelWindowTest, WindowFollowsTheHeightOfTheTexts) {
@@ -331,7 +327,7 @@ TEST_F(PanelWindowTest, LongTitleIsCutToOneLine) {
   press(*panel, "mode-scope");
   QQuickItem* const title = item(*panel, "title");
   const qreal height = title->height();
-  title->setProperty("text", QStringLiteral("wide ").repeated(100));
+  title->setProperty("text", u"wide "_s.repeated(100));
   EXPECT_TRUE(title->property("truncated").toBool());
   EXPECT_EQ(title->width(), 278);
   EXPECT_EQ(title->height(), height);
@@ -356,9 +352,9 @@ TEST_F(PanelWindowTest, RingShowsWhereTheKeyboardIs) {
     EXPECT_EQ(ringedButtons(), QString::fromUtf8(name));
   }
   QTest::keyClick(panel.get(), Qt::Key_Backtab);
-  EXPECT_EQ(ringedButtons(), QStringLiteral("transport-next"));
+  EXPECT_EQ(ringedButtons(), u"transport-next"_s);
   press(*panel, "mode-wind");
-  EXPECT_EQ(ringedButtons(), QStringLiteral("transport-next"));
+  EXPECT_EQ(ringedButtons(), u"transport-next"_s);
 }
 
 TEST_F(PanelWindowTest, SettingsCommandIsPassedOn) {

@@ -14,6 +14,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class SettingsSceneTest : public PanelFixture {
  protected:
   SettingsWindow& open() {
@@ -30,9 +32,9 @@ TEST_F(SettingsSceneTest, NothingAtFirst) {
 }
 
 TEST_F(SettingsSceneTest, AFramedWindowOfTheViewsSizeForGood) {
-  QGuiApplication::setApplicationDisplayName(QStringLiteral("Mireval"));
+  QGuiApplication::setApplicationDisplayName(u"Mireval"_s);
   const SettingsWindow& window = open();
-  EXPECT_EQ(window.title(), QStringLiteral("Mireval"));
+  EXPECT_EQ(window.title(), u"Mireval"_s);
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(window.flags().testFlag(Qt::FramelessWindowHint));
   EXPECT_TRUE(window.flags().testFlag(Qt::WindowCloseButtonHint));

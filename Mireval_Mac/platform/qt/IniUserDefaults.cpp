@@ -15,6 +15,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 namespace fs = std::filesystem;
 
 constexpr qsizetype maxFileBytes = 1 << 20;
@@ -115,7 +117,7 @@ void IniUserDefaults::set(QStringView key, const QString& value) {
   }
   makeFolders(m_file.parent_path());
   const QString name = nameOf(m_file);
-  QLockFile lock(name + QLatin1String(".lock"));
+  QLockFile lock(name + ".lock"_L1);
   if (!lock.tryLock(lockTimeoutMilliseconds)) {
     return;
   }

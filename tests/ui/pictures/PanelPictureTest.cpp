@@ -10,6 +10,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 enum class State { nothing, playing, paused, failed };
 
 const char* nameOf(State state) {
@@ -42,7 +44,7 @@ class PanelPictureTest : public PictureFixture, public testing::WithParamInterfa
         press(panel, "mode-wind");
         break;
       case State::failed:
-        m_factory.failWith(QStringLiteral("no sound"));
+        m_factory.failWith(u"no sound"_s);
         press(panel, "mode-sparkles");
         break;
     }
@@ -55,10 +57,9 @@ TEST_P(PanelPictureTest, LooksAsEver) {
   m_colorScheme.setDark(dark);
   const auto panel = makePanel();
   bringAbout(*panel, state);
-  compareWithReference(
-      *panel, QStringLiteral("panel-%1-%2-%3")
-                  .arg(QString::fromUtf8(language), dark ? QStringLiteral("dark") : QStringLiteral("light"),
-                       QString::fromUtf8(nameOf(state))));
+  compareWithReference(*panel,
+                       u"panel-%1-%2-%3"_s.arg(QString::fromUtf8(language), dark ? u"dark"_s : u"light"_s,
+                                               QString::fromUtf8(nameOf(state))));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PanelPictureTest,
@@ -73,7 +74,7 @@ TEST_P(FocusPictureTest, RingIsSeen) {
   m_colorScheme.setDark(GetParam());
   const auto panel = makePanel();
   press(*panel, "mode-scope");
-  const QString scheme = GetParam() ? QStringLiteral("dark") : QStringLiteral("light");
+  const QString scheme = GetParam() ? u"dark"_s : u"light"_s;
   struct Stop {
     int tabs;
     const char* name;
@@ -83,7 +84,7 @@ TEST_P(FocusPictureTest, RingIsSeen) {
     for (int tab = 0; tab < stop.tabs; ++tab) {
       QTest::keyClick(panel.get(), Qt::Key_Tab);
     }
-    compareWithReference(*panel, QStringLiteral("focus-%1-%2").arg(scheme, QString::fromUtf8(stop.name)));
+    compareWithReference(*panel, u"focus-%1-%2"_s.arg(scheme, QString::fromUtf8(stop.name)));
   }
 }
 
@@ -97,14 +98,14 @@ class OpenPanelPictureTest : public PictureFixture {};
 TEST_F(OpenPanelPictureTest, FollowsLanguageAndSchemeWhileOpen) {
   const auto panel = makePanel();
   speak("ja");
-  compareWithReference(*panel, QStringLiteral("panel-ja-light-nothing"));
+  compareWithReference(*panel, u"panel-ja-light-nothing"_s);
   m_colorScheme.setDark(true);
-  compareWithReference(*panel, QStringLiteral("panel-ja-dark-nothing"));
+  compareWithReference(*panel, u"panel-ja-dark-nothing"_s);
   speak("zh_CN");
-  compareWithReference(*panel, QStringLiteral("panel-zh-Hans-dark-nothing"));
+  compareWithReference(*panel, u"panel-zh-Hans-dark-nothing"_s);
   m_colorScheme.setDark(false);
   speak("en_GB");
-  compareWithReference(*panel, QStringLiteral("panel-en-light-nothing"));
+  compareWithReference(*panel, u"panel-en-light-nothing"_s);
 }
 
 TEST_F(OpenPanelPictureTest, FramedWindowGrowsWithTheTexts) {

@@ -14,18 +14,20 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int tracksPerMood = 16;
 
 QString titleOf(Mood mood, int number) {
   switch (mood) {
     case Mood::relaxation:
-      return QStringLiteral("A Very Long Walk Along the River Before the Rain, No. %1").arg(number);
+      return u"A Very Long Walk Along the River Before the Rain, No. %1"_s.arg(number);
     case Mood::creative:
-      return QStringLiteral("Paper Lanterns %1").arg(number);
+      return u"Paper Lanterns %1"_s.arg(number);
     case Mood::focus:
-      return QStringLiteral("Quiet Desk %1").arg(number);
+      return u"Quiet Desk %1"_s.arg(number);
     case Mood::tempo:
-      return QStringLiteral("Even Steps %1").arg(number);
+      return u"Even Steps %1"_s.arg(number);
   }
   return {};
 }
@@ -38,8 +40,8 @@ std::unique_ptr<AudioLibraryProviding> fixedLibrary() {
       Track track;
       track.mood = mood;
       track.title = titleOf(mood, number);
-      track.resourceName = QStringLiteral("%1-%2").arg(rawValue(mood)).arg(number);
-      track.fileExtension = QStringLiteral("m4a");
+      track.resourceName = u"%1-%2"_s.arg(rawValue(mood)).arg(number);
+      track.fileExtension = u"m4a"_s;
       tracks.append(track);
     }
     library->setPlayableTracks(mood, tracks);
@@ -85,7 +87,7 @@ QImage PictureFixture::picture(QWindow& window) {
 }
 
 void PictureFixture::compareWithReference(QWindow& window, const QString& name) {
-  const QString fileName = name + QStringLiteral(".png");
+  const QString fileName = name + u".png"_s;
   const QDir references(qEnvironmentVariable("MIREVAL_PICTURES"));
   const QDir taken(qEnvironmentVariable("MIREVAL_SCREENSHOTS"));
   if (qEnvironmentVariableIsSet("MIREVAL_RECORD_PICTURES")) {

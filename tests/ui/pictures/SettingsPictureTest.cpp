@@ -11,6 +11,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using SettingsParameters = std::tuple<const char*, bool>;
 
 std::string nameOfSettingsTest(const testing::TestParamInfo<SettingsParameters>& info) {
@@ -35,9 +37,8 @@ TEST_P(SettingsPictureTest, LooksAsEver) {
   EXPECT_EQ(seen.pixelColor(seen.width() * 9 / 10, seen.height() * 8 / 10),
             dark ? QColor(13, 16, 21) : QColor(246, 243, 237));
   EXPECT_EQ(seen.pixelColor(0, 0), dark ? QColor(Qt::black) : QColor(Qt::white));
-  compareWithReference(
-      window, QStringLiteral("settings-%1-%2")
-                  .arg(QString::fromUtf8(language), dark ? QStringLiteral("dark") : QStringLiteral("light")));
+  compareWithReference(window,
+                       u"settings-%1-%2"_s.arg(QString::fromUtf8(language), dark ? u"dark"_s : u"light"_s));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SettingsPictureTest,
@@ -51,13 +52,13 @@ TEST_F(OpenSettingsPictureTest, FollowsLanguageAndSchemeWhileOpen) {
   SettingsWindow window("", m_localization, m_colorScheme);
   window.open();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-  compareWithReference(window, QStringLiteral("settings-zh-Hant-light"));
+  compareWithReference(window, u"settings-zh-Hant-light"_s);
   m_colorScheme.setDark(true);
-  compareWithReference(window, QStringLiteral("settings-zh-Hant-dark"));
+  compareWithReference(window, u"settings-zh-Hant-dark"_s);
   speak("ja");
-  compareWithReference(window, QStringLiteral("settings-ja-dark"));
+  compareWithReference(window, u"settings-ja-dark"_s);
   speak("fr");
-  compareWithReference(window, QStringLiteral("settings-en-dark"));
+  compareWithReference(window, u"settings-en-dark"_s);
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 struct Shaped {
   QList<quint32> glyphs;
 
@@ -44,7 +46,7 @@ TEST(TextTest, EveryCharacterHasAGlyph) {
 
 TEST(TextTest, SharedCharactersComeInTheShapesOfTheLanguage) {
   // Each of the three writes it differently; the families' fonts are one file in which each has its glyphs.
-  const QString bone = QStringLiteral("骨");
+  const QString bone = u"骨"_s;
   const QList<quint32> simplified = shape(bone, AppLanguage::chineseSimplified).glyphs;
   const QList<quint32> traditional = shape(bone, AppLanguage::chineseTraditional).glyphs;
   const QList<quint32> japanese = shape(bone, AppLanguage::japanese).glyphs;

@@ -17,6 +17,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr const char* objectPath = "/StatusNotifierItem";
 constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
 constexpr const char* watcher = "org.kde.StatusNotifierWatcher";
@@ -43,7 +45,7 @@ constexpr const char* hostWentRule =
     "interface='org.kde.StatusNotifierWatcher',member='StatusNotifierHostUnregistered'";
 
 QByteArray processName(std::uint32_t process) {
-  QFile file(QStringLiteral("/proc/%1/comm").arg(process));
+  QFile file(u"/proc/%1/comm"_s.arg(process));
   return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
 }
 

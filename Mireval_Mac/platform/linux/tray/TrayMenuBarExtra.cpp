@@ -9,6 +9,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 // At the start of a session panels come up after the applications that they show, and a panel that crashed
@@ -33,7 +35,7 @@ void TrayMenuBarExtra::show(const std::filesystem::path& image, Handlers handler
   m_image = image;
   m_handlers = std::move(handlers);
   // Only Qt's Wayland windows use tokens.
-  const bool usesTokens = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+  const bool usesTokens = QGuiApplication::platformName().startsWith("wayland"_L1);
   using Tokens = StatusNotifierItem::ActivationTokens;
   m_item = std::make_unique<StatusNotifierItem>(m_sessionBus, image,
                                                 usesTokens ? Tokens::wanted : Tokens::unwanted);

@@ -11,6 +11,8 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QIcon iconFrom(const std::filesystem::path& image) {
   const IconImages images(image);
   QIcon icon;
@@ -24,7 +26,7 @@ QIcon iconFrom(const std::filesystem::path& image) {
 }  // namespace
 
 std::unique_ptr<EmbeddedIcon> XEmbedIcon::make(const std::filesystem::path& image) {
-  if (QGuiApplication::platformName() != QLatin1String("xcb")) {
+  if (QGuiApplication::platformName() != "xcb"_L1) {
     return nullptr;
   }
   return std::unique_ptr<XEmbedIcon>(new XEmbedIcon(image));

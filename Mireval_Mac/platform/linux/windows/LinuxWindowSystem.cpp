@@ -18,12 +18,13 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// Whether the X server shows its windows on a Wayland desktop.
 bool isInsideWayland(const X11Connection& x11) {
   // Before its version 23.1, Xwayland could be told only by what it calls its screens.
   const QScreen* const screen = QGuiApplication::primaryScreen();
-  return x11.hasExtension("XWAYLAND") ||
-         (screen != nullptr && screen->name().startsWith(QLatin1String("XWAYLAND")));
+  return x11.hasExtension("XWAYLAND") || (screen != nullptr && screen->name().startsWith("XWAYLAND"_L1));
 }
 
 QByteArray windowManager(const X11Connection& x11) {

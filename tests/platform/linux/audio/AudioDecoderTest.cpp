@@ -13,6 +13,8 @@
 namespace mireval::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 class AudioDecoderTest : public testing::Test {
@@ -132,12 +134,12 @@ TEST_F(AudioDecoderTest, SkipsFramesThatAreMissing) {
 }
 
 TEST_F(AudioDecoderTest, RefusesWhatIsNoRegularFileWithoutWaitingForIt) {
-  EXPECT_EQ(errorOf(files.folder() / "nothing.m4a"), QStringLiteral("No such file or directory"));
+  EXPECT_EQ(errorOf(files.folder() / "nothing.m4a"), u"No such file or directory"_s);
   std::filesystem::create_directory(files.folder() / "folder.m4a");
-  EXPECT_EQ(errorOf(files.folder() / "folder.m4a"), QStringLiteral("Is a directory"));
+  EXPECT_EQ(errorOf(files.folder() / "folder.m4a"), u"Is a directory"_s);
   const auto pipe = files.folder() / "pipe.m4a";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  EXPECT_EQ(errorOf(pipe), QStringLiteral("Invalid argument"));
+  EXPECT_EQ(errorOf(pipe), u"Invalid argument"_s);
 }
 
 TEST_F(AudioDecoderTest, RefusesWhatIsNoWholeMpeg4File) {
@@ -156,7 +158,7 @@ TEST_F(AudioDecoderTest, RefusesAListThatNamesOtherFiles) {
 
 TEST_F(AudioDecoderTest, RefusesAFileWithoutAudio) {
   const auto video = files.make("video.mp4", {"-f", "lavfi", "-i", "color=red:s=64x64:d=1", "-c:v", "mpeg4"});
-  EXPECT_EQ(errorOf(video), QStringLiteral("Stream not found"));
+  EXPECT_EQ(errorOf(video), u"Stream not found"_s);
   std::string content = AudioFiles::contentOf(files.tone(440, 1));
   const std::size_t begin = content.find("mdat") + 4;
   const std::size_t end = content.find("moov") - 4;

@@ -7,17 +7,19 @@
 namespace mireval::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(LazyAudioPlayerFactoryTest, TellsWhyAFileIsRefusedOnceTheModuleIsLoaded) {
   const AudioFiles files;
   LazyAudioPlayerFactory factory(AUDIO_MODULE);
-  EXPECT_EQ(factory.create(files.folder() / "none.m4a").error(), QStringLiteral("No such file or directory"));
+  EXPECT_EQ(factory.create(files.folder() / "none.m4a").error(), u"No such file or directory"_s);
 }
 
 TEST(LazyAudioPlayerFactoryTest, MayBeWarmedUpAnyNumberOfTimes) {
   LazyAudioPlayerFactory factory(AUDIO_MODULE);
   factory.warmUp();
   factory.warmUp();
-  EXPECT_EQ(factory.create("/nowhere.m4a").error(), QStringLiteral("No such file or directory"));
+  EXPECT_EQ(factory.create("/nowhere.m4a").error(), u"No such file or directory"_s);
   factory.warmUp();
 }
 
@@ -31,16 +33,14 @@ TEST(LazyAudioPlayerFactoryTest, TreatsAMissingModuleAsAnOrdinaryError) {
   factory.warmUp();
   const AudioPlayerResult result = factory.create("/nowhere.m4a");
   ASSERT_FALSE(result);
-  EXPECT_TRUE(result.error().contains(QStringLiteral("/nowhere/libmireval-audio.so")))
-      << result.error().toStdString();
+  EXPECT_TRUE(result.error().contains(u"/nowhere/libmireval-audio.so"_s)) << result.error().toStdString();
 }
 
 TEST(LazyAudioPlayerFactoryTest, TreatsALibraryThatIsNoModuleAsAnOrdinaryError) {
   LazyAudioPlayerFactory factory("libm.so.6");
   const AudioPlayerResult result = factory.create("/nowhere.m4a");
   ASSERT_FALSE(result);
-  EXPECT_TRUE(result.error().contains(QStringLiteral("mirevalMakeAudioPlayerFactory")))
-      << result.error().toStdString();
+  EXPECT_TRUE(result.error().contains(u"mirevalMakeAudioPlayerFactory"_s)) << result.error().toStdString();
 }
 
 }  // namespace

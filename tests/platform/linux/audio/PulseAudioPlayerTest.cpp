@@ -16,6 +16,8 @@
 namespace mireval::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
@@ -452,11 +454,11 @@ TEST_P(PulseAudioPlayerTest, EndsPromptlyWhileTheServerIsFrozen) {
 }
 
 TEST_P(PulseAudioPlayerTest, RefusesABadFileAndAnAbsentServerWithAReason) {
-  EXPECT_EQ(factory.create(files.folder() / "none.m4a").error(), QStringLiteral("No such file or directory"));
+  EXPECT_EQ(factory.create(files.folder() / "none.m4a").error(), u"No such file or directory"_s);
   const auto file = files.tone(440, 1);
   server.kill();
   ASSERT_TRUE(waitUntil([&] { return !factory.create(file); }, 2s));
-  EXPECT_EQ(factory.create(file).error(), QStringLiteral("Connection refused"));
+  EXPECT_EQ(factory.create(file).error(), u"Connection refused"_s);
   server.start();
   EXPECT_TRUE(factory.create(file));
 }

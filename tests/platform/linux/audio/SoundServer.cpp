@@ -10,6 +10,8 @@
 namespace mireval::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 constexpr const char* nullSink = "module-null-sink sink_name=null format=float32le rate=44100";
@@ -17,7 +19,7 @@ constexpr const char* nullSink = "module-null-sink sink_name=null format=float32
 }  // namespace
 
 SoundServer::SoundServer(Kind kind) : m_kind(kind) {
-  std::filesystem::create_directories(m_folder.filePath(QStringLiteral("pulse")).toStdString());
+  std::filesystem::create_directories(m_folder.filePath(u"pulse"_s).toStdString());
 }
 
 std::map<std::string, std::string> SoundServer::environment() const {
