@@ -12,7 +12,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString head = uR"html(<!DOCTYPE html>
+const QString head =
+    uR"html(<!DOCTYPE html>
 <html lang="en">
 <head>
 <meta charset="utf-8">
@@ -54,7 +55,8 @@ the bottom; the level from -42 to -10 dB, with the loudness of the last three se
 tell every thirty seconds. A figure outside its limits looks <span class="bad">like this</span>.</p>
 )html"_s;
 
-const QString tail = uR"html(<script>
+const QString tail =
+    uR"html(<script>
 addEventListener("play", event => {
   for (const player of document.querySelectorAll("audio")) if (player !== event.target) player.pause();
 }, true);
