@@ -227,10 +227,10 @@ class StrangeBus : public QObject {
   int m_connections = 0;
 };
 
-/// Answers Hello and closes the connection soon after. Deletes itself then.
+/// Answers Hello and closes the connection soon after. Deletes itself then, or goes with its parent.
 class ShortWelcome : public QObject {
  public:
-  explicit ShortWelcome(int client) {
+  ShortWelcome(int client, QObject* parent) : QObject(parent) {
     sd_bus_new(&m_server);
     sd_bus_set_fd(m_server, client, client);
     sd_id128_t id{};
@@ -266,7 +266,8 @@ TEST_F(MessageBusTest, ABusThatDropsEachConnectionIsTriedOnce) {
 }
 
 TEST_F(MessageBusTest, ABusThatWelcomesAndDropsEachConnectionIsTriedFiveTimesASecond) {
-  const StrangeBus bus(m_bus.address(), [](int client) { new ShortWelcome(client); });
+  QObject welcomes;
+  const StrangeBus bus(m_bus.address(), [&welcomes](int client) { new ShortWelcome(client, &welcomes); });
   attach();
   ASSERT_TRUE(waitFor([this] { return m_lost.size() >= 2; }));
   const int before = bus.connections();
