@@ -7,6 +7,9 @@ from pathlib import Path
 from screen import ICON_COLOUR
 from session import wait_for
 
+# Said by Qt 6.8.
+OBJECT_HAS_GONE = "qt.accessibility.atspi: Could not find accessible on path: "
+
 
 class Player:
     def __init__(self, session, program, resources=None, *, arguments=(), name="player", environment=None):
@@ -26,7 +29,9 @@ class Player:
 
     @property
     def errors(self):
-        return self._stderr.read_text(encoding="utf-8")
+        """What it wrote to standard error, without Qt's answers to our own questions about objects that have gone."""
+        lines = self._stderr.read_text(encoding="utf-8").splitlines(keepends=True)
+        return "".join(line for line in lines if not line.startswith(OBJECT_HAS_GONE))
 
     def is_running(self):
         return self.process.poll() is None
