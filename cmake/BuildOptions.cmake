@@ -11,9 +11,12 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 option(MIREVAL_LINK_TIME_OPTIMISATION "Optimise across files when linking" OFF)
 set(MIREVAL_SANITIZERS "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
-# What was compiled before, also in another folder, is not compiled again.
+# What was compiled before is not compiled again; for the tests, also when it was in another folder. The cache then calls
+# the compiler with relative paths, which would show in what users run.
 find_program(CCACHE ccache)
-if(CCACHE)
+if(CCACHE AND MIREVAL_LINK_TIME_OPTIMISATION)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+elseif(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
     CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true ${CCACHE})
 endif()
