@@ -98,7 +98,7 @@ IniUserDefaults::IniUserDefaults(fs::path file) : m_file(std::move(file)) {}
 
 IniUserDefaults IniUserDefaults::forCurrentUser() {
   const fs::path named = qgetenv("XDG_CONFIG_HOME").toStdString();
-  // The specification says to ignore a relative path.
+  // The base directory standard says to ignore a relative path.
   const fs::path folder =
       named.is_absolute() ? named : fs::path(QFile::encodeName(QDir::homePath()).toStdString()) / ".config";
   return IniUserDefaults(folder / "mireval" / "mireval.conf");
