@@ -361,7 +361,11 @@ class EmbeddedIconTest(TrayCase):
                 time.sleep(0.4)
                 self.assertIsNone(self.panel())
 
+        before = self.session.windows("--class", "tint2")
         compositor = self.start_compositor()
+        # It starts anew then, and embeds the icon anew.
+        wait_for(lambda: (now := self.session.windows("--class", "tint2")) and not set(now) & set(before),
+                 "the bar on the compositor")
         icon = centre_of(self.find_icon(bar))
         panel = self.open_panel(icon)
         shot = self.session.screenshot("blended")
