@@ -46,7 +46,7 @@ std::vector<Strut> struts(const X11Connection& x11) {
 }  // namespace
 
 std::unique_ptr<DropDown> LinuxWindowSystem::makeDropDown(QWindow& window) const {
-  const auto x11 = X11Connection::ofApplication();
+  const auto x11 = X11Connection::forApplication();
   if (!x11) {
     return std::make_unique<DesktopPlacedDropDown>(window);
   }
@@ -61,19 +61,19 @@ std::unique_ptr<DropDown> LinuxWindowSystem::makeDropDown(QWindow& window) const
 }
 
 std::unique_ptr<PointerFinder> LinuxWindowSystem::findPointer() const {
-  const auto x11 = X11Connection::ofApplication();
+  const auto x11 = X11Connection::forApplication();
   return x11 && isInsideWayland(*x11) ? std::make_unique<XwaylandPointerFinder>() : nullptr;
 }
 
 bool LinuxWindowSystem::blendsWindows() const {
-  const auto x11 = X11Connection::ofApplication();
+  const auto x11 = X11Connection::forApplication();
   // A compositor owns this selection as long as it runs; Wayland desktops are compositors.
   return !x11 || x11->selectionHasOwner("_NET_WM_CM_S0") || isInsideWayland(*x11);
 }
 
 std::vector<ScreenArea> LinuxWindowSystem::screens() const {
   // With several screens Qt does not tell what bars leave of them.
-  const auto x11 = X11Connection::ofApplication();
+  const auto x11 = X11Connection::forApplication();
   const std::vector<Strut> bars = x11 ? struts(*x11) : std::vector<Strut>();
   std::vector<ScreenArea> areas;
   for (const QScreen* const screen : QGuiApplication::screens()) {
@@ -92,7 +92,7 @@ std::vector<ScreenArea> LinuxWindowSystem::screens() const {
 }
 
 std::optional<QPoint> LinuxWindowSystem::pointer() {
-  const auto x11 = X11Connection::ofApplication();
+  const auto x11 = X11Connection::forApplication();
   return x11 && !isInsideWayland(*x11) ? x11->pointer() : std::nullopt;
 }
 

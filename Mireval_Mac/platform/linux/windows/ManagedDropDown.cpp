@@ -10,7 +10,7 @@ ManagedDropDown::ManagedDropDown(QWindow& window)
 }
 
 void ManagedDropDown::show() {
-  if (const auto x11 = X11Connection::ofApplication()) {
+  if (const auto x11 = X11Connection::forApplication()) {
     // Qt keeps the atoms of this property that it does not know.
     x11->addAtoms(static_cast<xcb_window_t>(window().winId()), "_NET_WM_STATE",
                   {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});

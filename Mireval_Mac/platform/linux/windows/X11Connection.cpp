@@ -29,7 +29,7 @@ std::vector<Value> valuesIn(const QByteArray& bytes) {
 
 }  // namespace
 
-std::optional<X11Connection> X11Connection::ofApplication() {
+std::optional<X11Connection> X11Connection::forApplication() {
   const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   // A platform without a screen offers the interface but no connection.
   xcb_connection_t* const connection = x11 != nullptr ? x11->connection() : nullptr;

@@ -19,7 +19,7 @@ namespace mireval {
 class X11Connection final {
  public:
   /// Nothing when the application does not show its windows on an X server.
-  static std::optional<X11Connection> ofApplication();
+  static std::optional<X11Connection> forApplication();
 
   bool hasExtension(std::string_view name) const;
   bool selectionHasOwner(std::string_view selection) const;

@@ -142,7 +142,7 @@ class X11DropDownTest : public testing::Test {
   /// How many states the desktop is told to give the window when it is shown, of those that keep it out of
   /// lists.
   int unlistingStates() {
-    const X11Connection x11 = *X11Connection::ofApplication();
+    const X11Connection x11 = *X11Connection::forApplication();
     constexpr std::uint32_t limit = 64;
     const std::unique_ptr<xcb_get_property_reply_t, decltype(&std::free)> reply(
         xcb_get_property_reply(m_connection,
