@@ -2,7 +2,6 @@
 
 #include "platform/AudioPlayerFactory.h"
 #include "platform/DebugOutput.h"
-#include "platform/ImageDecoder.h"
 #include "platform/MainThread.h"
 #include "platform/NowPlayingInfoCenter.h"
 #include "platform/RemoteCommandCenter.h"
@@ -22,7 +21,9 @@ using namespace Qt::StringLiterals;
 
 AudioPlayerController::AudioPlayerController(std::unique_ptr<AudioLibraryProviding> libraryProvider,
                                              PlaybackServices services)
-    : m_libraryProvider(std::move(libraryProvider)), m_services(services) {
+    : m_libraryProvider(std::move(libraryProvider)),
+      m_services(services),
+      m_coverImages(services.resourceBundle, services.imageDecoder) {
   updateProgress();
 }
 
@@ -32,24 +33,6 @@ std::shared_ptr<AudioPlayerController> AudioPlayerController::create(
     std::unique_ptr<AudioLibraryProviding> libraryProvider, PlaybackServices services) {
   return std::shared_ptr<AudioPlayerController>(
       new AudioPlayerController(std::move(libraryProvider), services));
-}
-
-QVariant AudioPlayerController::currentMoodVariant() const {
-  return m_currentMood ? QVariant::fromValue(*m_currentMood) : QVariant();
-}
-
-QVariant AudioPlayerController::currentTrackVariant() const {
-  return m_currentTrack ? QVariant::fromValue(*m_currentTrack) : QVariant();
-}
-
-template <typename Value>
-void AudioPlayerController::publish(Value& stored, Value value, void (AudioPlayerController::*changed)()) {
-  Q_EMIT objectWillChange();
-  if (stored == value) {
-    return;
-  }
-  stored = std::move(value);
-  Q_EMIT(this->*changed)();
 }
 
 void AudioPlayerController::selectMood(Mood mood) {
@@ -270,43 +253,12 @@ void AudioPlayerController::updateNowPlayingInfo() {
   info.elapsedPlaybackSeconds = m_player->currentTime();
   info.playbackRate = m_isPlaying ? 1 : 0;
   const std::int64_t position = std::max<std::int64_t>(m_currentVisualIndex + 1, 1);
-  if (const auto cover = coverImage(m_currentTrack->mood, position)) {
+  if (const auto cover = m_coverImages.coverImage(m_currentTrack->mood, position)) {
     info.artwork = MediaItemArtwork{.boundsSize = cover->image.size(),
                                     .requestHandler = [image = cover->image](QSize) { return image; },
                                     .file = cover->file};
   }
   m_services.nowPlayingInfoCenter.setNowPlayingInfo(info);
-}
-
-ImageCache& AudioPlayerController::coverImageCache() {
-  static ImageCache cache;
-  return cache;
-}
-
-std::optional<CoverImage> AudioPlayerController::coverImage(Mood mood, std::int64_t position) {
-  const QString name = coverImageName(mood, position);
-  if (auto cached = coverImageCache().image(name)) {
-    return cached;
-  }
-  const auto file = m_services.resourceBundle.urlForResource(name, u"png"_s, u"CoverImages"_s);
-  if (!file) {
-    return std::nullopt;
-  }
-  constexpr double maxPixelSize = 1600;
-  QImage image = downsampledImage(*file, maxPixelSize);
-  if (image.isNull()) {
-    image = m_services.imageDecoder.image(*file);
-  }
-  if (image.isNull()) {
-    return std::nullopt;
-  }
-  const CoverImage cover{.image = std::move(image), .file = *file};
-  coverImageCache().setImage(name, cover);
-  return cover;
-}
-
-QImage AudioPlayerController::downsampledImage(const std::filesystem::path& file, double maxPixelSize) {
-  return m_services.imageDecoder.thumbnail(file, maxPixelSize);
 }
 
 }  // namespace mireval

@@ -10,6 +10,7 @@
 #include "platform/ShowRequests.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "playback/AudioPlayerController.h"
+#include "playback/ImageCache.h"
 #include "ui/CommandLine.h"
 #include "ui/MenuBarScene.h"
 #include "ui/SettingsScene.h"
@@ -94,7 +95,7 @@ void connectScenes(MenuBarScene& scene, SettingsScene& settings, const Desktop& 
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
   QObject::connect(&settings, &SettingsScene::windowDidClose, &settings, desktop.releaseUnusedMemory);
   QObject::connect(&desktop.memoryPressure, &MemoryPressure::memoryIsShort, &scene, [&desktop] {
-    AudioPlayerController::coverImageCache().releaseUnused();
+    CoverImages::coverImageCache().releaseUnused();
     desktop.releaseUnusedMemory();
   });
   QObject::connect(&desktop.showRequests, &ShowRequests::panelRequested, &scene, &MenuBarScene::showPanel);

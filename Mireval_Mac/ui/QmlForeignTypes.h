@@ -10,6 +10,12 @@
 namespace mireval {
 
 /// These make the objects that views render known to QML, since their own folders do not know QML.
+struct QmlPlaybackState {
+  Q_GADGET
+  QML_FOREIGN(mireval::PlaybackState)
+  QML_ANONYMOUS
+};
+
 struct QmlAudioPlayerController {
   Q_GADGET
   QML_FOREIGN(mireval::AudioPlayerController)

@@ -1,5 +1,6 @@
 #include "fakes/FakeMemoryPressure.h"
 #include "playback/ControllerFixture.h"
+#include "playback/ImageCache.h"
 
 #include <algorithm>
 #include <set>
@@ -196,7 +197,7 @@ TEST_F(ControllerCoverTest, AnArtworkOutlivesTheCacheAndTheController) {
   ASSERT_TRUE(artwork());
   const MediaItemArtwork kept = *artwork();
   m_controller.reset();
-  AudioPlayerController::coverImageCache().removeAll();
+  CoverImages::coverImageCache().removeAll();
   QImage image;
   std::thread([&] { image = kept.requestHandler({10, 10}); }).join();
   EXPECT_EQ(image.size(), QSize(640, 640));
@@ -206,7 +207,7 @@ TEST_F(ControllerCoverTest, AReleasedCoverIsDecodedAgain) {
   addCover(u"focus-01"_s);
   m_controller->selectMood(Mood::focus);
   coverEvents();
-  AudioPlayerController::coverImageCache().removeAll();
+  CoverImages::coverImageCache().removeAll();
   tick();
   EXPECT_EQ(coverEvents(),
             (Events{"bundle: CoverImages/focus-01.png", "decoder: thumbnail focus-01.png 1600"}));
@@ -216,7 +217,7 @@ TEST_F(ControllerCoverTest, AReleasedCoverIsDecodedAgain) {
 TEST_F(ControllerCoverTest, AShortageOfMemoryLeavesTheCoverThatIsShown) {
   FakeMemoryPressure memoryPressure;
   QObject::connect(&memoryPressure, &MemoryPressure::memoryIsShort, &memoryPressure,
-                   [] { AudioPlayerController::coverImageCache().releaseUnused(); });
+                   [] { CoverImages::coverImageCache().releaseUnused(); });
   addCover(u"focus-01"_s);
   addCover(u"focus-02"_s);
   m_controller->selectMood(Mood::focus);
@@ -281,7 +282,7 @@ TEST(ControllerCoverCacheTest, IsMadeOnceUnderConcurrentFirstUse) {
       ++ready;
       while (ready < threadCount) {
       }
-      cache = &AudioPlayerController::coverImageCache();
+      cache = &CoverImages::coverImageCache();
       cache->image(u"none"_s);
     });
   }

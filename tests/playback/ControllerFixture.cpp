@@ -1,5 +1,7 @@
 #include "playback/ControllerFixture.h"
 
+#include "playback/ImageCache.h"
+
 #include <utility>
 
 namespace mireval {
@@ -8,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 ControllerFixture::ControllerFixture() {
   // It serves the whole process, and so the tests before this one.
-  AudioPlayerController::coverImageCache().removeAll();
+  CoverImages::coverImageCache().removeAll();
   auto provider = std::make_unique<FakeLibraryProvider>(m_log);
   m_provider = provider.get();
   m_controller = AudioPlayerController::create(std::move(provider), services());
