@@ -25,7 +25,7 @@ DropDownPanel::DropDownPanel(const std::optional<QRect>& icon, const WindowSyste
   if (m_blended) {
     setColor(Qt::transparent);
   } else {
-    setOpaque(colorScheme);
+    setGround(colorScheme, Qt::white, Qt::black);
   }
   connect(m_dropDown.get(), &DropDown::clickedOutside, this, [this] { dismiss(Dismissal::turnedAway); });
 }

@@ -5,7 +5,8 @@ namespace mireval {
 FramedPanel::FramedPanel(const std::filesystem::path& icon, AudioPlayerController& audioPlayer,
                          AppLocalization& localization, ColorScheme& colorScheme)
     : PanelWindow(audioPlayer, localization, colorScheme) {
-  setFramed(icon, colorScheme);
+  setFramed(icon);
+  setGround(colorScheme, Qt::white, Qt::black);
 }
 
 }  // namespace mireval

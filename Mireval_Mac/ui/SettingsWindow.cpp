@@ -2,6 +2,7 @@
 
 #include "localization/AppLocalization.h"
 #include "platform/ColorScheme.h"
+#include "ui/CorvaneAppearance.h"
 
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -14,7 +15,13 @@ SettingsWindow::SettingsWindow(const std::filesystem::path& icon, AppLocalizatio
                                ColorScheme& colorScheme)
     : ViewWindow(u"MacSettingsView.qml"_s,
                  {{u"localization"_s, &localization}, {u"colorScheme"_s, &colorScheme}}) {
-  setFramed(icon, colorScheme);
+  setFramed(icon);
+  setGround(colorScheme, CorvaneAppearance(false).canvas, CorvaneAppearance(true).canvas);
+  const auto nameIt = [this, &localization] {
+    setTitle(localization.text(L10nKey::settingsTitle) + u" \u2013 Mireval"_s);
+  };
+  nameIt();
+  connect(&localization, &AppLocalization::languageChanged, this, nameIt);
 }
 
 void SettingsWindow::open() {

@@ -47,15 +47,14 @@ void ViewWindow::bringToFront() {
   requestActivate();
 }
 
-void ViewWindow::setFramed(const std::filesystem::path& icon, const ColorScheme& colorScheme) {
+void ViewWindow::setFramed(const std::filesystem::path& icon) {
   setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
   setIcon(QIcon(QFile::decodeName(icon.c_str())));
-  setOpaque(colorScheme);
 }
 
-void ViewWindow::setOpaque(const ColorScheme& colorScheme) {
-  const auto fill = [this, &colorScheme] { setColor(colorScheme.isDark() ? Qt::black : Qt::white); };
+void ViewWindow::setGround(const ColorScheme& colorScheme, const QColor& light, const QColor& dark) {
+  const auto fill = [this, &colorScheme, light, dark] { setColor(colorScheme.isDark() ? dark : light); };
   fill();
   connect(&colorScheme, &ColorScheme::darkChanged, this, fill);
 }

@@ -27,13 +27,13 @@ class ViewWindow : public QQuickView {
   /// `view` is the view's file name. The window's title is the application's name.
   ViewWindow(const QString& view, Properties properties);
 
-  /// Gives the window the desktop's frame, an opaque ground and the icon in the image file. To be called
-  /// before the window is shown.
-  void setFramed(const std::filesystem::path& icon, const ColorScheme& colorScheme);
+  /// Gives the window the desktop's frame and the icon in the image file. To be called before the window is
+  /// shown.
+  void setFramed(const std::filesystem::path& icon);
 
-  /// Puts white or black behind the view, whichever suits the scheme, now and at each change. The scheme must
-  /// outlive the window.
-  void setOpaque(const ColorScheme& colorScheme);
+  /// Puts an opaque colour behind the view, whichever suits the scheme, now and at each change. The scheme
+  /// must outlive the window.
+  void setGround(const ColorScheme& colorScheme, const QColor& light, const QColor& dark);
 
  private:
   void fixSize();

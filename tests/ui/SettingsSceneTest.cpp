@@ -3,6 +3,7 @@
 #include "fakes/EventLog.h"
 #include "fakes/FakeColorScheme.h"
 #include "fakes/FakeMenuBarExtra.h"
+#include "ui/CorvaneAppearance.h"
 #include "ui/MenuBarScene.h"
 #include "ui/PanelFixture.h"
 
@@ -31,10 +32,18 @@ TEST_F(SettingsSceneTest, NothingAtFirst) {
   EXPECT_EQ(m_scene.window(), nullptr);
 }
 
-TEST_F(SettingsSceneTest, AFramedWindowOfTheViewsSizeForGood) {
+TEST_F(SettingsSceneTest, TheTitleTellsItFromThePanelInEachLanguage) {
   QGuiApplication::setApplicationDisplayName(u"Mireval"_s);
   const SettingsWindow& window = open();
-  EXPECT_EQ(window.title(), u"Mireval"_s);
+  EXPECT_EQ(window.title(), u"Settings \u2013 Mireval"_s);
+  speak("zh-Hans");
+  EXPECT_EQ(window.title(), u"\u8bbe\u7f6e \u2013 Mireval"_s);
+  speak("ja");
+  EXPECT_EQ(window.title(), u"\u8a2d\u5b9a \u2013 Mireval"_s);
+}
+
+TEST_F(SettingsSceneTest, AFramedWindowOfTheViewsSizeForGood) {
+  const SettingsWindow& window = open();
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(window.flags().testFlag(Qt::FramelessWindowHint));
   EXPECT_TRUE(window.flags().testFlag(Qt::WindowCloseButtonHint));
@@ -104,11 +113,16 @@ TEST_F(SettingsSceneTest, ItOpensAgainAlsoBeforeTheOldOneIsFreed) {
   EXPECT_TRUE(second.isVisible());
 }
 
-TEST_F(SettingsSceneTest, TheGroundFollowsTheColourScheme) {
-  const SettingsWindow& window = open();
-  EXPECT_EQ(window.color(), QColor(Qt::white));
-  m_colorScheme.setDark(true);
-  EXPECT_EQ(window.color(), QColor(Qt::black));
+TEST_F(SettingsSceneTest, TheGroundIsThatOfTheCardInBothSchemes) {
+  SettingsWindow& window = open();
+  for (const bool dark : {false, true}) {
+    m_colorScheme.setDark(dark);
+    const QColor canvas = CorvaneAppearance(dark).canvas;
+    EXPECT_EQ(window.color(), canvas);
+    const QImage picture = window.grabWindow();
+    EXPECT_EQ(picture.pixelColor(0, 0), canvas);
+    EXPECT_EQ(picture.pixelColor(picture.width() / 2, 3), canvas);
+  }
 }
 
 TEST_F(SettingsSceneTest, PanelAndMusicAreLeftAlone) {
