@@ -19,8 +19,10 @@ class MenuBarExtra {
     /// click, also while the panel is open.
     std::function<void(std::optional<QRect> place)> activated;
 
-    /// Called once, a short while after the start, if the desktop has no place for the icon. Should it get
-    /// one later, the icon appears.
+    /// The icon has lost its place. It appears again as soon as it gets another.
+    std::function<void()> lost;
+
+    /// The icon has had no place for a while, after the start or after a loss. Called once for each.
     std::function<void()> missing;
   };
 

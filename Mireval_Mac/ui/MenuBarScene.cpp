@@ -36,6 +36,7 @@ void MenuBarScene::show(const std::filesystem::path& icon) {
   m_icon = icon;
   m_services.menuBarExtra.show(icon,
                                {.activated = [this](const std::optional<QRect>& place) { toggle(place); },
+                                .lost = [this] { handleLostIcon(); },
                                 .missing = [this] { handleMissingMenuBar(); }});
 }
 
@@ -132,6 +133,12 @@ void MenuBarScene::close() {
     m_panel->hide();
     // An event handler of the panel may have called this.
     m_panel.release()->deleteLater();
+  }
+}
+
+void MenuBarScene::handleLostIcon() {
+  if (!m_panel || qobject_cast<const DropDownPanel*>(m_panel.get()) != nullptr) {
+    close();
   }
 }
 

@@ -21,8 +21,9 @@ class MenuBarExtra;
 class Notices;
 class WindowSystem;
 
-/// The icon and the panel that it opens. The panel exists only while it is open. Where the desktop has no
-/// place for the icon, the panel is shown as a framed window instead, and closing that ends the application.
+/// The icon and the panel that it opens. The panel exists only while it is open, and beside the icon only
+/// while that has its place. Where the desktop has no place for the icon, the panel is shown as a framed
+/// window instead, and closing that ends the application.
 class MenuBarScene final : public QObject {
   Q_OBJECT
 
@@ -70,6 +71,7 @@ class MenuBarScene final : public QObject {
   void openFramed();
   void open(std::unique_ptr<PanelWindow> panel);
   void close();
+  void handleLostIcon();
   void handleMissingMenuBar();
   void updateToolTip();
 

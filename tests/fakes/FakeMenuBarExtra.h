@@ -27,6 +27,11 @@ class FakeMenuBarExtra final : public MenuBarExtra {
   void place() { m_placed = true; }
   void removePlace() { m_placed = false; }
 
+  void losePlace() {
+    removePlace();
+    m_handlers.lost();
+  }
+
   void findNoPlace() {
     removePlace();
     m_handlers.missing();

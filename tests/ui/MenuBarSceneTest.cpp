@@ -243,14 +243,55 @@ TEST_F(MenuBarSceneTest, WithoutTrayAWindowWhoseClosingQuits) {
   EXPECT_EQ(quit.size(), 1);
 }
 
-TEST_F(MenuBarSceneTest, DropDownMayBeClosedWhileTheBarIsAway) {
+TEST_F(MenuBarSceneTest, DropDownClosesAtOnceWithItsIconAndNothingElseDoes) {
   const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
+  m_controller->selectMood(Mood::focus);
   m_menuBarExtra.click(iconPlace);
   ASSERT_NE(m_scene.panel(), nullptr);
-  m_menuBarExtra.removePlace();
-  QTest::keyClick(m_scene.panel(), Qt::Key_Escape);
+  m_menuBarExtra.losePlace();
   EXPECT_EQ(m_scene.panel(), nullptr);
+  runEventLoopOnce();
+  EXPECT_TRUE(m_factory.newest().playing);
   EXPECT_EQ(quit.size(), 0);
+  EXPECT_TRUE(m_notices.said().empty());
+  // A bar that comes back has the icon again.
+  m_menuBarExtra.place();
+  m_menuBarExtra.click(iconPlace);
+  EXPECT_NE(m_scene.panel(), nullptr);
+}
+
+TEST_F(MenuBarSceneTest, LosingTheIconEndsTheSearchForIt) {
+  m_windowSystem.setFindsPointer(true);
+  m_menuBarExtra.click(std::nullopt);
+  ASSERT_NE(m_windowSystem.finder(), nullptr);
+  m_menuBarExtra.losePlace();
+  runEventLoopOnce();
+  EXPECT_EQ(m_windowSystem.finder(), nullptr);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+}
+
+TEST_F(MenuBarSceneTest, FramedPanelStaysWhenAnIconGoes) {
+  m_menuBarExtra.findNoPlace();
+  const PanelWindow* const panel = m_scene.panel();
+  m_menuBarExtra.place();
+  m_menuBarExtra.losePlace();
+  EXPECT_EQ(m_scene.panel(), panel);
+  EXPECT_TRUE(panel->isVisible());
+}
+
+TEST_F(MenuBarSceneTest, EachTimeNoIconComesBackThePanelOpensAsAWindow) {
+  const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
+  for (int time = 0; time < 2; ++time) {
+    m_menuBarExtra.place();
+    m_menuBarExtra.losePlace();
+    EXPECT_EQ(m_scene.panel(), nullptr);
+    m_menuBarExtra.findNoPlace();
+    ASSERT_NE(m_scene.panel(), nullptr);
+    EXPECT_FALSE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
+    m_menuBarExtra.place();
+    m_scene.panel()->close();
+    EXPECT_EQ(quit.size(), 0);
+  }
 }
 
 TEST_F(MenuBarSceneTest, TrayThatAppearsLaterTakesOver) {
