@@ -89,6 +89,16 @@ class DesktopTest(unittest.TestCase):
         self.assertLessEqual(len(windows), 1)
         return self.session.rectangle(windows[0]) if windows else None
 
+    def find_buttons(self, *names):
+        """The places of buttons within a panel that opens as a window. A player without a bus cannot be asked for
+        them, so another one is."""
+        player = Player(self.session, PROGRAM, BUNDLE, name="other")
+        places = [player.find_button(name).centre for name in names]
+        left, top, _, _ = self.panel()
+        player.press("Quit")
+        self.assertEqual(player.exit_status(), 0)
+        return [(x - left, y - top) for x, y in places]
+
     def listen(self):
         return Recorder(self.session, "null.monitor")
 

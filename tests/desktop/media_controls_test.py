@@ -342,15 +342,6 @@ class SecondCopyTest(MediaControlsCase):
 class WithoutBusTest(MediaControlsCase):
     desktop = {"tray": False}
 
-    def find_buttons(self, *names):
-        """The places of buttons in the window. A player without a bus cannot be asked, so one with a bus is."""
-        player = Player(self.session, PROGRAM, BUNDLE, name="other")
-        corner = wait_for(self.panel, "the window")[:2]
-        places = [player.find_button(name).centre for name in names]
-        player.press("Quit")
-        self.assertEqual(player.exit_status(), 0)
-        return [(x - corner[0], y - corner[1]) for x, y in places]
-
     def test_it_plays_all_the_same(self):
         focus, play, leave = self.find_buttons("Focus", "Play", "Quit")
         resources = make_covers(make_tones(self.session.folder / "resources", 60))

@@ -202,6 +202,13 @@ class Session:
         self._bus.kill()
         self._bus.wait(10)
 
+    def pause_bus(self):
+        """From now on the bus accepts connections and messages, and answers none."""
+        self._bus.send_signal(signal.SIGSTOP)
+
+    def resume_bus(self):
+        self._bus.send_signal(signal.SIGCONT)
+
     def start_system_bus(self):
         """Starts the system's message bus, always at the same address."""
         configuration = self.folder / "system-bus.conf"

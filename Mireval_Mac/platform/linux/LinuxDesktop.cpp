@@ -3,6 +3,7 @@
 #include "platform/ShowRequests.h"
 #include "platform/linux/audio/LazyAudioPlayerFactory.h"
 #include "platform/linux/bus/MessageBus.h"
+#include "platform/linux/bus/SilentBusGuard.h"
 #include "platform/linux/instance/BusActivation.h"
 #include "platform/linux/instance/SingleInstanceServer.h"
 #include "platform/linux/media/MprisMediaControls.h"
@@ -21,14 +22,18 @@
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/StandardOutput.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 
 namespace mireval {
 
+LinuxDesktop::LinuxDesktop() = default;
+
+LinuxDesktop::~LinuxDesktop() = default;
+
 /// Owns what the desktop supplies.
 struct LinuxDesktop::Services {
   Services(const SingleInstance& instance, Start start, Notices& notices);
-
   void request(SingleInstance::Request request);
 
   const QByteArray applicationId = QGuiApplication::desktopFileName().toUtf8();
@@ -116,6 +121,7 @@ std::optional<int> LinuxDesktop::prepare(Start start) {
     // Only X11, also the one inside a Wayland session, lets a window choose its place.
     qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   }
+  m_silentBusGuard = std::make_unique<SilentBusGuard>();
   return std::nullopt;
 }
 
@@ -146,6 +152,13 @@ std::optional<int> LinuxDesktop::handOver() {
 }
 
 std::shared_ptr<const Desktop> LinuxDesktop::connect() {
+  if (m_silentBusGuard->busIsSilent()) {
+    m_notices.say(
+        "the session bus does not answer; screen readers cannot see the windows until the next start");
+  }
+  // Makes Qt ask the bus about screen readers now, and not with the first window, when the bus may be silent.
+  QAccessible::isActive();
+  m_silentBusGuard.reset();
   const auto services = std::make_shared<Services>(m_instance, m_start, m_notices);
   return {services, &services->desktop};
 }

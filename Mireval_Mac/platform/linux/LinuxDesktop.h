@@ -9,10 +9,15 @@
 
 namespace mireval {
 
+class SilentBusGuard;
+
 /// The application's place on a Linux desktop: first in the user's session, then all that the desktop
 /// supplies. Lives on the UI thread, and longer than the application object.
 class LinuxDesktop final {
  public:
+  LinuxDesktop();
+  ~LinuxDesktop();
+
   /// Why the program was started.
   enum class Start {
     forPanel,
@@ -38,6 +43,8 @@ class LinuxDesktop final {
   std::optional<int> handOver();
 
   StandardError m_notices;
+  /// From `prepare` to `connect`, so while the application object is made.
+  std::unique_ptr<SilentBusGuard> m_silentBusGuard;
   SingleInstance m_instance = SingleInstance::forCurrentUser();
   Start m_start = Start::forPanel;
 };
