@@ -1,7 +1,10 @@
 #include "platform/linux/windows/InvisibleWindow.h"
 
 #include <QPainter>
+#include <QRegion>
 #include <QSurfaceFormat>
+
+#include <utility>
 
 namespace mireval {
 
@@ -13,10 +16,25 @@ InvisibleWindow::InvisibleWindow(const QRect& area) {
   setGeometry(area);
 }
 
+void InvisibleWindow::leaveOut(const QRect& area) {
+  setMask(QRegion(QRect(QPoint(), size())) - area.translated(-position()));
+}
+
 void InvisibleWindow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setCompositionMode(QPainter::CompositionMode_Clear);
   painter.fillRect(QRect(QPoint(), size()), Qt::transparent);
+}
+
+void InvisibleWindow::mousePressEvent(QMouseEvent*) {
+  m_pressed = true;
+}
+
+void InvisibleWindow::mouseReleaseEvent(QMouseEvent*) {
+  // Not on the press: a tray that gets the release would act on it.
+  if (std::exchange(m_pressed, false)) {
+    Q_EMIT clicked();
+  }
 }
 
 }  // namespace mireval

@@ -1,29 +1,71 @@
 #include "platform/linux/windows/LinuxDropDown.h"
 
+#include "platform/linux/windows/X11Connection.h"
+
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
 
 #include <chrono>
+#include <utility>
 
 namespace mireval {
 namespace {
 
-// The tray holds the pointer as long as the button is pressed, and the server needs a moment to show the
-// window. After 1.2 seconds it is neither.
+// A grab fails while the tray holds the pointer, which is as long as the button is pressed, and until the
+// server shows the window. After 1.2 seconds both are over.
 constexpr auto grabInterval = std::chrono::milliseconds(30);
 constexpr int grabAttempts = 40;
 
 }  // namespace
 
-LinuxDropDown::LinuxDropDown(QWindow& window, Qt::WindowFlags flags) : m_window(window) {
-  m_window.setFlags(flags);
-  m_window.installEventFilter(this);
-}
+const LinuxDropDown::Kind LinuxDropDown::placedByDesktop{.flags = Qt::Window | Qt::FramelessWindowHint};
 
-void LinuxDropDown::catchClicks() {
-  m_catcher = std::make_unique<ClickCatcher>();
-  connect(m_catcher.get(), &ClickCatcher::clicked, this, &DropDown::clickedOutside);
+const LinuxDropDown::Kind LinuxDropDown::grabbing{
+    .flags = Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint,
+    // Leaves the keyboard alone: grabbing it would swallow the media keys.
+    .grab = [](QWindow& window) { return window.setMouseGrabEnabled(true); },
+};
+
+const LinuxDropDown::Kind LinuxDropDown::managed{
+    .flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint,
+    .catchesClicks = true,
+    .prepare =
+        [](QWindow& window) {
+          if (const auto x11 = X11Connection::forApplication()) {
+            // Qt keeps the atoms of this property that it does not know.
+            x11->addAtoms(static_cast<xcb_window_t>(window.winId()), "_NET_WM_STATE",
+                          {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
+          }
+        },
+};
+
+const LinuxDropDown::Kind LinuxDropDown::popup{
+    .flags = Qt::Popup | Qt::FramelessWindowHint,
+    .catchesClicks = true,
+    // Qt hides pop-ups from screen readers. An active window keeps the keyboard when it becomes another kind.
+    .activated =
+        [](QWindow& window) {
+          window.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+        },
+    // The desktop gives the X server the keyboard, but does not tell it for which window. This does not take
+    // the desktop's own keys, such as the media keys.
+    .grab = [](QWindow& window) { return window.setKeyboardGrabEnabled(true); },
+};
+
+LinuxDropDown::LinuxDropDown(QWindow& window, const Kind& kind) : m_window(window), m_kind(kind) {
+  m_window.setFlags(kind.flags);
+  m_window.installEventFilter(this);
+  connect(&m_window, &QWindow::activeChanged, this, [this] {
+    if (m_window.isActive()) {
+      m_kind.activated(m_window);
+    }
+  });
+  if (kind.catchesClicks) {
+    m_catcher = std::make_unique<InvisibleWindow>(QGuiApplication::primaryScreen()->virtualGeometry());
+    connect(m_catcher.get(), &InvisibleWindow::clicked, this, &DropDown::clickedOutside);
+  }
 }
 
 void LinuxDropDown::moveTo(QScreen& screen, QPoint position) {
@@ -36,6 +78,7 @@ void LinuxDropDown::moveTo(QScreen& screen, QPoint position) {
 }
 
 void LinuxDropDown::show() {
+  m_kind.prepare(m_window);
   if (m_catcher) {
     m_catcher->show();
   }
@@ -45,7 +88,7 @@ void LinuxDropDown::show() {
 }
 
 void LinuxDropDown::grabInput(int attemptsLeft) {
-  if (m_window.isVisible() && !grab() && attemptsLeft > 1) {
+  if (m_window.isVisible() && !m_kind.grab(m_window) && attemptsLeft > 1) {
     QTimer::singleShot(grabInterval, this, [this, attemptsLeft] { grabInput(attemptsLeft - 1); });
   }
 }
@@ -58,8 +101,7 @@ bool LinuxDropDown::eventFilter(QObject* watched, QEvent* event) {
       return m_pressedOutside;
     case QEvent::MouseButtonRelease:
       // Not on the press: a tray acts on the release. With the pointer free again, it would reopen the panel.
-      if (m_pressedOutside) {
-        m_pressedOutside = false;
+      if (std::exchange(m_pressedOutside, false)) {
         Q_EMIT clickedOutside();
         return true;
       }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/DropDown.h"
-#include "platform/linux/windows/ClickCatcher.h"
+#include "platform/linux/windows/InvisibleWindow.h"
 
 #include <QWindow>
 
@@ -9,32 +9,50 @@
 
 namespace mireval {
 
-/// What all kinds of drop-downs do alike.
-class LinuxDropDown : public DropDown {
+/// A drop-down whose window is placed by us or by the desktop, as its kind says.
+class LinuxDropDown final : public DropDown {
   Q_OBJECT
 
  public:
+  /// What a drop-down does differently from desktop to desktop.
+  struct Kind {
+    Qt::WindowFlags flags;
+    /// Notices clicks that the desktop tells only to other windows.
+    bool catchesClicks = false;
+    /// Called each time before the window is shown.
+    void (*prepare)(QWindow& window) = [](QWindow&) {};
+    /// Called when the window has got the keyboard.
+    void (*activated)(QWindow& window) = [](QWindow&) {};
+    /// Grabs what the visible window needs of the input devices. Called until it succeeds, for a while.
+    bool (*grab)(QWindow& window) = [](QWindow&) { return true; };
+  };
+
+  /// For plain Wayland: the desktop chooses the place and tells nothing but the loss of the keyboard.
+  static const Kind placedByDesktop;
+  /// For X11 desktops: the window manager does not know the window. The pointer grab tells of clicks
+  /// anywhere.
+  static const Kind grabbing;
+  /// For Wayland desktops that give the keyboard only to managed X11 windows, but leave those where they are
+  /// put: KWin and GNOME Shell. The window is kept out of task bars and switchers.
+  static const Kind managed;
+  /// For Wayland desktops that put managed X11 windows in the middle of the screen, but give the keyboard to
+  /// pop-ups: those that are built on wlroots.
+  static const Kind popup;
+
+  /// The window and the kind must outlive the drop-down.
+  LinuxDropDown(QWindow& window, const Kind& kind);
+
   void moveTo(QScreen& screen, QPoint position) override;
   void show() override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
- protected:
-  LinuxDropDown(QWindow& window, Qt::WindowFlags flags);
-
-  /// Notices clicks that the desktop tells only to other windows.
-  void catchClicks();
-
-  /// Grabs what the visible window needs of the input devices. Called until it succeeds, for a while.
-  virtual bool grab() { return true; }
-
-  QWindow& window() { return m_window; }
-
  private:
   void grabInput(int attemptsLeft);
 
   QWindow& m_window;
-  std::unique_ptr<ClickCatcher> m_catcher;
+  const Kind& m_kind;
+  std::unique_ptr<InvisibleWindow> m_catcher;
   bool m_pressedOutside = false;
 };
 

@@ -1,9 +1,6 @@
 #include "platform/linux/windows/LinuxWindowSystem.h"
 
-#include "platform/linux/windows/DesktopPlacedDropDown.h"
-#include "platform/linux/windows/GrabbingDropDown.h"
-#include "platform/linux/windows/ManagedDropDown.h"
-#include "platform/linux/windows/PopupDropDown.h"
+#include "platform/linux/windows/LinuxDropDown.h"
 #include "platform/linux/windows/WorkArea.h"
 #include "platform/linux/windows/X11Connection.h"
 #include "platform/linux/windows/XwaylandPointerFinder.h"
@@ -48,16 +45,14 @@ std::vector<Strut> struts(const X11Connection& x11) {
 std::unique_ptr<DropDown> LinuxWindowSystem::makeDropDown(QWindow& window) const {
   const auto x11 = X11Connection::forApplication();
   if (!x11) {
-    return std::make_unique<DesktopPlacedDropDown>(window);
+    return std::make_unique<LinuxDropDown>(window, LinuxDropDown::placedByDesktop);
   }
   if (!isInsideWayland(*x11)) {
-    return std::make_unique<GrabbingDropDown>(window);
+    return std::make_unique<LinuxDropDown>(window, LinuxDropDown::grabbing);
   }
   const QByteArray manager = windowManager(*x11);
-  if (manager == "KWin" || manager == "GNOME Shell") {
-    return std::make_unique<ManagedDropDown>(window);
-  }
-  return std::make_unique<PopupDropDown>(window);
+  const bool managed = manager == "KWin" || manager == "GNOME Shell";
+  return std::make_unique<LinuxDropDown>(window, managed ? LinuxDropDown::managed : LinuxDropDown::popup);
 }
 
 std::unique_ptr<PointerFinder> LinuxWindowSystem::findPointer() const {
