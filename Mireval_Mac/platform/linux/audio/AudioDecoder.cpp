@@ -1,11 +1,8 @@
 #include "platform/linux/audio/AudioDecoder.h"
 
 extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
 #include <libavutil/channel_layout.h>
 #include <libavutil/log.h>
-#include <libswresample/swresample.h>
 }
 
 #include <sys/stat.h>
@@ -166,9 +163,18 @@ void AudioDecoder::trimPadding() {
   }
 }
 
+/// Remembers and counts an error. That a codec needs more input, or has no more output, is none.
+bool AudioDecoder::succeeds(int status) {
+  if (status < 0 && status != AVERROR(EAGAIN) && status != AVERROR_EOF) {
+    m_lastError = status;
+    ++m_errorsInARow;
+  }
+  return status >= 0;
+}
+
 bool AudioDecoder::decodeFrame() {
   while (!m_ended) {
-    if (receiveFrame()) {
+    if (succeeds(avcodec_receive_frame(m_codec.get(), m_frame.get()))) {
       m_errorsInARow = 0;
       if (convert()) {
         return true;
@@ -182,39 +188,24 @@ bool AudioDecoder::decodeFrame() {
     }
     const int readStatus = av_read_frame(m_format.get(), m_packet.get());
     if (readStatus < 0) {
-      if (readStatus != AVERROR_EOF) {
-        m_failed = true;
-        m_lastError = readStatus;
-      }
+      m_failed = m_failed || readStatus != AVERROR_EOF;
+      succeeds(readStatus);
       m_draining = true;
       avcodec_send_packet(m_codec.get(), nullptr);
       continue;
     }
     if (m_packet->stream_index == m_streamIndex) {
-      const int sent = avcodec_send_packet(m_codec.get(), m_packet.get());
-      if (sent < 0) {
-        m_lastError = sent;
-        ++m_errorsInARow;
-      }
+      succeeds(avcodec_send_packet(m_codec.get(), m_packet.get()));
     }
     av_packet_unref(m_packet.get());
   }
   return false;
 }
 
-bool AudioDecoder::receiveFrame() {
-  const int status = avcodec_receive_frame(m_codec.get(), m_frame.get());
-  if (status < 0 && status != AVERROR(EAGAIN) && status != AVERROR_EOF) {
-    m_lastError = status;
-    ++m_errorsInARow;
-  }
-  return status >= 0;
-}
-
-bool AudioDecoder::configureConversion() {
+int AudioDecoder::configureConversion() {
   if (m_convertedFormat == m_frame->format && m_convertedRate == m_frame->sample_rate &&
       m_convertedChannels == m_frame->ch_layout.nb_channels) {
-    return true;
+    return 0;
   }
   if (m_sampleRate == 0) {
     const bool served = m_frame->sample_rate >= lowestServerRate && m_frame->sample_rate <= highestServerRate;
@@ -241,21 +232,15 @@ bool AudioDecoder::configureConversion() {
   if (status >= 0) {
     status = swr_init(m_converter.get());
   }
-  if (status < 0) {
-    m_lastError = status;
-    m_converter.reset();
-    m_convertedFormat = -1;
-    return false;
-  }
-  m_convertedFormat = m_frame->format;
+  m_convertedFormat = status < 0 ? -1 : m_frame->format;
   m_convertedRate = m_frame->sample_rate;
   m_convertedChannels = m_frame->ch_layout.nb_channels;
-  return true;
+  return status;
 }
 
 bool AudioDecoder::convert() {
-  if (m_frame->nb_samples <= 0 || m_frame->sample_rate <= 0 || !configureConversion()) {
-    ++m_errorsInARow;
+  if (!succeeds(m_frame->nb_samples > 0 && m_frame->sample_rate > 0 ? configureConversion()
+                                                                    : AVERROR_INVALIDDATA)) {
     return false;
   }
   m_pending.erase(m_pending.begin(), m_pending.begin() + static_cast<std::ptrdiff_t>(m_pendingStart));
@@ -267,15 +252,11 @@ bool AudioDecoder::convert() {
   const std::size_t before = m_pending.size();
   m_pending.resize(before + static_cast<std::size_t>(room) * channelCount);
   auto* output = reinterpret_cast<std::uint8_t*>(m_pending.data() + before);
-  const auto* const* input = const_cast<const std::uint8_t**>(m_frame->extended_data);
-  const int count = swr_convert(m_converter.get(), &output, room, const_cast<const std::uint8_t**>(input),
-                                m_frame->nb_samples);
+  const int count =
+      swr_convert(m_converter.get(), &output, room, const_cast<const std::uint8_t**>(m_frame->extended_data),
+                  m_frame->nb_samples);
   m_pending.resize(before + static_cast<std::size_t>(std::max(count, 0)) * channelCount);
-  if (count < 0) {
-    m_lastError = count;
-    ++m_errorsInARow;
-  }
-  return count > 0;
+  return succeeds(count) && count > 0;
 }
 
 }  // namespace mireval

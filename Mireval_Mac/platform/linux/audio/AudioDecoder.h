@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/audio/FfmpegDeleter.h"
+#include "platform/linux/audio/FfmpegPointer.h"
 
 #include <QString>
 
@@ -47,17 +47,17 @@ class AudioDecoder {
   int openFile(const std::filesystem::path& file);
   int openCodec(int streamIndex);
   bool decodeFrame();
-  bool receiveFrame();
   bool convert();
-  bool configureConversion();
+  int configureConversion();
+  bool succeeds(int status);
   void trimPadding();
   std::size_t pendingFrames() const { return (m_pending.size() - m_pendingStart) / channelCount; }
 
-  FfmpegPointer<AVFormatContext> m_format;
-  FfmpegPointer<AVCodecContext> m_codec;
-  FfmpegPointer<AVPacket> m_packet;
-  FfmpegPointer<AVFrame> m_frame;
-  FfmpegPointer<SwrContext> m_converter;
+  FfmpegPointer<AVFormatContext, avformat_close_input> m_format;
+  FfmpegPointer<AVCodecContext, avcodec_free_context> m_codec;
+  FfmpegPointer<AVPacket, av_packet_free> m_packet;
+  FfmpegPointer<AVFrame, av_frame_free> m_frame;
+  FfmpegPointer<SwrContext, swr_free> m_converter;
   int m_streamIndex = -1;
   int m_sampleRate = 0;
   int m_convertedRate = 0;

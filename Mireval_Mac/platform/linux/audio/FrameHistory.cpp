@@ -5,7 +5,6 @@
 #include <utility>
 
 namespace mireval {
-namespace {}  // namespace
 
 FrameHistory::FrameHistory(std::unique_ptr<AudioDecoder> decoder, double rememberedSeconds)
     : m_decoder(std::move(decoder)),

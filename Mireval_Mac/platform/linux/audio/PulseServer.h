@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/audio/PulseDeleter.h"
+#include "platform/linux/audio/PulsePointer.h"
 
 #include <QString>
 

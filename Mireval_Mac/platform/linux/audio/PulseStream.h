@@ -2,7 +2,7 @@
 
 #include "platform/linux/audio/FrameHistory.h"
 #include "platform/linux/audio/GainRamp.h"
-#include "platform/linux/audio/PulseDeleter.h"
+#include "platform/linux/audio/PulsePointer.h"
 #include "platform/linux/audio/PulseServer.h"
 
 #include <chrono>

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <pulse/operation.h>
+#include <pulse/proplist.h>
+#include <pulse/stream.h>
+#include <pulse/thread-mainloop.h>
+
+#include <memory>
+
+namespace mireval {
+
+/// Ends and releases objects of libpulse. All but the thread and the property list need its lock.
+struct PulseDeleter {
+  void operator()(pa_operation* operation) const { pa_operation_unref(operation); }
+  void operator()(pa_proplist* properties) const { pa_proplist_free(properties); }
+  void operator()(pa_threaded_mainloop* mainloop) const {
+    pa_threaded_mainloop_stop(mainloop);
+    pa_threaded_mainloop_free(mainloop);
+  }
+  void operator()(pa_context* context) const {
+    pa_context_set_state_callback(context, nullptr, nullptr);
+    pa_context_disconnect(context);
+    pa_context_unref(context);
+  }
+  void operator()(pa_stream* stream) const {
+    pa_stream_set_write_callback(stream, nullptr, nullptr);
+    pa_stream_set_started_callback(stream, nullptr, nullptr);
+    pa_stream_set_underflow_callback(stream, nullptr, nullptr);
+    pa_stream_set_state_callback(stream, close, nullptr);
+    close(stream, nullptr);
+  }
+
+ private:
+  /// Closes a stream, but only once the server has confirmed it: before, libpulse cannot.
+  static void close(pa_stream* stream, void*) {
+    const pa_stream_state_t state = pa_stream_get_state(stream);
+    if (state == PA_STREAM_CREATING) {
+      return;
+    }
+    pa_stream_set_state_callback(stream, nullptr, nullptr);
+    pa_stream_disconnect(stream);
+    pa_stream_unref(stream);
+  }
+};
+
+/// Owns an object of libpulse, or none.
+template <typename Object>
+using PulsePointer = std::unique_ptr<Object, PulseDeleter>;
+
+}  // namespace mireval
