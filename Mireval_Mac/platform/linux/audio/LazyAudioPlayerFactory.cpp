@@ -5,8 +5,6 @@
 
 #include <dlfcn.h>
 
-#include <utility>
-
 namespace mireval {
 namespace {
 
@@ -16,48 +14,37 @@ constexpr const char* moduleName = "libmireval-audio.so";
 
 }  // namespace
 
-LazyAudioPlayerFactory::LazyAudioPlayerFactory(fs::path module) : m_module(std::move(module)) {}
-
-LazyAudioPlayerFactory::~LazyAudioPlayerFactory() {
-  if (m_loader.joinable()) {
-    m_loader.join();
-  }
-}
-
 fs::path LazyAudioPlayerFactory::moduleOfApplication() {
   return applicationFile(moduleName, fs::path("../lib/mireval/modules") / moduleName);
 }
 
 void LazyAudioPlayerFactory::warmUp() {
-  // While the thread runs, only it may use the other members.
-  if (!m_loader.joinable() && !m_factory) {
-    m_loader = std::thread([this] {
-      load();
-      if (m_factory) {
-        m_factory->warmUp();
-      }
-    });
+  if (m_loading.valid() || m_loaded) {
+    return;
   }
+  m_loading = std::async(std::launch::async, [module = m_module] {
+    Loaded loaded = load(module);
+    if (loaded) {
+      (*loaded)->warmUp();
+    }
+    return loaded;
+  });
 }
 
 AudioPlayerResult LazyAudioPlayerFactory::create(const fs::path& file) {
-  if (m_loader.joinable()) {
-    m_loader.join();
+  if (!m_loaded) {
+    m_loaded = m_loading.valid() ? m_loading.get() : load(m_module);
   }
-  if (!m_factory) {
-    load();
-  }
-  return m_factory ? m_factory->create(file) : tl::make_unexpected(m_error);
+  return m_loaded ? (*m_loaded)->create(file) : tl::make_unexpected(m_loaded.error());
 }
 
-void LazyAudioPlayerFactory::load() {
-  void* const module = dlopen(m_module.c_str(), RTLD_NOW | RTLD_LOCAL);
-  void* const entry = module != nullptr ? dlsym(module, audioModuleFunction) : nullptr;
+LazyAudioPlayerFactory::Loaded LazyAudioPlayerFactory::load(const fs::path& module) {
+  void* const library = dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL);
+  void* const entry = library != nullptr ? dlsym(library, audioModuleFunction) : nullptr;
   if (entry == nullptr) {
-    m_error = QString::fromLocal8Bit(dlerror());
-    return;
+    return tl::make_unexpected(QString::fromLocal8Bit(dlerror()));
   }
-  m_factory.reset(reinterpret_cast<decltype(&mirevalMakeAudioPlayerFactory)>(entry)());
+  return Loaded(tl::in_place, reinterpret_cast<decltype(&mirevalMakeAudioPlayerFactory)>(entry)());
 }
 
 }  // namespace mireval

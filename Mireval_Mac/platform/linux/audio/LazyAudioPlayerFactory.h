@@ -5,8 +5,9 @@
 #include <QString>
 
 #include <filesystem>
+#include <future>
 #include <memory>
-#include <thread>
+#include <utility>
 
 namespace mireval {
 
@@ -16,29 +17,26 @@ namespace mireval {
 class LazyAudioPlayerFactory final : public AudioPlayerFactory {
  public:
   /// `module` is the shared object that makes the real factory. It is never unloaded.
-  explicit LazyAudioPlayerFactory(std::filesystem::path module);
-  LazyAudioPlayerFactory(const LazyAudioPlayerFactory&) = delete;
-  LazyAudioPlayerFactory& operator=(const LazyAudioPlayerFactory&) = delete;
-  ~LazyAudioPlayerFactory() override;
+  explicit LazyAudioPlayerFactory(std::filesystem::path module) : m_module(std::move(module)) {}
 
   /// The module of the running program: beside the executable (a build tree), else in
   /// `../lib/mireval/modules` (an installed tree). Needs the application object.
   static std::filesystem::path moduleOfApplication();
 
-  /// Loads the module on a thread of its own.
+  /// Loads the module on a thread of its own. The destructor waits for that.
   void warmUp() override;
 
   /// Waits for the module if it is still being loaded. A module that cannot be loaded is an ordinary error.
   AudioPlayerResult create(const std::filesystem::path& file) override;
 
  private:
-  void load();
+  using Loaded = tl::expected<std::unique_ptr<AudioPlayerFactory>, QString>;
+
+  static Loaded load(const std::filesystem::path& module);
 
   const std::filesystem::path m_module;
-  std::thread m_loader;
-  // The loading thread writes these two; nobody reads them before it has been joined.
-  std::unique_ptr<AudioPlayerFactory> m_factory;
-  QString m_error;
+  std::future<Loaded> m_loading;
+  Loaded m_loaded = tl::make_unexpected(QString());
 };
 
 }  // namespace mireval
