@@ -24,9 +24,6 @@ class GainRamp {
     m_length = lengthFrames;
   }
 
-  /// The gain at the end of the ramp.
-  float target() const { return m_to; }
-
   float at(std::uint64_t frame) const {
     if (frame >= m_start + m_length) {
       return m_to;

@@ -1,7 +1,5 @@
 #include "platform/linux/audio/PulseStream.h"
 
-#include <pulse/sample.h>
-
 #include <algorithm>
 #include <span>
 #include <utility>
@@ -26,6 +24,10 @@ constexpr microseconds gainRamp = 10ms;
 /// Closer to the end than this counts as the end.
 constexpr microseconds endTolerance = 1ms;
 
+microseconds since(std::chrono::steady_clock::time_point time) {
+  return std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - time);
+}
+
 /// A callback of libpulse that calls a method of the stream.
 template <void (PulseStream::*method)(), typename... Details>
 void call(pa_stream*, Details..., void* stream) {
@@ -37,7 +39,7 @@ void call(pa_stream*, Details..., void* stream) {
 std::unique_ptr<PulseStream> PulseStream::open(PulseServer& server, FrameHistory& frames, std::uint64_t from,
                                                float gain, Client& client) {
   std::unique_ptr<PulseStream> stream(new PulseStream(server, frames, from, gain, client));
-  return stream->connect(*server.readyContext()) ? std::move(stream) : nullptr;
+  return stream->m_stream ? std::move(stream) : nullptr;
 }
 
 PulseStream::PulseStream(PulseServer& server, FrameHistory& frames, std::uint64_t from, float gain,
@@ -48,20 +50,12 @@ PulseStream::PulseStream(PulseServer& server, FrameHistory& frames, std::uint64_
       m_start(std::max(from, frames.oldestFrame())),
       m_gain(gain),
       m_stallTimer(server, [this] { m_client.streamStalled(); }),
-      m_endTimer(server, [this] { requestTiming(); }) {}
-
-PulseStream::~PulseStream() {
-  if (m_timingRequest) {
-    pa_operation_cancel(m_timingRequest.get());
-  }
-}
-
-bool PulseStream::connect(pa_context& context) {
+      m_endTimer(server, [this] { requestTiming(); }) {
   const pa_sample_spec format{
       .format = sampleFormat, .rate = static_cast<std::uint32_t>(m_sampleRate), .channels = channels};
-  m_stream.reset(pa_stream_new(&context, "Mireval", &format, nullptr));
+  m_stream.reset(pa_stream_new(server.readyContext(), "Mireval", &format, nullptr));
   if (!m_stream) {
-    return false;
+    return;
   }
   pa_stream_set_state_callback(m_stream.get(), call<&PulseStream::stateChanged>, this);
   pa_stream_set_write_callback(m_stream.get(), call<&PulseStream::fill, std::size_t>, this);
@@ -69,41 +63,35 @@ bool PulseStream::connect(pa_context& context) {
   pa_stream_set_underflow_callback(m_stream.get(), call<&PulseStream::drained>, this);
 
   constexpr auto unset = static_cast<std::uint32_t>(-1);
-  const auto bufferBytes = static_cast<std::uint32_t>(framesIn(bufferLength) * bytesPerFrame);
-  const pa_buffer_attr buffer{.maxlength = unset,
-                              .tlength = bufferBytes,
-                              .prebuf = bytesPerFrame,
-                              .minreq = bufferBytes / 2,
-                              .fragsize = unset};
+  const auto bytes = static_cast<std::uint32_t>(framesIn(bufferLength) * bytesPerFrame);
+  const pa_buffer_attr buffer{
+      .maxlength = unset, .tlength = bytes, .prebuf = bytesPerFrame, .minreq = bytes / 2, .fragsize = unset};
   constexpr auto flags =
       static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_INTERPOLATE_TIMING);
-  return pa_stream_connect_playback(m_stream.get(), nullptr, &buffer, flags, nullptr, nullptr) >= 0;
-}
-
-void PulseStream::stateChanged() {
-  switch (pa_stream_get_state(m_stream.get())) {
-    case PA_STREAM_READY:
-      fill();
-      updateCork();
-      break;
-    case PA_STREAM_FAILED:
-    case PA_STREAM_TERMINATED:
-      if (m_playing && m_fills > 0) {
-        // The stream can no longer be asked. The clock was asked at least twice a second.
-        constexpr microseconds longestUnknown = 1s;
-        const auto passed =
-            std::min(std::chrono::duration_cast<microseconds>(Clock::now() - m_heardAt), longestUnknown);
-        m_heard = std::min(m_heard + framesIn(passed), m_next);
-      }
-      m_client.streamLost();
-      break;
-    default:
-      break;
+  if (pa_stream_connect_playback(m_stream.get(), nullptr, &buffer, flags, nullptr, nullptr) < 0) {
+    m_stream.reset();
   }
 }
 
-bool PulseStream::isReady() const {
-  return pa_stream_get_state(m_stream.get()) == PA_STREAM_READY;
+PulseStream::~PulseStream() {
+  if (m_timingRequest) {
+    pa_operation_cancel(m_timingRequest.get());
+  }
+}
+
+void PulseStream::stateChanged() {
+  const pa_stream_state_t state = pa_stream_get_state(m_stream.get());
+  if (state == PA_STREAM_READY) {
+    fill();
+    updateCork();
+  } else if (!PA_STREAM_IS_GOOD(state)) {
+    if (m_playing && m_fills > 0) {
+      // The stream can no longer be asked. The clock was asked at least twice a second.
+      constexpr microseconds longestUnknown = 1s;
+      m_heard = std::min(m_heard + framesIn(std::min(since(m_heardAt), longestUnknown)), m_next);
+    }
+    m_client.streamLost();
+  }
 }
 
 void PulseStream::play(microseconds patience) {
@@ -134,22 +122,22 @@ void PulseStream::updateCork() {
 }
 
 void PulseStream::setGain(float gain) {
-  if (gain == m_gain.target()) {
-    return;
-  }
   if (!isReady() || m_next == m_start) {
     m_gain = GainRamp(gain);
     return;
   }
-  const std::uint64_t earliest = std::max(m_start, m_frames.oldestFrame());
-  const std::uint64_t from = std::clamp(heard() + framesIn(gainLatency), earliest, m_next);
+  const std::uint64_t oldest = std::max(m_start, m_frames.oldestFrame());
+  const std::uint64_t from = std::clamp(heard() + framesIn(gainLatency), oldest, m_next);
   m_gain.changeTo(gain, from, framesIn(gainRamp));
-  write(from, m_next - from, static_cast<std::int64_t>((from - m_start) * bytesPerFrame), PA_SEEK_ABSOLUTE);
+  write(from, m_next - from);
 }
 
-/// Returns the number of frames, which is smaller than asked for only at the end of the file.
-std::uint64_t PulseStream::write(std::uint64_t position, std::uint64_t frames, std::int64_t offsetBytes,
-                                 pa_seek_mode_t seek) {
+/// Appends frames, or replaces what the server holds from an earlier position on. Returns the number of
+/// frames, which is smaller than asked for only at the end of the file.
+std::uint64_t PulseStream::write(std::uint64_t position, std::uint64_t frames) {
+  const bool replaces = position < m_next;
+  auto offsetBytes = replaces ? static_cast<std::int64_t>((position - m_start) * bytesPerFrame) : 0;
+  pa_seek_mode_t seek = replaces ? PA_SEEK_ABSOLUTE : PA_SEEK_RELATIVE;
   std::uint64_t written = 0;
   while (written < frames) {
     void* data = nullptr;
@@ -178,7 +166,7 @@ void PulseStream::fill() {
     return;
   }
   const std::uint64_t wanted = writable / bytesPerFrame;
-  const std::uint64_t written = write(m_next, wanted, 0, PA_SEEK_RELATIVE);
+  const std::uint64_t written = write(m_next, wanted);
   m_next += written;
   m_allWritten = written < wanted;
   if (++m_fills > 1) {
@@ -190,8 +178,8 @@ void PulseStream::fill() {
   requestTiming();
 }
 
-// From here on: when is the track over? `fill` has written the last frame. The server's clock, which is asked
-// when the server starts, runs dry or should be done, says how much is still to be heard.
+// When is the track over? The server's clock says how much is still to be heard after the last frame was
+// written. It is asked when the server starts, runs dry or should be done.
 
 void PulseStream::drained() {
   if (m_allWritten) {
@@ -216,15 +204,14 @@ void PulseStream::timingArrived() {
   if (m_drainedAt) {
     // The server's clock has stopped at the last frame that it took, which becomes audible later.
     const pa_timing_info* const timing = pa_stream_get_timing_info(m_stream.get());
-    const microseconds latency(timing != nullptr ? timing->sink_usec : 0);
-    remaining = latency - std::chrono::duration_cast<microseconds>(Clock::now() - *m_drainedAt);
+    remaining = microseconds(timing != nullptr ? timing->sink_usec : 0) - since(*m_drainedAt);
   }
   if (remaining <= endTolerance) {
     m_heard = m_next;
     m_client.streamEnded();
     return;
   }
-  // A sink that stands still must not make us ask again and again.
+  // Ask less and less often, in case the sink stands still.
   constexpr int mostDoublings = 10;
   const microseconds patience = 1ms * (1 << std::min(m_endChecks++, mostDoublings));
   m_endTimer.start(std::max(remaining, patience));
@@ -234,7 +221,7 @@ std::uint64_t PulseStream::heard() {
   const pa_timing_info* const timing =
       m_playing && isReady() ? pa_stream_get_timing_info(m_stream.get()) : nullptr;
   pa_usec_t streamTime = 0;
-  // Between two answers of the server libpulse lets its clock run on, also where nothing plays.
+  // Between two answers of the server, libpulse lets its clock run on even if nothing plays.
   if (timing != nullptr && timing->playing != 0 && pa_stream_get_time(m_stream.get(), &streamTime) >= 0) {
     const std::uint64_t position = std::min(m_start + framesIn(microseconds(streamTime)), m_next);
     if (position > m_heard) {
@@ -252,10 +239,6 @@ std::uint64_t PulseStream::confirmed() const {
   }
   const auto played = static_cast<std::uint64_t>(std::max<std::int64_t>(timing->read_index, 0));
   return std::min(m_heard, m_start + played / bytesPerFrame);
-}
-
-std::uint64_t PulseStream::framesIn(microseconds time) const {
-  return static_cast<std::uint64_t>(time.count() * m_sampleRate / 1'000'000);
 }
 
 }  // namespace mireval

@@ -13,11 +13,9 @@
 namespace mireval {
 
 /// One stream to the sound server. It plays the frames of a track from a given one to the last, with a deep
-/// buffer, so that the machine can sleep for about a second at a time. It is thrown away when it is lost,
-/// stalls or has ended.
-///
-/// Positions are frame numbers of the track. Needs the server's lock for everything, also for its
-/// destruction; frames are decoded when the server asks for them, on libpulse's thread.
+/// buffer, so that the machine can sleep for about a second at a time. Not to be used again once it is lost,
+/// stalls or has ended. Positions are frame numbers of the track. Everything, also the destructor, needs the
+/// server's lock; frames are decoded when the server asks for them, on libpulse's thread.
 class PulseStream {
  public:
   /// Told on libpulse's thread with the lock held. Each call may destroy the stream.
@@ -68,20 +66,17 @@ class PulseStream {
   using Clock = std::chrono::steady_clock;
 
   PulseStream(PulseServer& server, FrameHistory& frames, std::uint64_t from, float gain, Client& client);
-  bool connect(pa_context& context);
   void stateChanged();
-  bool isReady() const;
+  bool isReady() const { return pa_stream_get_state(m_stream.get()) == PA_STREAM_READY; }
   void updateCork();
-
   void fill();
-  std::uint64_t write(std::uint64_t position, std::uint64_t frames, std::int64_t offsetBytes,
-                      pa_seek_mode_t seek);
-
+  std::uint64_t write(std::uint64_t position, std::uint64_t frames);
   void drained();
   void requestTiming();
   void timingArrived();
-
-  std::uint64_t framesIn(std::chrono::microseconds time) const;
+  std::uint64_t framesIn(std::chrono::microseconds time) const {
+    return static_cast<std::uint64_t>(time.count() * m_sampleRate / 1'000'000);
+  }
 
   FrameHistory& m_frames;
   Client& m_client;
@@ -93,17 +88,14 @@ class PulseStream {
   bool m_playing = false;
   std::chrono::microseconds m_patience{};
   int m_fills = 0;
-
-  /// The last known position, and when it was known.
+  /// The last known position and its time.
   std::uint64_t m_heard = m_start;
   Clock::time_point m_heardAt;
-
   /// Every frame of the file has been written.
   bool m_allWritten = false;
   /// When the server had nothing left to play after the last frame was written.
   std::optional<Clock::time_point> m_drainedAt;
   int m_endChecks = 0;
-
   PulseServer::Timer m_stallTimer;
   PulseServer::Timer m_endTimer;
   PulsePointer<pa_stream> m_stream;

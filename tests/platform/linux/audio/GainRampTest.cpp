@@ -20,7 +20,6 @@ TEST(GainRampTest, RunsStraightFromTheOldGainToTheNew) {
   EXPECT_FLOAT_EQ(ramp.at(1050), 0.75F);
   EXPECT_FLOAT_EQ(ramp.at(1100), 0.5F);
   EXPECT_FLOAT_EQ(ramp.at(5000), 0.5F);
-  EXPECT_FLOAT_EQ(ramp.target(), 0.5F);
 }
 
 TEST(GainRampTest, StartsANewChangeAtTheGainThatTheOldOneHasReached) {
