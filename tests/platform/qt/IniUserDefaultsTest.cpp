@@ -18,12 +18,14 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 
 namespace mireval {
 namespace {
 
 namespace fs = std::filesystem;
 using namespace Qt::StringLiterals;
+using namespace std::string_literals;
 
 constexpr QStringView optionKey = u"app.language.option";
 
@@ -76,6 +78,7 @@ class IniUserDefaultsTest : public testing::Test {
   fs::path file() const { return m_folder.path() / "mireval.conf"; }
   IniUserDefaults defaults() const { return IniUserDefaults(file()); }
   std::optional<QString> option() const { return defaults().string(optionKey); }
+  void set(const QString& text) const { defaults().set(optionKey, text); }
 
   void write(const std::string& content) const { std::ofstream(file(), std::ios::binary) << content; }
 
@@ -88,34 +91,30 @@ class IniUserDefaultsTest : public testing::Test {
   /// All entries of the folder with content and time of the last change, to show that nobody wrote.
   std::map<fs::path, std::string> everything() const {
     std::map<fs::path, std::string> entries;
-    const auto add = [&entries](const fs::path& path) {
-      struct stat status {};
-      EXPECT_EQ(lstat(path.c_str(), &status), 0);
-      entries[path] = std::to_string(status.st_ino) + ' ' + std::to_string(status.st_mode) + ' ' +
-                      std::to_string(status.st_ctim.tv_sec) + '.' + std::to_string(status.st_ctim.tv_nsec) +
-                      (S_ISREG(status.st_mode) ? contentOf(path) : "");
-    };
-    add(m_folder.path());
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(m_folder.path())) {
-      add(entry.path());
+      struct stat status {};
+      EXPECT_EQ(lstat(entry.path().c_str(), &status), 0);
+      entries[entry.path()] = std::to_string(status.st_ino) + ' ' + std::to_string(status.st_mode) + ' ' +
+                              std::to_string(status.st_ctim.tv_sec) + '.' +
+                              std::to_string(status.st_ctim.tv_nsec) +
+                              (S_ISREG(status.st_mode) ? contentOf(entry.path()) : "");
     }
     return entries;
   }
 
   void expectNoValueAndNoTrace() const {
     const auto before = everything();
+    const fs::file_time_type folderTime = fs::last_write_time(m_folder.path());
     EXPECT_EQ(option(), std::nullopt);
     EXPECT_EQ(everything(), before);
+    EXPECT_EQ(fs::last_write_time(m_folder.path()), folderTime);
   }
 
   /// Apart from a lock, which may have existed meanwhile.
   void expectNothingWritten() const {
-    auto before = everything();
-    defaults().set(optionKey, u"japanese"_s);
-    auto after = everything();
-    before.erase(m_folder.path());
-    after.erase(m_folder.path());
-    EXPECT_EQ(after, before);
+    const auto before = everything();
+    set(u"japanese"_s);
+    EXPECT_EQ(everything(), before);
   }
 
   /// The folder holds only the one file: no lock and no half-written copy.
@@ -128,41 +127,42 @@ class IniUserDefaultsTest : public testing::Test {
 };
 
 TEST_F(IniUserDefaultsTest, WhatIsSetIsRead) {
-  defaults().set(optionKey, u"chineseTraditional"_s);
-  EXPECT_EQ(option(), u"chineseTraditional"_s);
-  EXPECT_EQ(content(), "[General]\napp.language.option=chineseTraditional\n");
-  defaults().set(optionKey, u"english"_s);
-  EXPECT_EQ(option(), u"english"_s);
-  EXPECT_EQ(content(), "[General]\napp.language.option=english\n");
+  for (const QString& text : {u"chineseTraditional"_s, u"english"_s}) {
+    set(text);
+    EXPECT_EQ(option(), text);
+    EXPECT_EQ(content(), "[General]\napp.language.option=" + text.toStdString() + '\n');
+  }
   expectOnlyTheFile();
 }
 
 TEST_F(IniUserDefaultsTest, WhatCouldNotBeReadBackIsNotStored) {
   for (const QString& text : {u""_s, u"two  words"_s, u"日本語 🎵"_s, u"[General]"_s, u"a=b"_s}) {
-    defaults().set(optionKey, text);
+    set(text);
     EXPECT_EQ(option(), text);
   }
   for (const QString& text :
        {u" spaces "_s, u"a, b"_s, u"\"quoted\""_s, u"back\\slash"_s, u"semi;colon"_s, u"line\nbreak"_s}) {
-    defaults().set(optionKey, text);
+    set(text);
     EXPECT_EQ(option(), u"a=b"_s);
   }
 }
 
 TEST_F(IniUserDefaultsTest, ReadsWhatAPersonWrites) {
-  for (const char* const text : {
-           "[General]\napp.language.option=japanese\n",
-           "[General]\napp.language.option=japanese",
-           "[General]\r\napp.language.option=japanese\r\n",
-           "\xEF\xBB\xBF[General]\napp.language.option=japanese\n",
-           "[General]\n  app.language.option =  japanese  \n",
-           "[General]\napp.language.option=\"japanese\"\n",
-           "[general]\napp.language.option=japanese\n",
-           "app.language.option=japanese\n",
-           "\xEF\xBB\xBF\napp.language.option=japanese\n[Other]\n",
-           "; mine\n[General]\n# app.language.option=english\napp.language.option=japanese\n",
-           "[Other]\napp.language.option=english\n\n[General]\napp.language.option=japanese\n",
-           "[General]\napp.language.option=english\napp.language.option=japanese\n",
+  for (const std::string& text : {
+           "[General]\napp.language.option=japanese\n"s,
+           "[General]\napp.language.option=japanese"s,
+           "[General]\r\napp.language.option=japanese\r\n"s,
+           "\xEF\xBB\xBF[General]\napp.language.option=japanese\n"s,
+           "[General]\n  app.language.option =  japanese  \n"s,
+           "[General]\napp.language.option=\"japanese\"\n"s,
+           "[general]\napp.language.option=japanese\n"s,
+           "app.language.option=japanese\n"s,
+           "\xEF\xBB\xBF\napp.language.option=japanese\n[Other]\n"s,
+           "; mine\n[General]\n# app.language.option=english\napp.language.option=japanese\n"s,
+           "[Other]\napp.language.option=english\n\n[General]\napp.language.option=japanese\n"s,
+           "[General]\napp.language.option=english\napp.language.option=japanese\n"s,
+           // Garbage elsewhere.
+           "\x7F\x45LF\0\xFF\"\n[]\n[General]\nbad\n\"=\xFF\napp.language.option=japanese\n\0"s,
        }) {
     write(text);
     EXPECT_EQ(option(), u"japanese"_s) << text;
@@ -171,7 +171,7 @@ TEST_F(IniUserDefaultsTest, ReadsWhatAPersonWrites) {
 
 TEST_F(IniUserDefaultsTest, ReadsWhatWasWrittenSince) {
   const IniUserDefaults defaults(file());
-  EXPECT_EQ(defaults.string(optionKey), std::nullopt);
+  expectNoValueAndNoTrace();
   write("[General]\napp.language.option=japanese\n");
   const auto before = everything();
   EXPECT_EQ(defaults.string(optionKey), u"japanese"_s);
@@ -182,72 +182,31 @@ TEST_F(IniUserDefaultsTest, ReadsWhatWasWrittenSince) {
   EXPECT_EQ(defaults.string(optionKey), std::nullopt);
 }
 
-TEST_F(IniUserDefaultsTest, NoFileIsNoValue) {
-  expectNoValueAndNoTrace();
-  EXPECT_EQ(IniUserDefaults(m_folder.path() / "missing/mireval.conf").string(optionKey), std::nullopt);
-  EXPECT_TRUE(fs::is_empty(m_folder.path()));
-}
-
 TEST_F(IniUserDefaultsTest, NoTextIsNoValue) {
-  using namespace std::string_literals;
-  for (const std::string& value : {
-           "a, b"s,
-           "japanese,"s,
-           "japanese ; mine"s,
-           "japan\xFF\xFE"s,
-           "\xE6\x97japanese"s,
-           "\xC0\xAF"s,
-           "japanese\0"s,
-           "\"\xFF\""s,
-           "\""s,
-           "\"japanese"s,
-           "japanese\""s,
-           "\"a\" \"b\""s,
-           "japanese\\"s,
-           "japa\\nese"s,
-           "\"japa\\qnese\""s,
-       }) {
+  for (const std::string& value :
+       {"a, b"s, "japanese,"s, "japanese ; mine"s, "japan\xFF\xFE"s, "\xE6\x97japanese"s, "\xC0\xAF"s,
+        "japanese\0"s, "\"\xFF\""s, "\""s, "\"japanese"s, "japanese\""s, "\"a\" \"b\""s, "japanese\\"s,
+        "japa\\nese"s, "\"japa\\qnese\""s}) {
     write("[General]\napp.language.option=" + value + '\n');
     expectNoValueAndNoTrace();
   }
 }
 
 TEST_F(IniUserDefaultsTest, AFileWithoutTheKeyIsNoValue) {
-  using namespace std::string_literals;
   std::string noise;
   for (int byte = 0; byte < 4096; ++byte) {
     noise += static_cast<char>(byte * 37 % 251);
   }
-  for (const std::string& text : {
-           ""s,
-           "\n"s,
-           noise,
-           "\0\0\0\0"s,
-           "\xEF\xBB\xBF"s,
-           "=\n"s,
-           "[\n"s,
-           "[Other]\napp.language.option=japanese\n"s,
-           "\xEF\xBB\xBF[Other]\napp.language.option=japanese\n"s,
-           "[General\napp.language.option=japanese\n"s,
-           "[General]\n;app.language.option=japanese\n"s,
-           "[General]\n# app.language.option=japanese\n"s,
-           "[General]\napp.language.options=japanese\n"s,
-           "[General]\nApp.Language.Option=japanese\n"s,
-           "[General]\napp.language.option\n"s,
-           "[General]\napp.language.option japanese\n"s,
-           "[General]\n=japanese\n"s,
-       }) {
+  for (const std::string& text :
+       {""s, "\n"s, noise, "\0\0\0\0"s, "\xEF\xBB\xBF"s, "=\n"s, "[\n"s, "[General]\n=japanese\n"s,
+        "[Other]\napp.language.option=japanese\n"s, "\xEF\xBB\xBF[Other]\napp.language.option=japanese\n"s,
+        "[General\napp.language.option=japanese\n"s, "[General]\n;app.language.option=japanese\n"s,
+        "[General]\n# app.language.option=japanese\n"s, "[General]\napp.language.options=japanese\n"s,
+        "[General]\nApp.Language.Option=japanese\n"s, "[General]\napp.language.option\n"s,
+        "[General]\napp.language.option japanese\n"s}) {
     write(text);
     expectNoValueAndNoTrace();
   }
-}
-
-TEST_F(IniUserDefaultsTest, GarbageElsewhereDoesNotMatter) {
-  using namespace std::string_literals;
-  write(
-      "\x7F"
-      "ELF\0\xFF\"\n[]\n[General]\nbad\n\"=\xFF\napp.language.option=japanese\n\0"s);
-  EXPECT_EQ(option(), u"japanese"_s);
 }
 
 TEST_F(IniUserDefaultsTest, UpToOneMebibyteIsRead) {
@@ -258,15 +217,12 @@ TEST_F(IniUserDefaultsTest, UpToOneMebibyteIsRead) {
   write(text + 'z');
   expectNoValueAndNoTrace();
   expectNothingWritten();
-}
-
-// Sparse: reading it would take minutes and all memory.
-TEST_F(IniUserDefaultsTest, AHugeFileIsNotRead) {
-  write("[General]\napp.language.option=japanese\n");
-  fs::resize_file(file(), std::uintmax_t{1} << 40);
+  // Sparse: reading it would take minutes and all memory.
+  constexpr std::uintmax_t huge = std::uintmax_t{1} << 40;
+  fs::resize_file(file(), huge);
   EXPECT_EQ(option(), std::nullopt);
-  defaults().set(optionKey, u"english"_s);
-  EXPECT_EQ(fs::file_size(file()), std::uintmax_t{1} << 40);
+  set(u"english"_s);
+  EXPECT_EQ(fs::file_size(file()), huge);
 }
 
 TEST_F(IniUserDefaultsTest, WhatIsNoFileIsNotOpenedAndStays) {
@@ -283,7 +239,7 @@ TEST_F(IniUserDefaultsTest, ALinkIsFollowedAndStays) {
   const fs::path target = m_folder.makeFile("dotfiles/mireval");
   std::ofstream(target) << "[General]\nvolume=3\n";
   fs::create_symlink("dotfiles/mireval", file());
-  defaults().set(optionKey, u"japanese"_s);
+  set(u"japanese"_s);
   EXPECT_EQ(option(), u"japanese"_s);
   EXPECT_EQ(fs::read_symlink(file()), "dotfiles/mireval");
   EXPECT_EQ(contentOf(target), "[General]\napp.language.option=japanese\n[General]\nvolume=3\n");
@@ -295,7 +251,7 @@ TEST_F(IniUserDefaultsTest, ALinkToNothingIsNoValue) {
     fs::create_symlink(target, file());
     expectNoValueAndNoTrace();
   }
-  defaults().set(optionKey, u"japanese"_s);
+  set(u"japanese"_s);
   EXPECT_EQ(option(), u"japanese"_s);
   EXPECT_EQ(fs::read_symlink(file()), "nowhere");
 }
@@ -308,34 +264,22 @@ TEST_F(IniUserDefaultsTest, AnUnreadableFileIsNoValueAndStays) {
   expectNothingWritten();
 }
 
-TEST_F(IniUserDefaultsTest, AReadOnlyFileStays) {
-  fs::permissions(m_folder.path(), fs::perms(0777));
+TEST_F(IniUserDefaultsTest, AReadOnlyFileStaysAndSoDoesOneInAReadOnlyFolder) {
   write("[General]\napp.language.option=english\n");
-  fs::permissions(file(), fs::perms(0444));
-  const auto before = everything();
-  {
-    const WithoutPrivileges ordinary;
-    defaults().set(optionKey, u"japanese"_s);
-    EXPECT_EQ(option(), u"english"_s);
+  for (const auto& [folder, permissions] : {std::pair(0777, 0444), {0555, 0666}}) {
+    fs::permissions(m_folder.path(), fs::perms(folder));
+    fs::permissions(file(), fs::perms(permissions));
+    const auto before = everything();
+    {
+      const WithoutPrivileges ordinary;
+      expectNothingWritten();
+      EXPECT_EQ(option(), u"english"_s);
+      if (folder == 0555) {
+        IniUserDefaults(m_folder.path() / "new/mireval.conf").set(optionKey, u"japanese"_s);
+      }
+    }
+    EXPECT_EQ(everything(), before);
   }
-  fs::permissions(file(), fs::perms(0444));
-  EXPECT_EQ(option(), u"english"_s);
-  EXPECT_EQ(content(), "[General]\napp.language.option=english\n");
-  EXPECT_EQ(everything().size(), before.size());
-}
-
-TEST_F(IniUserDefaultsTest, AReadOnlyFolderStays) {
-  write("[General]\napp.language.option=english\n");
-  fs::permissions(file(), fs::perms(0666));
-  fs::permissions(m_folder.path(), fs::perms(0555));
-  const auto before = everything();
-  {
-    const WithoutPrivileges ordinary;
-    defaults().set(optionKey, u"japanese"_s);
-    EXPECT_EQ(option(), u"english"_s);
-    IniUserDefaults(m_folder.path() / "new/mireval.conf").set(optionKey, u"japanese"_s);
-  }
-  EXPECT_EQ(everything(), before);
   fs::permissions(m_folder.path(), fs::perms(0755));
 }
 
@@ -355,7 +299,7 @@ TEST_F(IniUserDefaultsTest, AFullDiskLeavesTheFileAsItWas) {
   for (const rlim_t limit : {0, 4096}) {
     {
       const FileSizeLimit full(limit);
-      defaults().set(optionKey, u"japanese"_s);
+      set(u"japanese"_s);
     }
     EXPECT_TRUE(content() == text) << limit;
     EXPECT_EQ(option(), u"english"_s);
@@ -364,10 +308,10 @@ TEST_F(IniUserDefaultsTest, AFullDiskLeavesTheFileAsItWas) {
 }
 
 TEST_F(IniUserDefaultsTest, MakesTheFoldersForTheOwnerOnly) {
-  const IniUserDefaults defaults(m_folder.path() / "config/mireval/mireval.conf");
-  defaults.string(optionKey);
+  IniUserDefaults defaults(m_folder.path() / "config/mireval/mireval.conf");
+  EXPECT_EQ(defaults.string(optionKey), std::nullopt);
   EXPECT_TRUE(fs::is_empty(m_folder.path()));
-  IniUserDefaults(defaults.file()).set(optionKey, u"japanese"_s);
+  defaults.set(optionKey, u"japanese"_s);
   EXPECT_EQ(defaults.string(optionKey), u"japanese"_s);
   EXPECT_EQ(fs::status(m_folder.path() / "config").permissions(), fs::perms(0700));
   EXPECT_EQ(fs::status(m_folder.path() / "config/mireval").permissions(), fs::perms(0700));
@@ -375,43 +319,34 @@ TEST_F(IniUserDefaultsTest, MakesTheFoldersForTheOwnerOnly) {
 }
 
 TEST_F(IniUserDefaultsTest, EverythingElseInTheFileStays) {
-  struct Row {
-    const char* before;
-    const char* after;
-  };
-  for (const auto& [before, after] : {
-           Row{"; mine\n[General]\nvolume=3\nlist=a, b\n\n[Window]\ntitle=\"a;b\"\n",
-               "[General]\napp.language.option=japanese\n; mine\n[General]\nvolume=3\nlist=a, "
-               "b\n\n[Window]\ntitle=\"a;b\"\n"},
-           Row{"[General]\nvolume=3\n  app.language.option =  \"a, b\"  \nbad\xFF\n",
-               "[General]\nvolume=3\n  app.language.option =  japanese  \nbad\xFF\n"},
-           Row{"[General]\r\napp.language.option=english\r\nvolume=3\r\n",
-               "[General]\r\napp.language.option=japanese\r\nvolume=3\r\n"},
-           Row{"[Window]\napp.language.option=wide\n",
-               "[General]\napp.language.option=japanese\n[Window]\napp.language.option=wide\n"},
-           Row{"\xEF\xBB\xBFvolume=3", "\xEF\xBB\xBF[General]\napp.language.option=japanese\nvolume=3"},
-           Row{"[General]\napp.language.option=", "[General]\napp.language.option=japanese"},
-           Row{"[General]\napp.language.option=a\napp.language.option=b\n",
-               "[General]\napp.language.option=a\napp.language.option=japanese\n"},
+  const std::string added = "[General]\napp.language.option=japanese\n";
+  const std::string settings = "; mine\n[General]\nvolume=3\nlist=a, b\n\n[Window]\ntitle=\"a;b\"\n";
+  const std::string elsewhere = "[Window]\napp.language.option=wide\n";
+  for (const auto& [before, after] : std::map<std::string, std::string>{
+           {settings, added + settings},
+           {elsewhere, added + elsewhere},
+           {"\xEF\xBB\xBFvolume=3", "\xEF\xBB\xBF" + added + "volume=3"},
+           {"[General]\nvolume=3\n  app.language.option =  \"a, b\"  \nbad\xFF\n",
+            "[General]\nvolume=3\n  app.language.option =  japanese  \nbad\xFF\n"},
+           {"[General]\r\napp.language.option=english\r\nvolume=3\r\n",
+            "[General]\r\napp.language.option=japanese\r\nvolume=3\r\n"},
+           {"[General]\napp.language.option=", "[General]\napp.language.option=japanese"},
+           {"[General]\napp.language.option=a\napp.language.option=b\n",
+            "[General]\napp.language.option=a\napp.language.option=japanese\n"},
        }) {
     write(before);
-    defaults().set(optionKey, u"japanese"_s);
+    fs::permissions(file(), fs::perms(0600));
+    set(u"japanese"_s);
     EXPECT_EQ(content(), after);
     EXPECT_EQ(option(), u"japanese"_s);
+    EXPECT_EQ(fs::status(file()).permissions(), fs::perms(0600));
   }
-}
-
-TEST_F(IniUserDefaultsTest, TheFileKeepsItsPermissions) {
-  write("");
-  fs::permissions(file(), fs::perms(0600));
-  defaults().set(optionKey, u"japanese"_s);
-  EXPECT_EQ(fs::status(file()).permissions(), fs::perms(0600));
 }
 
 TEST_F(IniUserDefaultsTest, AnotherWriterIsWaitedForAndKeepsWhatItWrote) {
   QLockFile lock(QString::fromStdString(file().string() + ".lock"));
   ASSERT_TRUE(lock.tryLock(0));
-  std::thread waiting([this] { defaults().set(optionKey, u"japanese"_s); });
+  std::thread waiting([this] { set(u"japanese"_s); });
   std::this_thread::sleep_for(std::chrono::milliseconds(50));
   write("[General]\nvolume=3\n");
   lock.unlock();
@@ -421,56 +356,34 @@ TEST_F(IniUserDefaultsTest, AnotherWriterIsWaitedForAndKeepsWhatItWrote) {
   expectOnlyTheFile();
 }
 
-TEST_F(IniUserDefaultsTest, AWriterThatNeverEndsIsNotWaitedForWithoutEnd) {
+TEST_F(IniUserDefaultsTest, ALockThatStaysIsNotWaitedForWithoutEnd) {
   write("[General]\napp.language.option=english\n");
-  QLockFile lock(QString::fromStdString(file().string() + ".lock"));
-  ASSERT_TRUE(lock.tryLock(0));
-  defaults().set(optionKey, u"japanese"_s);
-  EXPECT_EQ(option(), u"english"_s);
-}
-
-TEST_F(IniUserDefaultsTest, AFolderInThePlaceOfTheLockIsNotWaitedFor) {
-  write("[General]\napp.language.option=english\n");
-  fs::create_directory(file().string() + ".lock");
+  const fs::path place = file().string() + ".lock";
+  {
+    QLockFile lock(QString::fromStdString(place.string()));
+    ASSERT_TRUE(lock.tryLock(0));
+    expectNothingWritten();
+  }
+  fs::create_directory(place);
   expectNothingWritten();
 }
 
-class UserConfigurationTest : public testing::Test {
- protected:
-  UserConfigurationTest() { qputenv("HOME", "/home/somebody"); }
-  ~UserConfigurationTest() override {
-    restore("HOME", m_home);
-    restore("XDG_CONFIG_HOME", m_configHome);
-  }
-
-  static void restore(const char* name, const std::optional<QByteArray>& value) {
-    value ? qputenv(name, *value) : qunsetenv(name);
-  }
-  static std::optional<QByteArray> variable(const char* name) {
-    return qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name)) : std::nullopt;
-  }
-
-  const std::optional<QByteArray> m_home = variable("HOME");
-  const std::optional<QByteArray> m_configHome = variable("XDG_CONFIG_HOME");
-};
-
-TEST_F(UserConfigurationTest, IsWhereTheVariableSays) {
-  qputenv("XDG_CONFIG_HOME", "/elsewhere/config");
-  EXPECT_EQ(IniUserDefaults::forCurrentUser().file(), "/elsewhere/config/mireval/mireval.conf");
-  qputenv("XDG_CONFIG_HOME", "/elsewhere/config/");
-  EXPECT_EQ(IniUserDefaults::forCurrentUser().file(), "/elsewhere/config/mireval/mireval.conf");
-}
-
-TEST_F(UserConfigurationTest, IsBelowTheHomeFolderElse) {
+TEST(UserConfigurationTest, IsWhereTheVariableSaysOrBelowTheHomeFolder) {
+  const QByteArray home = qgetenv("HOME");
+  qputenv("HOME", "/home/somebody");
+  const auto file = [] { return IniUserDefaults::forCurrentUser().file(); };
   qunsetenv("XDG_CONFIG_HOME");
-  EXPECT_EQ(IniUserDefaults::forCurrentUser().file(), "/home/somebody/.config/mireval/mireval.conf");
-  qputenv("XDG_CONFIG_HOME", "");
-  EXPECT_EQ(IniUserDefaults::forCurrentUser().file(), "/home/somebody/.config/mireval/mireval.conf");
-  for (const char* const relative : {"config", "./config", "~/config"}) {
-    qputenv("XDG_CONFIG_HOME", relative);
-    EXPECT_EQ(IniUserDefaults::forCurrentUser().file(), "/home/somebody/.config/mireval/mireval.conf")
-        << relative;
+  EXPECT_EQ(file(), "/home/somebody/.config/mireval/mireval.conf");
+  for (const char* const folder : {"/elsewhere/config", "/elsewhere/config/"}) {
+    qputenv("XDG_CONFIG_HOME", folder);
+    EXPECT_EQ(file(), "/elsewhere/config/mireval/mireval.conf") << folder;
   }
+  for (const char* const noFolder : {"", "config", "./config", "~/config"}) {
+    qputenv("XDG_CONFIG_HOME", noFolder);
+    EXPECT_EQ(file(), "/home/somebody/.config/mireval/mireval.conf") << noFolder;
+  }
+  qunsetenv("XDG_CONFIG_HOME");
+  qputenv("HOME", home);
 }
 
 }  // namespace

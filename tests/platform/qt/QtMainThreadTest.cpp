@@ -1,5 +1,7 @@
 #include "platform/qt/QtMainThread.h"
 
+#include "support/TestApplication.h"
+
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -18,10 +20,7 @@ class QtMainThreadTest : public testing::Test {
  protected:
   static void runPending() { QCoreApplication::sendPostedEvents(); }
 
-  int m_argumentCount = 1;
-  char m_programName[5] = "test";
-  char* m_arguments[2] = {m_programName, nullptr};
-  QCoreApplication m_application{m_argumentCount, m_arguments};
+  const TestApplication m_application;
 };
 
 TEST_F(QtMainThreadTest, RunsLaterAndInOrder) {

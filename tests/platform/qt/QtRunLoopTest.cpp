@@ -1,5 +1,7 @@
 #include "platform/qt/QtRunLoop.h"
 
+#include "support/TestApplication.h"
+
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -34,10 +36,7 @@ class QtRunLoopTest : public testing::Test {
     loop.exec();
   }
 
-  int m_argumentCount = 1;
-  char m_programName[5] = "test";
-  char* m_arguments[2] = {m_programName, nullptr};
-  QCoreApplication m_application{m_argumentCount, m_arguments};
+  const TestApplication m_application;
   QtRunLoop m_runLoop;
 };
 

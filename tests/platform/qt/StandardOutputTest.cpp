@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
 #include <string>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -20,71 +22,45 @@ class StandardOutputTest : public testing::Test {
     std::fflush(stdout);
     EXPECT_EQ(pipe(m_pipe.data()), 0);
     EXPECT_EQ(fcntl(m_pipe[0], F_SETFL, O_NONBLOCK), 0);
-    m_realOutput = dup(STDOUT_FILENO);
     dup2(m_pipe[1], STDOUT_FILENO);
     close(m_pipe[1]);
   }
 
   ~StandardOutputTest() override {
-    restore();
-    closeReader();
-  }
-
-  void restore() {
-    if (m_realOutput >= 0) {
-      dup2(m_realOutput, STDOUT_FILENO);
-      close(m_realOutput);
-      m_realOutput = -1;
-    }
-  }
-
-  void closeReader() {
-    if (m_pipe[0] >= 0) {
-      close(m_pipe[0]);
-      m_pipe[0] = -1;
-    }
+    dup2(m_realOutput, STDOUT_FILENO);
+    close(m_realOutput);
+    close(m_pipe[0]);
   }
 
   /// What has arrived at the other end of the pipe by now.
   std::string received() const {
     std::array<char, 4096> buffer{};
     const ssize_t count = read(m_pipe[0], buffer.data(), buffer.size());
-    return count > 0 ? std::string(buffer.data(), static_cast<std::size_t>(count)) : std::string();
+    return {buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))};
   }
 
- private:
+  const int m_realOutput = dup(STDOUT_FILENO);
   std::array<int, 2> m_pipe{-1, -1};
-  int m_realOutput = -1;
+  StandardOutput m_output;
 };
 
-TEST_F(StandardOutputTest, WritesALineAtOnce) {
-  StandardOutput output;
-  output.writeLine(u"\"Missing bundled track Rain Veil\"");
+TEST_F(StandardOutputTest, WritesEachLineAtOnceAsUtf8) {
+  m_output.writeLine(u"\"Missing bundled track Rain Veil\"");
   EXPECT_EQ(received(), "\"Missing bundled track Rain Veil\"\n");
-  output.writeLine(u"");
+  m_output.writeLine(u"");
   EXPECT_EQ(received(), "\n");
-}
-
-TEST_F(StandardOutputTest, WritesUtf8) {
-  StandardOutput output;
-  output.writeLine(u"Mireval \u2022 \u96e8 \U0001F3B5");
+  m_output.writeLine(u"Mireval \u2022 \u96e8 \U0001F3B5");
   EXPECT_EQ(received(), "Mireval \xE2\x80\xA2 \xE9\x9B\xA8 \xF0\x9F\x8E\xB5\n");
-}
-
-TEST_F(StandardOutputTest, TextIsNoFormat) {
-  StandardOutput output;
-  output.writeLine(u"100 %s %n");
+  m_output.writeLine(u"100 %s %n");
   EXPECT_EQ(received(), "100 %s %n\n");
 }
 
 TEST_F(StandardOutputTest, OutputThatNobodyTakesIsLost) {
   // The program does so at its start.
   const auto before = std::signal(SIGPIPE, SIG_IGN);
-  StandardOutput output;
-  closeReader();
-  output.writeLine(u"lost");
-  output.writeLine(u"lost too");
-  restore();
+  close(std::exchange(m_pipe[0], -1));
+  m_output.writeLine(u"lost");
+  m_output.writeLine(u"lost too");
   std::signal(SIGPIPE, before);
 }
 
