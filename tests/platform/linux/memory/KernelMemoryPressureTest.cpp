@@ -1,11 +1,11 @@
 #include "platform/linux/memory/KernelMemoryPressure.h"
 
 #include "support/TemporaryFolder.h"
+#include "support/TestApplication.h"
 
 #include <gtest/gtest.h>
 
 #include <QAbstractEventDispatcher>
-#include <QCoreApplication>
 #include <QDeadlineTimer>
 
 #include <fcntl.h>
@@ -60,17 +60,15 @@ TEST_F(PressureFileTest, WithoutAnyFileThereIsNone) {
 
 TEST_F(PressureFileTest, TheProcessesOwnControlGroupIsAskedFirst) {
   const fs::path own = makeEmpty("cgroups/user.slice/app.scope/memory.pressure");
-  const fs::path other = makeEmpty("cgroups/memory.pressure");
+  const fs::path root = makeEmpty("cgroups/memory.pressure");
   const fs::path system = makeEmpty("system");
   nameCgroup("4:memory:/elsewhere\n0::/user.slice/app.scope\n");
-  EXPECT_TRUE(open().isOpen());
+  const FileDescriptor file = open();
   EXPECT_TRUE(isAsked(own));
-  EXPECT_TRUE(fs::is_empty(other));
+  EXPECT_EQ(fcntl(file.get(), F_GETFD) & FD_CLOEXEC, FD_CLOEXEC);
+  EXPECT_EQ(fcntl(file.get(), F_GETFL) & O_NONBLOCK, O_NONBLOCK);
+  EXPECT_TRUE(fs::is_empty(root));
   EXPECT_TRUE(fs::is_empty(system));
-}
-
-TEST_F(PressureFileTest, TheRootControlGroupIsTheFolderItself) {
-  const fs::path root = makeEmpty("cgroups/memory.pressure");
   nameCgroup("0::/\n");
   EXPECT_TRUE(open().isOpen());
   EXPECT_TRUE(isAsked(root));
@@ -100,13 +98,6 @@ TEST_F(PressureFileTest, ARefusedRequestCountsAsNoFile) {
   EXPECT_TRUE(isAsked(system));
 }
 
-TEST_F(PressureFileTest, TheDescriptorNeitherBlocksNorLeaks) {
-  makeEmpty("system");
-  const FileDescriptor file = open();
-  EXPECT_EQ(fcntl(file.get(), F_GETFD) & FD_CLOEXEC, FD_CLOEXEC);
-  EXPECT_EQ(fcntl(file.get(), F_GETFL) & O_NONBLOCK, O_NONBLOCK);
-}
-
 // Against this machine's kernel, where it has such files and lets us ask.
 TEST_F(PressureFileTest, TheKernelAcceptsTheRequest) {
   const FileDescriptor file = KernelMemoryPressure::open({});
@@ -118,27 +109,6 @@ TEST_F(PressureFileTest, TheKernelAcceptsTheRequest) {
   // Before a request was accepted the kernel answers with an error at once.
   EXPECT_EQ(state.revents & POLLERR, 0);
 }
-
-/// An application with one of Qt's two event loops for Linux.
-class Application {
- public:
-  explicit Application(bool glib) {
-    qputenv("QT_NO_GLIB", glib ? "" : "1");
-    m_application.emplace(m_argumentCount, m_arguments.data());
-  }
-  ~Application() {
-    m_application.reset();
-    qunsetenv("QT_NO_GLIB");
-  }
-  Application(const Application&) = delete;
-  Application& operator=(const Application&) = delete;
-
- private:
-  std::string m_name = "test";
-  std::array<char*, 2> m_arguments{m_name.data(), nullptr};
-  int m_argumentCount = 1;
-  std::optional<QCoreApplication> m_application;
-};
 
 /// Counts the signals of one pressure. The parameter: whether the event loop is GLib's.
 class KernelMemoryPressureTest : public testing::TestWithParam<bool> {
@@ -170,28 +140,35 @@ class KernelMemoryPressureTest : public testing::TestWithParam<bool> {
     return busy;
   }
 
+  static std::array<int, 2> makePipe() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(pipe2(ends.data(), O_NONBLOCK | O_CLOEXEC), 0);
+    return ends;
+  }
+
   static bool isOpen(int descriptor) { return fcntl(descriptor, F_GETFD) != -1; }
 
-  const Application m_application{GetParam()};
+  // Qt reads the variable when the application makes its event loop.
+  const bool m_chosen = qputenv("QT_NO_GLIB", GetParam() ? "" : "1");
+  const TestApplication m_application;
   int m_signals = 0;
   std::function<void()> m_onSignal = [] {};
   std::optional<KernelMemoryPressure> m_pressure;
 };
 
 TEST_P(KernelMemoryPressureTest, WithoutAFileThereIsNoSignal) {
-  const KernelMemoryPressure pressure{FileDescriptor()};
+  watch(-1);
   EXPECT_FALSE(isBusy());
+  EXPECT_EQ(m_signals, 0);
 }
 
 // An urgent byte on a socket shows POLLPRI, as the kernel's pressure files do.
 TEST_P(KernelMemoryPressureTest, AnExceptionalConditionIsASignal) {
   const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t length = sizeof address;
-  ASSERT_EQ(bind(listener, reinterpret_cast<const sockaddr*>(&address), length), 0);
+  // Listens at a free port.
   ASSERT_EQ(listen(listener, 1), 0);
+  sockaddr_in address{};
+  socklen_t length = sizeof address;
   ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length), 0);
   const int kernel = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
   ASSERT_EQ(connect(kernel, reinterpret_cast<const sockaddr*>(&address), length), 0);
@@ -219,16 +196,14 @@ TEST_P(KernelMemoryPressureTest, AnExceptionalConditionIsASignal) {
 
 // Like a pressure file whose control group is gone, a pipe that nobody reads shows an error for ever.
 TEST_P(KernelMemoryPressureTest, AFileWithAnErrorIsClosed) {
-  std::array<int, 2> ends{};
-  ASSERT_EQ(pipe2(ends.data(), O_NONBLOCK | O_CLOEXEC), 0);
+  const std::array<int, 2> ends = makePipe();
   watch(ends[1]);
   EXPECT_FALSE(isBusy());
   close(ends[0]);
   EXPECT_TRUE(waitFor([&] { return !isOpen(ends[1]); }));
 
   // Another file that takes the descriptor's number is not watched.
-  std::array<int, 2> others{};
-  ASSERT_EQ(pipe2(others.data(), O_NONBLOCK | O_CLOEXEC), 0);
+  const std::array<int, 2> others = makePipe();
   ASSERT_EQ(others[1], ends[1]);
   close(others[0]);
   EXPECT_FALSE(isBusy());
@@ -238,8 +213,7 @@ TEST_P(KernelMemoryPressureTest, AFileWithAnErrorIsClosed) {
 }
 
 TEST_P(KernelMemoryPressureTest, TheFileIsClosedAtTheEnd) {
-  std::array<int, 2> ends{};
-  ASSERT_EQ(pipe2(ends.data(), O_NONBLOCK | O_CLOEXEC), 0);
+  const std::array<int, 2> ends = makePipe();
   watch(ends[1]);
   close(ends[0]);
   m_pressure.reset();
