@@ -11,10 +11,10 @@ namespace {
 
 class FrameHistoryTest : public testing::Test {
  protected:
-  static std::vector<float> read(FrameHistory& history, std::uint64_t position, std::size_t frames) {
+  std::vector<float> read(std::uint64_t position, std::size_t frames) {
     std::vector<float> samples;
     while (samples.size() < frames * 2) {
-      const auto part = history.read(position + samples.size() / 2, frames - samples.size() / 2);
+      const auto part = m_history.read(position + samples.size() / 2, frames - samples.size() / 2);
       if (part.empty()) {
         break;
       }
@@ -31,29 +31,24 @@ class FrameHistoryTest : public testing::Test {
   AudioFiles m_files;
   std::filesystem::path m_file = m_files.noise(2);
   Recording m_reference = m_files.decoded(m_file);
+  FrameHistory m_history{AudioDecoder::open(m_file).value(), 0.5};
 };
 
 TEST_F(FrameHistoryTest, DecodesForwardAndRepeatsWhatItRemembers) {
-  FrameHistory history(AudioDecoder::open(m_file).value(), 0.5);
-  EXPECT_EQ(read(history, 0, 10000), expected(0, 10000));
-  EXPECT_EQ(read(history, 2000, 5000), expected(2000, 5000));
-  EXPECT_EQ(read(history, 8000, 10000), expected(8000, 10000));
-  EXPECT_EQ(history.decodedFrames(), 18000U);
-  EXPECT_EQ(history.oldestFrame(), 0U);
+  EXPECT_EQ(read(0, 10000), expected(0, 10000));
+  EXPECT_EQ(read(2000, 5000), expected(2000, 5000));
+  EXPECT_EQ(read(8000, 10000), expected(8000, 10000));
+  EXPECT_EQ(m_history.decodedFrames(), 18000U);
+  EXPECT_EQ(m_history.oldestFrame(), 0U);
 }
 
-TEST_F(FrameHistoryTest, ForgetsWhatIsOlderThanItsRoom) {
-  FrameHistory history(AudioDecoder::open(m_file).value(), 0.5);
-  EXPECT_EQ(read(history, 0, 50000), expected(0, 50000));
-  EXPECT_EQ(history.oldestFrame(), 50000U - 22050);
-  EXPECT_EQ(read(history, history.oldestFrame(), 22050), expected(50000 - 22050, 22050));
-}
-
-TEST_F(FrameHistoryTest, EndsWithTheFile) {
-  FrameHistory history(AudioDecoder::open(m_file).value(), 0.5);
-  EXPECT_EQ(read(history, 0, 100000).size() / 2, 88200U);
-  EXPECT_EQ(history.decodedFrames(), 88200U);
-  EXPECT_EQ(read(history, 88000, 1000), expected(88000, 200));
+TEST_F(FrameHistoryTest, ForgetsWhatIsOlderThanItsRoomAndEndsWithTheFile) {
+  EXPECT_EQ(read(0, 50000), expected(0, 50000));
+  EXPECT_EQ(m_history.oldestFrame(), 50000U - 22050);
+  EXPECT_EQ(read(m_history.oldestFrame(), 22050), expected(50000 - 22050, 22050));
+  EXPECT_EQ(read(50000, 50000), expected(50000, 88200 - 50000));
+  EXPECT_EQ(m_history.decodedFrames(), 88200U);
+  EXPECT_EQ(read(88000, 1000), expected(88000, 200));
 }
 
 }  // namespace
