@@ -108,19 +108,13 @@ TEST(RecordingTest, HoldsWhatTheFileHolds) {
 
 TEST(RecordingTest, TellsWhyThereIsNone) {
   const test::AudioFiles files;
-  const RecordingResult missing = Recording::load(files.folder() / "nowhere.m4a");
-  EXPECT_FALSE(missing.recording);
-  EXPECT_NE(missing.error.find("nowhere.m4a"), std::string::npos) << missing.error;
-  const RecordingResult text = Recording::load(files.bytes("text.m4a", "no sound at all"));
-  EXPECT_FALSE(text.recording);
-  EXPECT_NE(text.error.find("text.m4a"), std::string::npos) << text.error;
-}
-
-TEST(RecordingTest, RefusesAFileThatEndsBeforeItsLength) {
-  const test::AudioFiles files;
-  const RecordingResult loaded = Recording::load(files.truncated(0.5, true));
-  EXPECT_FALSE(loaded.recording);
-  EXPECT_NE(loaded.error, "");
+  for (const auto& file : {files.folder() / "nowhere.m4a", files.bytes("text.m4a", "no sound at all"),
+                           // It ends before its length.
+                           files.truncated(0.5, true)}) {
+    const RecordingResult result = Recording::load(file);
+    EXPECT_FALSE(result.recording);
+    EXPECT_TRUE(result.error.starts_with(file.string() + ": ")) << result.error;
+  }
 }
 
 TEST(RecordingTest, MixesToMono) {
@@ -288,10 +282,9 @@ TEST(PowerSpectraTest, PutASineIntoItsBin) {
 }
 
 TEST(PowerSpectraTest, TakeOnlyWholeFrames) {
-  EXPECT_EQ(PowerSpectra(Samples(1023), 1024, 512).frameCount(), 0U);
-  EXPECT_EQ(PowerSpectra(Samples(1024), 1024, 512).frameCount(), 1U);
-  EXPECT_EQ(PowerSpectra(Samples(1535), 1024, 512).frameCount(), 1U);
-  EXPECT_EQ(PowerSpectra(Samples(1536), 1024, 512).frameCount(), 2U);
+  for (const auto& [samples, frames] : {std::pair(1023, 0U), {1024, 1U}, {1535, 1U}, {1536, 2U}}) {
+    EXPECT_EQ(PowerSpectra(Samples(samples), 1024, 512).frameCount(), frames) << samples;
+  }
 }
 
 TEST(MelBankTest, SharesEachBinBetweenNeighbours) {
@@ -392,11 +385,9 @@ TEST(PulseTest, FindsTheBarOfARhythm) {
 }
 
 TEST(PulseTest, AHeldSoundBeginsOnce) {
-  const Samples held = noise(0.3, 1, 1);
   std::vector<Samples> parts;
   for (int bar = 0; bar < 30; ++bar) {
-    parts.push_back(noise(0.001, 1, 2));
-    parts.push_back(held);
+    parts.insert(parts.end(), {noise(0.001, 1, 2), noise(0.3, 1, 1)});
   }
   const Pulse pulse(bothSides(joined(parts)));
   EXPECT_GT(pulse.atPeriod(2), 0.9);
@@ -427,8 +418,7 @@ TEST(FingerprintTest, ChangingChordsMove) {
   const double step = 11 * 16301.0 / rate;
   std::vector<Samples> parts;
   for (int i = 0; i < 5; ++i) {
-    parts.push_back(chord(cMajor, step));
-    parts.push_back(chord(fSharpMajor, step));
+    parts.insert(parts.end(), {chord(cMajor, step), chord(fSharpMajor, step)});
   }
   parts.push_back(silenceOf(0.01));
   EXPECT_NEAR(Fingerprint::of(bothSides(joined(parts))).harmonicMovement, 0.95, 0.05);
@@ -547,27 +537,29 @@ TEST(FiguresTest, EachFaultIsNamed) {
 }
 
 TEST(FiguresTest, RangeAndPulseDependOnTheMood) {
-  const auto isMet = [](Mood mood, double range, double pulse) {
-    Measurement measurement = goodMeasurement(mood);
-    measurement.loudness.range = range;
-    measurement.pulseAtBar = pulse;
-    return unmet(measurement, mood).empty();
+  struct Limits {
+    Mood mood;
+    Range loudnessRange;
+    Range pulse;
   };
-  EXPECT_TRUE(isMet(Mood::relaxation, 2.5, 0.5));
-  EXPECT_TRUE(isMet(Mood::relaxation, 9, -0.1));
-  EXPECT_FALSE(isMet(Mood::relaxation, 5, 0.51));
-  EXPECT_TRUE(isMet(Mood::focus, 3, 0));
-  EXPECT_TRUE(isMet(Mood::focus, 8, 1));
-  EXPECT_FALSE(isMet(Mood::focus, 2.9, 0));
-  EXPECT_FALSE(isMet(Mood::focus, 8.1, 0));
-  EXPECT_TRUE(isMet(Mood::creative, 4, 0));
-  EXPECT_TRUE(isMet(Mood::creative, 9, 1));
-  EXPECT_FALSE(isMet(Mood::creative, 3.9, 0));
-  EXPECT_TRUE(isMet(Mood::tempo, 3, 0.6));
-  EXPECT_TRUE(isMet(Mood::tempo, 7, 1));
-  EXPECT_FALSE(isMet(Mood::tempo, 2.9, 1));
-  EXPECT_FALSE(isMet(Mood::tempo, 7.1, 1));
-  EXPECT_FALSE(isMet(Mood::tempo, 5, 0.59));
+  constexpr double outside = 0.01;
+  for (const auto& [mood, range, pulse] : {Limits{Mood::relaxation, {2.5, 9}, {-1, 0.5}},
+                                           {Mood::focus, {3, 8}, {-1, 1}},
+                                           {Mood::creative, {4, 9}, {-1, 1}},
+                                           {Mood::tempo, {3, 7}, {0.6, 1}}}) {
+    const auto isMet = [mood = mood](double loudnessRange, double pulseAtBar) {
+      Measurement measurement = goodMeasurement(mood);
+      measurement.loudness.range = loudnessRange;
+      measurement.pulseAtBar = pulseAtBar;
+      return unmet(measurement, mood).empty();
+    };
+    EXPECT_TRUE(isMet(range.least, pulse.least));
+    EXPECT_TRUE(isMet(range.most, pulse.most));
+    EXPECT_FALSE(isMet(range.least - outside, pulse.least));
+    EXPECT_FALSE(isMet(range.most + outside, pulse.least));
+    EXPECT_EQ(isMet(range.least, pulse.least - outside), mood != Mood::tempo);
+    EXPECT_EQ(isMet(range.least, pulse.most + outside), mood != Mood::relaxation);
+  }
 }
 
 TEST(FiguresTest, SayNameValueAndLimit) {

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -67,10 +68,11 @@ TEST(ReportPageTest, ShowsEveryTrackWithPictureAndPlayer) {
     for (const Track& track : tracks) {
       const std::string name = track.resourceName->toStdString();
       const std::string part = section(html, name);
-      EXPECT_EQ(count(part, "<h3>" + track.title.toStdString() + "</h3>"), 1);
-      EXPECT_EQ(count(part, track.detail.toStdString()), 1);
-      EXPECT_EQ(count(part, "<img src=\"" + name + ".png\""), 1);
-      EXPECT_EQ(count(part, "<audio controls preload=\"none\" src=\"" + name + ".m4a\">"), 1);
+      for (const std::string& element :
+           {"<h3>" + track.title.toStdString() + "</h3>", track.detail.toStdString(),
+            "<img src=\"" + name + ".png\"", "<audio controls preload=\"none\" src=\"" + name + ".m4a\">"}) {
+        EXPECT_EQ(count(part, element), 1) << element;
+      }
       EXPECT_EQ(count(html, "<a href=\"#" + name + "\">"), 1);
     }
   }
@@ -106,10 +108,13 @@ TEST(ReportPageTest, JudgesTheWhole) {
 
 TEST(ReportPageTest, SaysInItsPlaceThatATrackIsMissing) {
   std::vector<ReportTrack> tracks = wholeCatalogue();
-  ReportTrack missing;
-  missing.track = tracks[20].track;
-  missing.problem = u"not rendered"_s;
-  tracks[20] = missing;
+  const auto lose = [](ReportTrack& track) {
+    ReportTrack missing;
+    missing.track = track.track;
+    missing.problem = u"not rendered"_s;
+    track = missing;
+  };
+  lose(tracks[20]);
   const std::string html = page(tracks);
   EXPECT_EQ(count(html, "<section class=\"track\""), 64);
   const std::string part = section(html, "focus-5");
@@ -117,16 +122,7 @@ TEST(ReportPageTest, SaysInItsPlaceThatATrackIsMissing) {
   EXPECT_EQ(count(part, "<audio"), 0);
   EXPECT_EQ(count(part, "<img"), 0);
   EXPECT_EQ(count(html, "<span class=\"bad\">1 missing</span>"), 1);
-}
-
-TEST(ReportPageTest, HasAPlaceForATrackWhenAllAreMissing) {
-  std::vector<ReportTrack> tracks = wholeCatalogue();
-  for (ReportTrack& track : tracks) {
-    ReportTrack missing;
-    missing.track = track.track;
-    missing.problem = u"not rendered"_s;
-    track = missing;
-  }
+  std::ranges::for_each(tracks, lose);
   EXPECT_EQ(count(page(tracks), "<section class=\"track\""), 64);
   EXPECT_EQ(count(page({}), "<section class=\"track\""), 0);
 }
@@ -134,16 +130,11 @@ TEST(ReportPageTest, HasAPlaceForATrackWhenAllAreMissing) {
 TEST(ReportPageTest, EscapesWhatItIsTold) {
   const QString nasty = u"<b>\"A\" & 'B'</b>"_s;
   ReportTrack track;
-  track.track.title = nasty;
-  track.track.detail = nasty;
-  track.track.resourceName = nasty;
   track.source = TrackSource();
-  track.source->description = nasty;
   track.source->piece = Piece{.title = nasty, .tempo = 60, .key = nasty};
-  track.source->lead = nasty;
-  track.source->bed = nasty;
-  track.audio = nasty;
-  track.picture = nasty;
+  track.track.title = track.track.detail = track.source->description = nasty;
+  track.source->lead = track.source->bed = track.audio = track.picture = nasty;
+  track.track.resourceName = nasty;
   track.seconds = 60;
   track.figures = {{nasty.toStdString(), nasty.toStdString(), 1, {}}};
   track.nearest = nasty;
@@ -168,9 +159,9 @@ TEST(ReportPageTest, DoesNotTakeATitleForAPlaceHolder) {
 
 TEST(ReportPageTest, NeedsNoNetwork) {
   const std::string html = page(wholeCatalogue());
-  EXPECT_EQ(count(html, "http:"), 0);
-  EXPECT_EQ(count(html, "https:"), 0);
-  EXPECT_EQ(count(html, "src=\"/"), 0);
+  for (const char* const address : {"http:", "https:", "src=\"/"}) {
+    EXPECT_EQ(count(html, address), 0) << address;
+  }
   EXPECT_EQ(count(html, "prefers-color-scheme: dark"), 1);
 }
 

@@ -1,6 +1,7 @@
 #include "report/TrackSource.h"
 
 #include "library/Catalogue.h"
+#include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
@@ -27,24 +28,14 @@ std::string fileName(const Track& track) {
   return track.resourceName->toStdString() + ".orc";
 }
 
-/// The parsed sources of one mood by file name, in catalogue order. Files that cannot be read are left out.
-std::vector<std::pair<std::string, TrackSource>> sourcesOf(Mood mood) {
-  std::vector<std::pair<std::string, TrackSource>> sources;
-  for (const Track& track : catalogue().at(mood)) {
-    if (auto source = TrackSource::read(folder() / fileName(track))) {
-      sources.emplace_back(fileName(track), std::move(*source));
-    }
-  }
-  return sources;
-}
-
 /// Fails for every two pieces of a mood that have the same trait.
 void expectDifferent(const std::function<QString(const TrackSource&)>& trait) {
-  for (const Mood mood : allMoods) {
+  for (const auto& [mood, tracks] : catalogue()) {
     std::map<QString, std::string> seen;
-    for (const auto& [file, source] : sourcesOf(mood)) {
-      const auto [other, isNew] = seen.emplace(trait(source), file);
-      EXPECT_TRUE(isNew) << other->second << " and " << file << " share: " << trait(source).toStdString();
+    for (const Track& track : tracks) {
+      const QString found = trait(TrackSource::read(folder() / fileName(track)).value_or(TrackSource()));
+      const auto [other, isNew] = seen.emplace(found, fileName(track));
+      EXPECT_TRUE(isNew) << other->second << " and " << fileName(track) << " share: " << found.toStdString();
     }
   }
 }
@@ -61,59 +52,30 @@ TEST(TrackSourcesTest, AreThoseOfTheCatalogueAndNoOthers) {
   for (const auto& entry : std::filesystem::directory_iterator(folder())) {
     found.insert(entry.path().filename().string());
   }
-  for (const std::string& name : expected) {
-    EXPECT_TRUE(found.contains(name)) << name << " is missing";
-  }
-  for (const std::string& name : found) {
-    EXPECT_TRUE(expected.contains(name)) << name << " belongs to no track";
-  }
+  EXPECT_EQ(found, expected);
 }
 
-TEST(TrackSourcesTest, SayWhatTheCatalogueCallsThem) {
-  for (const auto& [mood, tracks] : catalogue()) {
-    for (const Track& track : tracks) {
-      SCOPED_TRACE(fileName(track));
-      const auto source = TrackSource::read(folder() / fileName(track));
-      ASSERT_TRUE(source);
-      EXPECT_EQ(source->title.toStdString(), track.title.toStdString());
-      EXPECT_EQ(source->mood.toStdString(), rawValue(mood).toStdString());
-      EXPECT_FALSE(source->description.isEmpty());
-      ASSERT_TRUE(source->piece);
-      EXPECT_EQ(source->piece->title.toStdString(), track.title.toStdString());
-    }
-  }
-}
-
-TEST(TrackSourcesTest, AreShort) {
-  for (const Mood mood : allMoods) {
-    for (const auto& [file, source] : sourcesOf(mood)) {
-      EXPECT_LE(source.lineCount, mostLines) << file;
-    }
-  }
-}
-
-TEST(TrackSourcesTest, HaveTheTempoOfTheirMood) {
+TEST(TrackSourcesTest, SayWhatTheCatalogueCallsThemAndFollowTheRules) {
   const std::map<Mood, std::pair<double, double>> tempi{
       {Mood::relaxation, {50, 72}},
       {Mood::focus, {66, 104}},
       {Mood::creative, {72, 100}},
       {Mood::tempo, {112, 126}},
   };
-  for (const auto& [mood, range] : tempi) {
-    for (const auto& [file, source] : sourcesOf(mood)) {
-      ASSERT_TRUE(source.piece) << file;
-      EXPECT_GE(source.piece->tempo, range.first) << file;
-      EXPECT_LE(source.piece->tempo, range.second) << file;
-    }
-  }
-}
-
-TEST(TrackSourcesTest, HaveALeadABedAndAProgression) {
-  for (const Mood mood : allMoods) {
-    for (const auto& [file, source] : sourcesOf(mood)) {
-      EXPECT_FALSE(source.lead.isEmpty()) << file;
-      EXPECT_FALSE(source.bed.isEmpty()) << file;
-      EXPECT_FALSE(source.firstProgression.isEmpty()) << file;
+  for (const auto& [mood, tracks] : catalogue()) {
+    for (const Track& track : tracks) {
+      SCOPED_TRACE(fileName(track));
+      const auto source = TrackSource::read(folder() / fileName(track));
+      ASSERT_TRUE(source && source->piece);
+      EXPECT_EQ(source->title, track.title);
+      EXPECT_EQ(source->mood, rawValue(mood));
+      EXPECT_EQ(source->piece->title, track.title);
+      EXPECT_GE(source->piece->tempo, tempi.at(mood).first);
+      EXPECT_LE(source->piece->tempo, tempi.at(mood).second);
+      EXPECT_LE(source->lineCount, mostLines);
+      for (const QString& part : {source->description, source->lead, source->bed, source->firstProgression}) {
+        EXPECT_FALSE(part.isEmpty());
+      }
     }
   }
 }
@@ -149,30 +111,25 @@ tune    "flute", 74, "5.....", "1 1 1"
 tune    "horn", 74, "5.....",  "1 1 1"
 )");
   EXPECT_EQ(source.lineCount, 13);
-  EXPECT_EQ(source.title.toStdString(), "Quiet Index");
-  EXPECT_EQ(source.mood.toStdString(), "focus");
-  EXPECT_EQ(source.description.toStdString(), "a page turned slowly - and back");
+  EXPECT_EQ(source.title, u"Quiet Index"_s);
+  EXPECT_EQ(source.mood, u"focus"_s);
+  EXPECT_EQ(source.description, u"a page turned slowly - and back"_s);
   ASSERT_TRUE(source.piece);
-  EXPECT_EQ(source.piece->title.toStdString(), "Quiet Index");
+  EXPECT_EQ(source.piece->title, u"Quiet Index"_s);
   EXPECT_EQ(source.piece->tempo, 72.5);
-  EXPECT_EQ(source.piece->key.toStdString(), "Db major");
+  EXPECT_EQ(source.piece->key, u"Db major"_s);
   EXPECT_EQ(source.piece->beatsPerBar, 3);
-  EXPECT_EQ(source.firstProgression.toStdString(), "Dm9:2 Bbmaj7/D:2");
-  EXPECT_EQ(source.lead.toStdString(), "flute");
-  EXPECT_EQ(source.bed.toStdString(), "pad");
+  EXPECT_EQ(source.firstProgression, u"Dm9:2 Bbmaj7/D:2"_s);
+  EXPECT_EQ(source.lead, u"flute"_s);
+  EXPECT_EQ(source.bed, u"pad"_s);
 }
 
-TEST(TrackSourceTest, TakesTheFirstKeysForAMissingTune) {
-  const TrackSource source = parse(
-      "wash \"pad\", 60, \"1\"\nkeys \"felt\", 60, \"1\", \"1\"\n"
-      "keys \"harp\", 60, \"1\", \"1\"\n");
-  EXPECT_EQ(source.lead.toStdString(), "felt");
-  EXPECT_EQ(source.bed.toStdString(), "pad");
-}
-
-TEST(TrackSourceTest, TakesTheFirstStabOrKeysForAMissingWash) {
-  EXPECT_EQ(parse("stab \"organ\"\nkeys \"felt\"\ntune \"horn\"\n").bed.toStdString(), "organ");
-  EXPECT_EQ(parse("keys \"felt\"\nstab \"organ\"\ntune \"horn\"\n").bed.toStdString(), "felt");
+TEST(TrackSourceTest, TakesOtherLanesForAMissingTuneOrWash) {
+  const TrackSource withoutTune = parse("wash \"pad\"\nstab \"organ\"\nkeys \"felt\"\nkeys \"harp\"\n");
+  EXPECT_EQ(withoutTune.lead, u"felt"_s);
+  EXPECT_EQ(withoutTune.bed, u"pad"_s);
+  EXPECT_EQ(parse("stab \"organ\"\nkeys \"felt\"\ntune \"horn\"\n").bed, u"organ"_s);
+  EXPECT_EQ(parse("keys \"felt\"\nstab \"organ\"\ntune \"horn\"\n").bed, u"felt"_s);
 }
 
 TEST(TrackSourceTest, KnowsNothingOfAnEmptyFile) {
@@ -186,27 +143,27 @@ TEST(TrackSourceTest, KnowsNothingOfAnEmptyFile) {
 }
 
 TEST(TrackSourceTest, RefusesAFirstLineThatIsNoHead) {
-  EXPECT_TRUE(parse("; Rain Veil, relaxation, warm rain\n").title.isEmpty());
-  EXPECT_TRUE(parse("; Rain Veil - relaxation - \n").title.isEmpty());
-  EXPECT_TRUE(parse("; Rain Veil - relaxation\n").title.isEmpty());
-  EXPECT_TRUE(parse("Rain Veil - relaxation - warm rain\n").title.isEmpty());
-  EXPECT_TRUE(parse("\n; Rain Veil - relaxation - warm rain\n").title.isEmpty());
+  for (const char* const text :
+       {"; Rain Veil, relaxation, warm rain\n", "; Rain Veil - relaxation - \n", "; Rain Veil - relaxation\n",
+        "Rain Veil - relaxation - warm rain\n", "\n; Rain Veil - relaxation - warm rain\n"}) {
+    EXPECT_TRUE(parse(text).title.isEmpty()) << text;
+  }
 }
 
 TEST(TrackSourceTest, RefusesAPieceThatLacksSomething) {
-  EXPECT_FALSE(parse("chords \"A\", \"C\"\n").piece);
-  EXPECT_FALSE(parse("; piece \"A\", 60, \"C major\"\n").piece);
-  EXPECT_FALSE(parse("piece \"A\", 60\n").piece);
-  EXPECT_FALSE(parse("piece \"A\", \"C major\"\n").piece);
-  EXPECT_FALSE(parse("piece \"\", 60, \"C major\"\n").piece);
-  EXPECT_FALSE(parse("pieces \"A\", 60, \"C major\"\n").piece);
+  for (const char* const text :
+       {R"(chords "A", "C")", R"(; piece "A", 60, "C major")", R"(piece "A", 60)", R"(piece "A", "C major")",
+        R"(piece "A", x, "C major")", R"(piece "", 60, "C major")", R"(pieces "A", 60, "C major")"}) {
+    EXPECT_FALSE(parse(text).piece) << text;
+  }
   EXPECT_EQ(parse("piece\"A\",60,\"C major\"").piece.value_or(Piece()).beatsPerBar, 4);
 }
 
 TEST(TrackSourceTest, FindsNoProgressionForAnUnknownSection) {
-  EXPECT_TRUE(parse("chords \"A\", \"C\"\nform \"BA\", 4\n").firstProgression.isEmpty());
-  EXPECT_TRUE(parse("chords \"A\", \"C\"\n").firstProgression.isEmpty());
-  EXPECT_TRUE(parse("form \"A\", 4\n").firstProgression.isEmpty());
+  for (const char* const text :
+       {"chords \"A\", \"C\"\nform \"BA\", 4\n", "chords \"A\", \"C\"\n", "form \"A\", 4\n"}) {
+    EXPECT_TRUE(parse(text).firstProgression.isEmpty()) << text;
+  }
 }
 
 TEST(TrackSourceTest, TakesASemicolonInsideAStringForText) {
