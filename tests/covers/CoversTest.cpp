@@ -27,27 +27,28 @@ using namespace Qt::StringLiterals;
 constexpr int widgetPixels = 48;
 const QDir folder(QStringLiteral(COVERS));
 
-QString fileOf(Mood mood, int number) {
-  return folder.filePath(coverImageName(mood, number) + u".png"_s);
-}
-
-/// A cover as a media widget shows it.
-struct Thumbnail {
+/// A picture, and how a media widget shows it.
+struct ShownCover {
   Mood mood;
   int number;
-  QImage image;
+  std::string name;
+  QString file;
+  QImage thumbnail;
 };
 
-const std::vector<Thumbnail>& thumbnails() {
-  static const std::vector<Thumbnail> all = [] {
-    std::vector<Thumbnail> made;
+QImage thumbnailOf(const QImage& image) {
+  return image.scaled(widgetPixels, widgetPixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+const std::vector<ShownCover>& covers() {
+  static const std::vector<ShownCover> all = [] {
+    std::vector<ShownCover> made;
     for (const Mood mood : allMoods) {
       for (int number = 1; number <= coversPerMood; ++number) {
-        made.push_back(
-            {mood, number,
-             QImage(fileOf(mood, number))
-                 .convertToFormat(QImage::Format_RGB32)
-                 .scaled(widgetPixels, widgetPixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)});
+        const QString name = coverImageName(mood, number);
+        const QString file = folder.filePath(name + u".png"_s);
+        made.push_back({mood, number, name.toStdString(), file,
+                        thumbnailOf(QImage(file).convertToFormat(QImage::Format_RGB32))});
       }
     }
     return made;
@@ -108,16 +109,10 @@ double contrastOf(const QImage& image) {
   return std::sqrt(std::max(0.0, squares / count - (sum / count) * (sum / count)));
 }
 
-std::string nameOf(const Thumbnail& thumbnail) {
-  return coverImageName(thumbnail.mood, thumbnail.number).toStdString();
-}
-
 TEST(CoversTest, ThereAreExactlyFortyPictures) {
   QStringList expected;
-  for (const Mood mood : allMoods) {
-    for (int number = 1; number <= coversPerMood; ++number) {
-      expected.append(coverImageName(mood, number) + u".png"_s);
-    }
+  for (const ShownCover& cover : covers()) {
+    expected.append(QFileInfo(cover.file).fileName());
   }
   expected.sort();
   EXPECT_EQ(expected.size(), 40);
@@ -126,14 +121,13 @@ TEST(CoversTest, ThereAreExactlyFortyPictures) {
 
 TEST(CoversTest, EachIsAPngOf1200PixelsWhichThePlayerKeepsInOneByteEach) {
   QtImageDecoder decoder;
-  for (const Mood mood : allMoods) {
-    for (int number = 1; number <= coversPerMood; ++number) {
-      EXPECT_EQ(QImageReader::imageFormat(fileOf(mood, number)), "png") << fileOf(mood, number).toStdString();
-      const QImage image = decoder.thumbnail(fileOf(mood, number).toStdString(), 1600);
-      EXPECT_EQ(image.size(), QSize(1200, 1200)) << fileOf(mood, number).toStdString();
-      EXPECT_EQ(image.format(), QImage::Format_Indexed8) << fileOf(mood, number).toStdString();
-      EXPECT_FALSE(image.hasAlphaChannel()) << fileOf(mood, number).toStdString();
-    }
+  for (const ShownCover& cover : covers()) {
+    SCOPED_TRACE(cover.name);
+    EXPECT_EQ(QImageReader::imageFormat(cover.file), "png");
+    const QImage image = decoder.thumbnail(cover.file.toStdString(), 1600);
+    EXPECT_EQ(image.size(), QSize(1200, 1200));
+    EXPECT_EQ(image.format(), QImage::Format_Indexed8);
+    EXPECT_FALSE(image.hasAlphaChannel());
   }
 }
 
@@ -146,70 +140,53 @@ TEST(CoversTest, DrawnAgainTheyAreTheSame) {
   }
 }
 
-TEST(CoversTest, TheFewerColoursAreNotSeen) {
-  for (const Mood mood : allMoods) {
-    for (int number = 1; number <= coversPerMood; ++number) {
-      const QImage drawn =
-          Cover::draw(mood, number)
-              .scaled(widgetPixels, widgetPixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-      const QImage shipped =
-          thumbnails()
-              .at((static_cast<std::size_t>(mood) * coversPerMood) + static_cast<std::size_t>(number) - 1)
-              .image;
-      EXPECT_LT(pixelDistance(drawn, shipped), 1) << coverImageName(mood, number).toStdString();
-    }
-  }
-}
-
-TEST(CoversTest, EachPaintsTheWholeSquare) {
-  // Black is what is there before.
-  for (const Mood mood : allMoods) {
-    for (int number = 1; number <= coversPerMood; ++number) {
-      const QImage image = Cover::draw(mood, number);
-      for (int i = 0; i < Cover::sidePixels; ++i) {
-        const int last = Cover::sidePixels - 1;
-        for (const QRgb edge :
-             {image.pixel(i, 0), image.pixel(i, last), image.pixel(0, i), image.pixel(last, i)}) {
-          ASSERT_NE(edge, qRgb(0, 0, 0)) << coverImageName(mood, number).toStdString() << " at " << i;
-        }
+TEST(CoversTest, EachPaintsTheWholeSquareAndTheFewerColoursAreNotSeen) {
+  for (const ShownCover& cover : covers()) {
+    const QImage image = Cover::draw(cover.mood, cover.number);
+    EXPECT_LT(pixelDistance(thumbnailOf(image), cover.thumbnail), 1) << cover.name;
+    for (int i = 0; i < Cover::sidePixels; ++i) {
+      const int last = Cover::sidePixels - 1;
+      for (const QRgb edge :
+           {image.pixel(i, 0), image.pixel(i, last), image.pixel(0, i), image.pixel(last, i)}) {
+        // The empty picture is black.
+        ASSERT_NE(edge, qRgb(0, 0, 0)) << cover.name << " at " << i;
       }
     }
   }
 }
 
 TEST(CoversTest, EachReadsInAWidget) {
-  for (const Thumbnail& cover : thumbnails()) {
-    EXPECT_GT(contrastOf(cover.image), 15) << nameOf(cover);
+  for (const ShownCover& cover : covers()) {
+    EXPECT_GT(contrastOf(cover.thumbnail), 15) << cover.name;
   }
 }
 
 TEST(CoversTest, NoTwoLookAlikeInAWidget) {
-  const std::vector<Thumbnail>& all = thumbnails();
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    for (std::size_t j = i + 1; j < all.size(); ++j) {
-      EXPECT_GT(pixelDistance(all[i].image, all[j].image), 12) << nameOf(all[i]) << " and " << nameOf(all[j]);
+  for (auto one = covers().begin(); one != covers().end(); ++one) {
+    for (auto other = one + 1; other != covers().end(); ++other) {
+      EXPECT_GT(pixelDistance(one->thumbnail, other->thumbnail), 12) << one->name << " and " << other->name;
     }
   }
 }
 
 TEST(CoversTest, TheModesAreFourFamilies) {
   std::vector<Palette> palettes;
-  for (const Thumbnail& cover : thumbnails()) {
-    palettes.push_back(paletteOf(cover.image));
+  for (const ShownCover& cover : covers()) {
+    palettes.push_back(paletteOf(cover.thumbnail));
   }
   for (std::size_t i = 0; i < palettes.size(); ++i) {
     // The mean distance of its colours to those of each family.
     std::map<Mood, double> distances;
     for (std::size_t j = 0; j < palettes.size(); ++j) {
       if (i != j) {
-        const Mood mood = thumbnails()[j].mood;
-        const int others = coversPerMood - (mood == thumbnails()[i].mood ? 1 : 0);
+        const Mood mood = covers()[j].mood;
+        const int others = coversPerMood - (mood == covers()[i].mood ? 1 : 0);
         distances[mood] += paletteDistance(palettes[i], palettes[j]) / others;
       }
     }
     const auto nearest = std::ranges::min_element(
         distances, [](const auto& one, const auto& other) { return one.second < other.second; });
-    EXPECT_EQ(nearest->first, thumbnails()[i].mood) << nameOf(thumbnails()[i]);
+    EXPECT_EQ(nearest->first, covers()[i].mood) << covers()[i].name;
   }
 }
 
