@@ -81,7 +81,7 @@ TEST_F(FolderResourceBundleTest, TheApplicationsIsNamedByTheEnvironmentOrFoundFr
   qputenv(variable, QByteArray::fromStdString(m_folder.path().string()));
   EXPECT_EQ(FolderResourceBundle::forApplication().folder(), m_folder.path());
 
-  const TestApplication application;
+  TestApplication application;
   const fs::path programFolder = fs::read_symlink("/proc/self/exe").parent_path();
   const fs::path besideProgram = programFolder / "resources";
   ASSERT_FALSE(fs::exists(besideProgram));

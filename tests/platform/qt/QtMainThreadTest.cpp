@@ -21,7 +21,7 @@ class QtMainThreadTest : public testing::Test {
  protected:
   static void runPending() { QCoreApplication::sendPostedEvents(); }
 
-  const TestApplication m_application;
+  TestApplication m_application;
 };
 
 TEST_F(QtMainThreadTest, RunsLaterAndInOrder) {

@@ -36,7 +36,7 @@ class QtRunLoopTest : public testing::Test {
     loop.exec();
   }
 
-  const TestApplication m_application;
+  TestApplication m_application;
   QtRunLoop m_runLoop;
 };
 

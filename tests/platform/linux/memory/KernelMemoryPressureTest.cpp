@@ -150,7 +150,7 @@ class KernelMemoryPressureTest : public testing::TestWithParam<bool> {
 
   // Qt reads the variable when the application makes its event loop.
   const bool m_chosen = qputenv("QT_NO_GLIB", GetParam() ? "" : "1");
-  const TestApplication m_application;
+  TestApplication m_application;
   int m_signals = 0;
   std::function<void()> m_onSignal = [] {};
   std::optional<KernelMemoryPressure> m_pressure;
