@@ -13,7 +13,7 @@ namespace {
 
 using Names = std::set<std::string>;
 
-/// What the limits are for: each of these must be refused, and for its own fault.
+/// Each of these must be refused for its own fault.
 class NegativeExamplesTest : public testing::Test {
  protected:
   static Recording recordingOf(const std::string& name) {

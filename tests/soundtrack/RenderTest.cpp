@@ -52,7 +52,7 @@ struct RenderResult {
   std::string message;
 };
 
-/// A folder with a track in it, a folder for what is made of it, and one for what should not stay.
+/// A folder with a track, a folder for results and one for temporary files.
 class RenderTest : public testing::Test {
  protected:
   RenderTest() {
@@ -94,7 +94,7 @@ class RenderTest : public testing::Test {
     return name;
   }
 
-  /// From here on, what is played can only have come from the cache.
+  /// From here on, only the cache can supply a result.
   void forbidPlaying() const {
     replaceProgram("csound", "[ \"$1\" = --version ] && exec " + original("csound") + " --version; exit 1");
   }

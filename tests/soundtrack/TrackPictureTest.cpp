@@ -33,7 +33,7 @@ Recording sine(double seconds, double note, double from = 0, double to = 1) {
   return recording;
 }
 
-/// Marks stand at the left edge, so the middle is where to look.
+/// Marks stand at the left edge, so tests look in the middle.
 int brightestRow(const QImage& picture, int column, int top, int bottom) {
   int brightest = top;
   for (int row = top; row < bottom; ++row) {

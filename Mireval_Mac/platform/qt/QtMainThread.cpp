@@ -8,8 +8,8 @@
 namespace mireval {
 namespace {
 
-// A queued QMetaObject::invokeMethod would share the task with the calling thread, which may then be the one
-// to release it.
+// A queued QMetaObject::invokeMethod would share the task with the calling thread, so that thread might be
+// the last to release it.
 class TaskEvent final : public QEvent {
  public:
   explicit TaskEvent(std::function<void()> task) : QEvent(User), m_task(std::move(task)) {}

@@ -1,4 +1,4 @@
-# The same piece for somebody who hopes that nobody notices: another title (and so another seed), three semitones
+# A disguised copy of a piece: another title (and so another seed), three semitones
 # higher, eight percent faster.
 BEGIN {
     FS = OFS = "\""

@@ -163,7 +163,7 @@ void AudioDecoder::trimPadding() {
   }
 }
 
-/// Remembers and counts an error. That a codec needs more input, or has no more output, is none.
+/// Remembers and counts an error. A codec that asks for input or has ended makes no error.
 bool AudioDecoder::succeeds(int status) {
   if (status < 0 && status != AVERROR(EAGAIN) && status != AVERROR_EOF) {
     m_lastError = status;

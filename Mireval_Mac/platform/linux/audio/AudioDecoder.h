@@ -23,9 +23,8 @@ class AudioDecoder {
  public:
   static constexpr std::size_t channelCount = 2;
 
-  /// Opens a regular file and decodes its first frame, so a file without sound is refused here. Anything
-  /// else than a local MPEG-4 file is refused: no other containers, no scripts, no network. The error is a
-  /// description by FFmpeg.
+  /// Opens a regular file and decodes its first frame, so a file without sound is refused here. So is
+  /// all but a local MPEG-4 file: no other containers, no scripts, no network. The error is FFmpeg's text.
   static tl::expected<std::unique_ptr<AudioDecoder>, QString> open(const std::filesystem::path& file);
 
   /// Frames per second of what `read` delivers: the file's own rate.

@@ -9,8 +9,8 @@
 
 namespace mireval {
 
-/// A decoder that remembers its last seconds, so that frames which the sound server got but did not play can
-/// be read again: at another volume, or for another stream. May be used on any thread, by one at a time.
+/// A decoder that remembers its last seconds. Frames that the sound server got but did not play can be read
+/// again, at another volume or for another stream. May be used on any thread, by one at a time.
 class FrameHistory {
  public:
   /// Remembers at least `rememberedSeconds`.

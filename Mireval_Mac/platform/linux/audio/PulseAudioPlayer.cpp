@@ -121,7 +121,7 @@ void PulseAudioPlayer::serverReady() {
 }
 
 void PulseAudioPlayer::serverLost() {
-  // A stream learns by itself that its server has gone.
+  // libpulse itself tells a stream.
   if (m_playing && !m_stream) {
     m_playing->scheduleRetry();
   }

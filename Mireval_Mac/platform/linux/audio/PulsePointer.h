@@ -31,7 +31,7 @@ struct PulseDeleter {
   }
 
  private:
-  /// Closes a stream, but only once the server has confirmed it: before, libpulse cannot.
+  /// Closes the stream, unless the server has yet to confirm it: libpulse calls this again then.
   static void close(pa_stream* stream, void*) {
     const pa_stream_state_t state = pa_stream_get_state(stream);
     if (state == PA_STREAM_CREATING) {

@@ -36,9 +36,9 @@ void releaseUnusedMemory() {
 }
 
 void useMmapForLargeBlocks() {
-  // Blocks of this size and more get a mapping of their own. It is glibc's default too, but unless it is set,
-  // freeing a large block raises it, and later blocks come from the heap, where any block behind them keeps
-  // them from being returned.
+  // Blocks of this size and more get a mapping of their own. This is glibc's default, but only a value that
+  // was set stays: otherwise freeing a large block raises it, later blocks come from the heap, and any block
+  // behind them keeps them from being returned.
   constexpr int bytes = 128 * 1024;
   mallopt(M_MMAP_THRESHOLD, bytes);
 }

@@ -2,9 +2,9 @@
 
 namespace mireval {
 
-/// Whether a display that Qt could use answers. To be asked before the application object is made, because
-/// Qt ends the process when there is none. A platform that the user chose (QT_QPA_PLATFORM) is trusted if it
-/// is none of the two that need a server. Takes a few milliseconds with a local server.
+/// Whether a display that Qt could use answers. Ask before the application object is made, because Qt ends
+/// the process when there is none. True when the user chose a platform that needs no display server
+/// (QT_QPA_PLATFORM). Takes a few milliseconds with a local server.
 bool displayServerAnswers();
 
 }  // namespace mireval

@@ -13,8 +13,8 @@
 namespace mireval {
 namespace {
 
-// A grab fails while the tray holds the pointer, which is as long as the button is pressed, and until the
-// server shows the window. After 1.2 seconds both are over.
+// A grab fails as long as the button is pressed, because the tray holds the pointer, and until the server
+// shows the window. After 1.2 seconds both are over.
 constexpr auto grabInterval = std::chrono::milliseconds(30);
 constexpr int grabAttempts = 40;
 

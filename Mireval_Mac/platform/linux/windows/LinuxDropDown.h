@@ -9,7 +9,7 @@
 
 namespace mireval {
 
-/// A drop-down whose window is placed by us or by the desktop, as its kind says.
+/// A drop-down of the kind that the desktop allows.
 class LinuxDropDown final : public DropDown {
   Q_OBJECT
 

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 /// Whether the X server shows its windows on a Wayland desktop.
 bool isInsideWayland(const X11Connection& x11) {
-  // Before its version 23.1, Xwayland could be told only by what it calls its screens.
+  // Before version 23.1, only the names of its screens tell that the server is Xwayland.
   const QScreen* const screen = QGuiApplication::primaryScreen();
   return x11.hasExtension("XWAYLAND") || (screen != nullptr && screen->name().startsWith("XWAYLAND"_L1));
 }
@@ -67,7 +67,7 @@ bool LinuxWindowSystem::blendsWindows() const {
 }
 
 std::vector<ScreenArea> LinuxWindowSystem::screens() const {
-  // With several screens Qt does not tell what bars leave of them.
+  // With several screens, Qt does not subtract the bars.
   const auto x11 = X11Connection::forApplication();
   const std::vector<Strut> bars = x11 ? struts(*x11) : std::vector<Strut>();
   std::vector<ScreenArea> areas;

@@ -8,8 +8,8 @@
 
 namespace mireval {
 
-/// X11, also the one that a Wayland desktop offers, and Wayland. Needs the application object. Its questions
-/// to the X server wait for the answers.
+/// X11, including the X server of a Wayland desktop, and Wayland. Needs the application object. Requests to
+/// the X server wait for the answers.
 class LinuxWindowSystem final : public WindowSystem {
  public:
   std::unique_ptr<DropDown> makeDropDown(QWindow& window) const override;
@@ -17,8 +17,8 @@ class LinuxWindowSystem final : public WindowSystem {
   bool blendsWindows() const override;
   std::vector<ScreenArea> screens() const override;
 
-  /// Where the pointer is, in the X server's pixels, if the server knows: on Wayland desktops it does only
-  /// while the pointer is above the windows that it shows.
+  /// The pointer's position in the X server's pixels. Nothing on Wayland desktops, where that server knows it
+  /// only while the pointer is above an X11 window.
   static std::optional<QPoint> pointer();
 };
 

@@ -45,7 +45,7 @@ QRect workArea(const QRect& screen, QSize desktop, const std::vector<Strut>& str
     const QRect atBottom = QRect(number(bottomStart), desktop.height() - number(bottom),
                                  along(bottomStart, bottomEnd), number(bottom)) &
                            screen;
-    // What covers the screen from edge to edge belongs to a bar on the screen beyond.
+    // Space across this whole screen is reserved by a bar on the screen beyond.
     if (!atLeft.isEmpty() && atLeft.width() < screen.width()) {
       area.setLeft(std::max(area.left(), atLeft.right() + 1));
     }

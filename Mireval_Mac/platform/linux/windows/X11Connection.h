@@ -14,8 +14,8 @@
 
 namespace mireval {
 
-/// Questions to the X server, over the application's own connection. They wait for the server's answer. What
-/// cannot be answered, because a window is just gone or a property is of another type, counts as absent.
+/// Questions to the X server, over the application's own connection. They wait for the server's answer. A
+/// property counts as absent when its window has just gone or when it has another type.
 class X11Connection final {
  public:
   /// Nothing when the application does not show its windows on an X server.

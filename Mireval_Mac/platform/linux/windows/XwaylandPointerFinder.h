@@ -8,8 +8,8 @@
 
 namespace mireval {
 
-/// Finds the pointer on a Wayland desktop, with an invisible window on all screens. Xwayland learns where the
-/// pointer is once it is above that window, which is when the desktop sees the button released.
+/// Finds the pointer on a Wayland desktop, with an invisible window on all screens. Xwayland learns the
+/// position when the desktop sees the button released: the pointer is above that window from then on.
 class XwaylandPointerFinder final : public PointerFinder {
   Q_OBJECT
 

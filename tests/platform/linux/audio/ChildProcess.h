@@ -8,7 +8,7 @@
 
 namespace mireval::test {
 
-/// A program that a test starts. It does not outlive the object, nor the test should that crash.
+/// A program that a test starts. It ends with the object, and also when the test crashes.
 class ChildProcess {
  public:
   /// Starts `command` (looked up in PATH) with `environment` added to this process's. Its standard output

@@ -6,7 +6,7 @@
 
 namespace mireval::test {
 
-/// Interleaved stereo samples, and what tests ask of them.
+/// Interleaved stereo samples, with what tests measure in them.
 struct Recording {
   static constexpr int sampleRate = 44100;
 

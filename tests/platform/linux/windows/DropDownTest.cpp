@@ -134,8 +134,7 @@ class X11DropDownTest : public testing::Test {
     }
   }
 
-  /// How many states the desktop is told to give the window when it is shown, of those that keep it out of
-  /// lists.
+  /// How many of the two states that keep a window out of lists the desktop is told to give it.
   int unlistingStates() {
     const X11Connection x11 = *X11Connection::forApplication();
     constexpr std::uint32_t limit = 64;
