@@ -407,9 +407,11 @@ TEST_P(PulseAudioPlayerSinkTest, NoticesASinkThatStandsStillAndGoesOnWhenItMoves
   const auto player = open(files.tone(440, 60));
   player->play();
   sleepFor(1);
+  const std::string stalled = server.control({"list", "short", "sink-inputs"});
   server.control({"suspend-sink", "null", "1"});
   // Longer than it takes to notice and to make a new stream.
   sleepFor(6.5);
+  EXPECT_NE(server.control({"list", "short", "sink-inputs"}), stalled);
   EXPECT_TRUE(player->isPlaying());
   // The server may have taken the whole buffer, but the clock must not run on by itself.
   const double still = player->currentTime();
