@@ -29,8 +29,6 @@ class QtRunLoop::Timer final : public RepeatingTimer {
   QTimer m_timer;
 };
 
-QtRunLoop::~QtRunLoop() = default;
-
 std::shared_ptr<RepeatingTimer> QtRunLoop::scheduleRepeatingTimer(std::chrono::milliseconds interval,
                                                                   std::function<void()> block) {
   std::erase_if(m_timers, [](const auto& timer) { return !timer->isValid(); });

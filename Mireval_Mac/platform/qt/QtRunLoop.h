@@ -10,8 +10,6 @@ namespace mireval {
 /// wake-ups.
 class QtRunLoop final : public RunLoop {
  public:
-  ~QtRunLoop() override;
-
   std::shared_ptr<RepeatingTimer> scheduleRepeatingTimer(std::chrono::milliseconds interval,
                                                          std::function<void()> block) override;
 

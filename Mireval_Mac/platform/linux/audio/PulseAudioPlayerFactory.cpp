@@ -8,10 +8,6 @@
 
 namespace mireval {
 
-PulseAudioPlayerFactory::PulseAudioPlayerFactory() = default;
-
-PulseAudioPlayerFactory::~PulseAudioPlayerFactory() = default;
-
 void PulseAudioPlayerFactory::warmUp() {
   connect();
 }

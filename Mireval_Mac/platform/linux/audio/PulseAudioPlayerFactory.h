@@ -12,9 +12,6 @@ class PulseServer;
 /// and one thread, which live from the first use until the factory and all its players are gone.
 class PulseAudioPlayerFactory final : public AudioPlayerFactory {
  public:
-  PulseAudioPlayerFactory();
-  ~PulseAudioPlayerFactory() override;
-
   /// Begins to connect.
   void warmUp() override;
 

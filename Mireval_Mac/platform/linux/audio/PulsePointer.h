@@ -33,8 +33,7 @@ struct PulseDeleter {
  private:
   /// Closes the stream, unless the server has yet to confirm it: libpulse calls this again then.
   static void close(pa_stream* stream, void*) {
-    const pa_stream_state_t state = pa_stream_get_state(stream);
-    if (state == PA_STREAM_CREATING) {
+    if (pa_stream_get_state(stream) == PA_STREAM_CREATING) {
       return;
     }
     pa_stream_set_state_callback(stream, nullptr, nullptr);
