@@ -1,7 +1,5 @@
 #include "platform/linux/bus/MessageBus.h"
 
-#include "platform/linux/bus/BusSocket.h"
-
 #include <QMetaObject>
 
 #include <poll.h>
@@ -28,17 +26,7 @@ MessageBus::MessageBus(Kind kind) : m_kind(kind) {
   m_connectSoon.setSingleShot(true);
   m_connectSoon.setInterval(pauseBeforeConnecting);
   connect(&m_connectSoon, &QTimer::timeout, this, &MessageBus::connectNow);
-}
-
-MessageBus::~MessageBus() = default;
-
-void MessageBus::ConnectionDeleter::operator()(sd_bus* connection) const {
-  // Not flushed: that would wait for a bus that does not read.
-  sd_bus_close_unref(connection);
-}
-
-void MessageBus::SlotDeleter::operator()(sd_bus_slot* slot) const {
-  sd_bus_slot_unref(slot);
+  connect(&m_socketWatcher, &BusSocketWatcher::changed, this, &MessageBus::connectSoon);
 }
 
 void MessageBus::attach(const QObject* service, const std::function<void()>& introduce) {
@@ -67,7 +55,7 @@ void MessageBus::connectNow() {
   m_connectSoon.stop();
   // The second attempt is for a bus that came just before its folder was watched.
   if (open() || (watchSocket() && open())) {
-    m_socketWatcher.reset();
+    m_socketWatcher.stop();
     Q_EMIT opened();
   }
 }
@@ -82,19 +70,6 @@ bool MessageBus::open() {
   sd_bus_set_method_call_timeout(connection, UINT64_MAX);
   watch();
   return true;
-}
-
-/// True if a watch has begun.
-bool MessageBus::watchSocket() {
-  if (m_socketWatcher && !m_socketWatcher->directories().isEmpty()) {
-    return false;
-  }
-  m_socketWatcher = std::make_unique<QFileSystemWatcher>();
-  connect(m_socketWatcher.get(), &QFileSystemWatcher::directoryChanged, this, &MessageBus::connectSoon);
-  for (const QString& folder : busSocketFolders(m_kind == Kind::system)) {
-    m_socketWatcher->addPath(folder);
-  }
-  return !m_socketWatcher->directories().isEmpty();
 }
 
 QByteArray MessageBus::uniqueName() const {
@@ -119,9 +94,7 @@ MessageBus::Slot MessageBus::listen(const char* rule, Handler handle, void* user
 
 MessageBus::Slot MessageBus::listenToOwner(const QByteArray& name, Handler handle, void* userdata) {
   const QByteArray rule =
-      "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
-      "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='" +
-      name + "'";
+      "type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',arg0='" + name + "'";
   return listen(rule.constData(), handle, userdata);
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/linux/bus/BusSocketWatcher.h"
+
 #include <QByteArray>
-#include <QFileSystemWatcher>
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -30,7 +31,7 @@ class MessageBus final : public QObject {
   enum class Kind { session, system };
 
   struct SlotDeleter {
-    void operator()(sd_bus_slot* slot) const;
+    void operator()(sd_bus_slot* slot) const { sd_bus_slot_unref(slot); }
   };
   /// Something on a connection: an object, a rule, or the wait for an answer. It ends with the slot; when the
   /// connection is lost, it ends without a further call of its handler.
@@ -51,7 +52,6 @@ class MessageBus final : public QObject {
   using Handler = int (*)(sd_bus_message* message, void* userdata, sd_bus_error* error);
 
   explicit MessageBus(Kind kind);
-  ~MessageBus() override;
 
   /// Keeps the connection open from now on and calls `introduce` for each connection, at once if there is
   /// one. That is the place to register objects, rules and names. The calls end with the service.
@@ -110,7 +110,8 @@ class MessageBus final : public QObject {
 
  private:
   struct ConnectionDeleter {
-    void operator()(sd_bus* connection) const;
+    // Without a flush, which would wait for a bus that does not read.
+    void operator()(sd_bus* connection) const { sd_bus_close_unref(connection); }
   };
 
   static int ignoreAnswer(sd_bus_message* answer, void* userdata, sd_bus_error* error);
@@ -118,7 +119,7 @@ class MessageBus final : public QObject {
   void connectNow();
   void connectSoon();
   bool open();
-  bool watchSocket();
+  bool watchSocket() { return m_socketWatcher.start(m_kind == Kind::system); }
   void process();
   void watch();
   void close();
@@ -127,7 +128,7 @@ class MessageBus final : public QObject {
   bool m_isWanted = false;
   bool m_busHasAccepted = false;
   QTimer m_connectSoon;
-  std::unique_ptr<QFileSystemWatcher> m_socketWatcher;
+  BusSocketWatcher m_socketWatcher;
   std::unique_ptr<sd_bus, ConnectionDeleter> m_connection;
   int m_descriptor = -1;
   std::unique_ptr<QSocketNotifier> m_readable;
