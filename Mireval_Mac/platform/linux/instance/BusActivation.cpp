@@ -1,5 +1,6 @@
 #include "platform/linux/instance/BusActivation.h"
 
+#include "platform/linux/bus/BusHandlers.h"
 #include "platform/linux/bus/BusValues.h"
 
 #include <systemd/sd-bus.h>
@@ -44,51 +45,15 @@ QByteArray readToken(sd_bus_message* call) {
 
 }  // namespace
 
-struct BusActivation::Callbacks {
-  using Self = BusActivation;
-
-  static int activate(sd_bus_message* call, void* userdata, sd_bus_error*) {
-    Self& self = *static_cast<Self*>(userdata);
-    if (!std::exchange(self.m_isStarting, false)) {
-      self.request(Request::showPanel, readToken(call));
-    }
-    return sd_bus_reply_method_return(call, nullptr);
-  }
-
-  static int open(sd_bus_message* call, void* userdata, sd_bus_error* error) {
-    sd_bus_message_enter_container(call, 'a', "s");
-    if (sd_bus_message_at_end(call, 0) == 0) {
-      static_cast<Self*>(userdata)->m_isStarting = false;
-      return sd_bus_error_set(error, SD_BUS_ERROR_NOT_SUPPORTED, "Files cannot be opened");
-    }
-    sd_bus_message_exit_container(call);
-    return activate(call, userdata, error);
-  }
-
-  static int activateAction(sd_bus_message* call, void* userdata, sd_bus_error* error) {
-    Self& self = *static_cast<Self*>(userdata);
-    self.m_isStarting = false;
-    const char* action = nullptr;
-    sd_bus_message_read(call, "s", &action);
-    if (action != settingsAction) {
-      return sd_bus_error_setf(error, SD_BUS_ERROR_INVALID_ARGS, "There is no action '%s'", action);
-    }
-    sd_bus_message_skip(call, "av");
-    self.request(Request::showSettings, readToken(call));
-    return sd_bus_reply_method_return(call, nullptr);
-  }
-
-  static const sd_bus_vtable application[];
-};
-
-const sd_bus_vtable BusActivation::Callbacks::application[] = {
+const sd_bus_vtable BusActivation::applicationTable[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD_WITH_ARGS("Activate", SD_BUS_ARGS("a{sv}", platform_data), SD_BUS_NO_RESULT, activate, 0),
-    SD_BUS_METHOD_WITH_ARGS("Open", SD_BUS_ARGS("as", uris, "a{sv}", platform_data), SD_BUS_NO_RESULT, open,
-                            0),
+    SD_BUS_METHOD_WITH_ARGS("Activate", SD_BUS_ARGS("a{sv}", platform_data), SD_BUS_NO_RESULT,
+                            methodHandler<&BusActivation::activate>, 0),
+    SD_BUS_METHOD_WITH_ARGS("Open", SD_BUS_ARGS("as", uris, "a{sv}", platform_data), SD_BUS_NO_RESULT,
+                            methodHandler<&BusActivation::open>, 0),
     SD_BUS_METHOD_WITH_ARGS("ActivateAction",
                             SD_BUS_ARGS("s", action_name, "av", parameter, "a{sv}", platform_data),
-                            SD_BUS_NO_RESULT, activateAction, 0),
+                            SD_BUS_NO_RESULT, methodHandler<&BusActivation::activateAction>, 0),
     SD_BUS_VTABLE_END,
 };
 
@@ -113,8 +78,35 @@ void BusActivation::appear() {
 
 void BusActivation::introduce() {
   // The object first: the bus passes on at once what has waited for the name.
-  m_object = m_bus.addObject(m_objectPath.constData(), applicationInterface, Callbacks::application, this);
+  m_object = m_bus.addObject(m_objectPath.constData(), applicationInterface, applicationTable, this);
   m_nameRequest = m_bus.requestName(m_applicationId, MessageBus::IfTaken::wait);
+}
+
+void BusActivation::activate(sd_bus_message* call) {
+  if (!std::exchange(m_isStarting, false)) {
+    request(Request::showPanel, readToken(call));
+  }
+}
+
+int BusActivation::open(sd_bus_message* call) {
+  if (!readTexts(call).isEmpty()) {
+    m_isStarting = false;
+    return sd_bus_reply_method_errorf(call, SD_BUS_ERROR_NOT_SUPPORTED, "Files cannot be opened");
+  }
+  activate(call);
+  return sd_bus_reply_method_return(call, nullptr);
+}
+
+int BusActivation::activateAction(sd_bus_message* call) {
+  m_isStarting = false;
+  const char* action = nullptr;
+  sd_bus_message_read(call, "s", &action);
+  if (action != settingsAction) {
+    return sd_bus_reply_method_errorf(call, SD_BUS_ERROR_INVALID_ARGS, "There is no action '%s'", action);
+  }
+  sd_bus_message_skip(call, "av");
+  request(Request::showSettings, readToken(call));
+  return sd_bus_reply_method_return(call, nullptr);
 }
 
 void BusActivation::request(Request request, const QByteArray& token) {

@@ -38,8 +38,10 @@ class BusActivation final : public QObject {
   void requested(mireval::SingleInstance::Request request);
 
  private:
-  /// What the bus calls.
-  struct Callbacks;
+  static const sd_bus_vtable applicationTable[];
+  void activate(sd_bus_message* call);
+  int open(sd_bus_message* call);
+  int activateAction(sd_bus_message* call);
 
   void introduce();
   void request(SingleInstance::Request request, const QByteArray& token);

@@ -23,6 +23,10 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
   Q_OBJECT
 
  public:
+  static constexpr const char* objectPath = "/org/mpris/MediaPlayer2";
+  static constexpr const char* applicationInterface = "org.mpris.MediaPlayer2";
+  static constexpr const char* playerInterface = "org.mpris.MediaPlayer2.Player";
+
   /// How the application presents itself.
   struct Application {
     /// For people.
@@ -61,7 +65,8 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
     void addHandler(Handler handler) override;
 
     bool isEnabled() const { return m_enabled; }
-    RemoteCommandHandlerStatus send() const;
+    /// Calls the handlers and answers the call.
+    int send(sd_bus_message* call) const;
 
    private:
     MprisMediaControls& m_controls;
@@ -72,18 +77,26 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
 
   using PropertyNames = std::vector<const char*>;
 
-  /// The bus's answer to the request for a name.
-  enum class NameReply : std::uint32_t { primaryOwner = 1, inQueue = 2, exists = 3, alreadyOwner = 4 };
-
-  /// What the bus calls.
-  struct Callbacks;
+  // What the bus calls.
+  static const sd_bus_vtable applicationTable[];
+  static const sd_bus_vtable playerTable[];
+  const char* identity() const { return m_application.identity.constData(); }
+  const char* desktopEntry() const { return m_application.desktopEntry.constData(); }
+  const char* playbackStatus() const;
+  std::int64_t position() { return positionAt(MprisPosition::Clock::now()); }
+  bool canPlay() const { return m_play.isEnabled(); }
+  bool canPause() const { return m_pause.isEnabled(); }
+  int appendMetadata(sd_bus_message* reply) const;
+  int play(sd_bus_message* call) { return m_play.send(call); }
+  int pause(sd_bus_message* call) { return m_pause.send(call); }
+  int playPause(sd_bus_message* call) { return m_playPause.send(call); }
+  void handleNameReply(sd_bus_message* reply);
 
   void appear();
   void introduce();
   void requestName(const QByteArray& name);
-  void handleNameReply(NameReply reply);
   void announce(const PropertyNames& changed);
-  const char* playbackStatus() const;
+  std::int64_t positionAt(MprisPosition::Clock::time_point now) { return m_position.at(now).count(); }
 
   const Application m_application;
   Command m_play{*this, "CanPlay"};

@@ -1,5 +1,6 @@
 #include "platform/linux/settings/PortalColorScheme.h"
 
+#include "platform/linux/bus/BusHandlers.h"
 #include "platform/linux/bus/BusValues.h"
 
 #include <systemd/sd-bus.h>
@@ -11,10 +12,8 @@ namespace mireval {
 namespace {
 
 constexpr const char* portal = "org.freedesktop.portal.Desktop";
-constexpr MessageBus::Method readSetting{.service = portal,
-                                         .path = "/org/freedesktop/portal/desktop",
-                                         .interface = "org.freedesktop.portal.Settings",
-                                         .name = "Read"};
+constexpr MessageBus::Method readSetting{portal, "/org/freedesktop/portal/desktop",
+                                         "org.freedesktop.portal.Settings", "Read"};
 constexpr const char* settingsNamespace = "org.freedesktop.appearance";
 constexpr const char* settingsKey = "color-scheme";
 // Narrow, so that other settings do not wake this process.
@@ -49,34 +48,6 @@ std::optional<bool> readPreference(sd_bus_message* message) {
 
 }  // namespace
 
-struct PortalColorScheme::Callbacks {
-  using Self = PortalColorScheme;
-
-  static int handleOwner(sd_bus_message* message, void* userdata, sd_bus_error*) {
-    Self& self = *static_cast<Self*>(userdata);
-    if (nameHasOwner(message)) {
-      self.ask(MessageBus::Start::no);
-    } else {
-      self.m_question.reset();
-      self.setPreference(std::nullopt);
-    }
-    return 0;
-  }
-
-  static int handleSetting(sd_bus_message* message, void* userdata, sd_bus_error*) {
-    if (sd_bus_message_read(message, "ss", nullptr, nullptr) >= 0) {
-      static_cast<Self*>(userdata)->setPreference(readPreference(message));
-    }
-    return 0;
-  }
-
-  static int handleAnswer(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    // Nor does an error hold a preference.
-    static_cast<Self*>(userdata)->setPreference(readPreference(reply));
-    return 0;
-  }
-};
-
 PortalColorScheme::PortalColorScheme(MessageBus& sessionBus) : m_bus(sessionBus) {
   connect(&m_palette, &ColorScheme::darkChanged, this, &PortalColorScheme::update);
   connect(&m_bus, &MessageBus::lost, this, [this] {
@@ -87,19 +58,37 @@ PortalColorScheme::PortalColorScheme(MessageBus& sessionBus) : m_bus(sessionBus)
   m_bus.attach(this, [this] { introduce(); });
 }
 
-PortalColorScheme::~PortalColorScheme() = default;
-
 void PortalColorScheme::introduce() {
   // The rules before the question: no change after the answer is missed.
-  m_rules.push_back(m_bus.listenToOwner(portal, Callbacks::handleOwner, this));
-  m_rules.push_back(m_bus.listen(settingRule, Callbacks::handleSetting, this));
+  m_rules.push_back(m_bus.listenToOwner(portal, messageHandler<&PortalColorScheme::handleOwner>, this));
+  m_rules.push_back(m_bus.listen(settingRule, messageHandler<&PortalColorScheme::handleSetting>, this));
   ask(MessageBus::Start::yes);
 }
 
 void PortalColorScheme::ask(MessageBus::Start start) {
   // This drops an answer to the previous question.
-  m_question =
-      m_bus.call(readSetting, {settingsNamespace, settingsKey}, start, Callbacks::handleAnswer, this);
+  m_question = m_bus.call(readSetting, {settingsNamespace, settingsKey}, start,
+                          messageHandler<&PortalColorScheme::handleAnswer>, this);
+}
+
+void PortalColorScheme::handleOwner(sd_bus_message* change) {
+  if (nameHasOwner(change)) {
+    ask(MessageBus::Start::no);
+  } else {
+    m_question.reset();
+    setPreference(std::nullopt);
+  }
+}
+
+void PortalColorScheme::handleSetting(sd_bus_message* signal) {
+  if (sd_bus_message_read(signal, "ss", nullptr, nullptr) >= 0) {
+    setPreference(readPreference(signal));
+  }
+}
+
+void PortalColorScheme::handleAnswer(sd_bus_message* reply) {
+  // An error holds no preference either.
+  setPreference(readPreference(reply));
 }
 
 void PortalColorScheme::setPreference(std::optional<bool> dark) {

@@ -21,15 +21,14 @@ class PortalColorScheme final : public ColorScheme {
  public:
   /// Needs the application object. The bus has to outlive it.
   explicit PortalColorScheme(MessageBus& sessionBus);
-  ~PortalColorScheme() override;
 
   bool isDark() const override { return m_dark; }
 
  private:
-  /// What the bus calls.
-  struct Callbacks;
-
   void introduce();
+  void handleOwner(sd_bus_message* change);
+  void handleSetting(sd_bus_message* signal);
+  void handleAnswer(sd_bus_message* reply);
   void ask(MessageBus::Start start);
   void setPreference(std::optional<bool> dark);
   void update();

@@ -1,5 +1,6 @@
 #include "platform/linux/settings/SystemLocale.h"
 
+#include "platform/linux/bus/BusHandlers.h"
 #include "platform/linux/bus/BusValues.h"
 
 #include <QtGlobal>
@@ -12,11 +13,9 @@
 namespace mireval {
 namespace {
 
-constexpr MessageBus::Method getProperty{.service = "org.freedesktop.locale1",
-                                         .path = "/org/freedesktop/locale1",
-                                         .interface = "org.freedesktop.DBus.Properties",
-                                         .name = "Get"};
-constexpr const char* localeInterface = "org.freedesktop.locale1";
+constexpr const char* localeService = "org.freedesktop.locale1";
+constexpr MessageBus::Method getProperty{localeService, "/org/freedesktop/locale1", propertiesInterface,
+                                         "Get"};
 constexpr const char* localeProperty = "Locale";
 constexpr const char* announcementRule =
     "type='signal',sender='org.freedesktop.locale1',path='/org/freedesktop/locale1',"
@@ -34,55 +33,47 @@ std::optional<QByteArrayList> readTextsOfVariant(sd_bus_message* message) {
 
 }  // namespace
 
-struct SystemLocale::Callbacks {
-  using Self = SystemLocale;
-
-  static int handleAnnouncement(sd_bus_message* message, void* userdata, sd_bus_error*) {
-    Self& self = *static_cast<Self*>(userdata);
-    // The bus checks the sender of broadcasts only.
-    if (sd_bus_message_get_destination(message) != nullptr ||
-        sd_bus_message_has_signature(message, "sa{sv}as") <= 0) {
-      return 0;
-    }
-    sd_bus_message_skip(message, "s");
-    std::optional<QByteArrayList> announced;
-    sd_bus_message_enter_container(message, 'a', "{sv}");
-    while (sd_bus_message_enter_container(message, 'e', "sv") > 0) {
-      const char* name = nullptr;
-      if (sd_bus_message_read_basic(message, 's', &name) > 0 && std::string_view(name) == localeProperty) {
-        announced = readTextsOfVariant(message);
-      } else {
-        sd_bus_message_skip(message, "v");
-      }
-      sd_bus_message_exit_container(message);
-    }
-    sd_bus_message_exit_container(message);
-    if (announced) {
-      self.setAnnounced(*std::move(announced));
-    } else if (readTexts(message).contains(localeProperty)) {
-      self.ask();
-    }
-    return 0;
-  }
-
-  static int handleAnswer(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    if (std::optional<QByteArrayList> answered = readTextsOfVariant(reply)) {
-      static_cast<Self*>(userdata)->setAnnounced(*std::move(answered));
-    }
-    return 0;
-  }
-};
-
 SystemLocale::SystemLocale() {
-  m_bus.attach(this,
-               [this] { m_rule = m_bus.listen(announcementRule, Callbacks::handleAnnouncement, this); });
+  m_bus.attach(this, [this] {
+    m_rule = m_bus.listen(announcementRule, messageHandler<&SystemLocale::handleAnnouncement>, this);
+  });
 }
 
-SystemLocale::~SystemLocale() = default;
+void SystemLocale::handleAnnouncement(sd_bus_message* message) {
+  // The bus checks the sender of broadcasts only.
+  if (sd_bus_message_get_destination(message) != nullptr ||
+      sd_bus_message_has_signature(message, "sa{sv}as") <= 0) {
+    return;
+  }
+  sd_bus_message_skip(message, "s");
+  std::optional<QByteArrayList> announced;
+  sd_bus_message_enter_container(message, 'a', "{sv}");
+  while (sd_bus_message_enter_container(message, 'e', "sv") > 0) {
+    const char* name = nullptr;
+    if (sd_bus_message_read_basic(message, 's', &name) > 0 && std::string_view(name) == localeProperty) {
+      announced = readTextsOfVariant(message);
+    } else {
+      sd_bus_message_skip(message, "v");
+    }
+    sd_bus_message_exit_container(message);
+  }
+  sd_bus_message_exit_container(message);
+  if (announced) {
+    setAnnounced(*std::move(announced));
+  } else if (readTexts(message).contains(localeProperty)) {
+    ask();
+  }
+}
+
+void SystemLocale::handleAnswer(sd_bus_message* reply) {
+  if (std::optional<QByteArrayList> answered = readTextsOfVariant(reply)) {
+    setAnnounced(*std::move(answered));
+  }
+}
 
 void SystemLocale::ask() {
-  m_question = m_bus.call(getProperty, {localeInterface, localeProperty}, MessageBus::Start::yes,
-                          Callbacks::handleAnswer, this);
+  m_question = m_bus.call(getProperty, {localeService, localeProperty}, MessageBus::Start::yes,
+                          messageHandler<&SystemLocale::handleAnswer>, this);
 }
 
 LocaleVariables SystemLocale::variables() const {

@@ -23,7 +23,6 @@ class SystemLocale final : public LocaleChanges, public SystemLanguages {
 
  public:
   SystemLocale();
-  ~SystemLocale() override;
 
   QStringList preferredLanguages() const override { return variables().preferredLanguages(); }
   QStringList preferredLocalizations(const QStringList& available) const override {
@@ -32,9 +31,8 @@ class SystemLocale final : public LocaleChanges, public SystemLanguages {
   QString currentLocaleIdentifier() const override { return variables().currentLocaleIdentifier(); }
 
  private:
-  /// What the bus calls.
-  struct Callbacks;
-
+  void handleAnnouncement(sd_bus_message* message);
+  void handleAnswer(sd_bus_message* reply);
   void ask();
   LocaleVariables variables() const;
   void setAnnounced(QByteArrayList assignments);

@@ -1,7 +1,9 @@
 #include "platform/linux/tray/IconImages.h"
 
 #include <QFile>
+#include <QtEndian>
 
+#include <cstdint>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -43,6 +45,20 @@ QImage IconImages::image(int sidePixels) const {
   return drawing.isNull()
              ? drawing
              : drawing.scaled(sidePixels, sidePixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+const std::vector<QImage>& IconImages::pixmaps() {
+  if (m_pixmaps.empty()) {
+    for (const int side : {16, 22, 24, 32, 48, 64}) {
+      QImage pixmap = image(side).convertToFormat(QImage::Format_ARGB32);
+      if (pixmap.isNull()) {
+        break;
+      }
+      qToBigEndian<std::uint32_t>(pixmap.constBits(), pixmap.sizeInBytes() / 4, pixmap.bits());
+      m_pixmaps.push_back(std::move(pixmap));
+    }
+  }
+  return m_pixmaps;
 }
 
 }  // namespace mireval

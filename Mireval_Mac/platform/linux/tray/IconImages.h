@@ -3,10 +3,11 @@
 #include <QImage>
 
 #include <filesystem>
+#include <vector>
 
 namespace mireval {
 
-/// The application's icon in the sizes that trays ask for. Nothing is kept: files are read at each call.
+/// The application's icon in the sizes that trays ask for.
 class IconImages final {
  public:
   /// The name of the icon in the icon theme.
@@ -20,11 +21,17 @@ class IconImages final {
   std::filesystem::path themeFolder() const;
 
   /// A picture that fits the square: the theme's own for this size, else the image, scaled. Null if neither
-  /// can be read.
+  /// can be read. The files are read at each call.
   QImage image(int sidePixels) const;
+
+  /// The pictures in all sizes that status notifier hosts use, with the bytes of each pixel in the order
+  /// alpha, red, green, blue. Made once, since some hosts ask many times a second; empty while the image
+  /// cannot be read.
+  const std::vector<QImage>& pixmaps();
 
  private:
   std::filesystem::path m_image;
+  std::vector<QImage> m_pixmaps;
 };
 
 }  // namespace mireval

@@ -1,17 +1,15 @@
 #include "platform/linux/tray/StatusNotifierItem.h"
 
+#include "platform/linux/bus/BusHandlers.h"
 #include "platform/linux/bus/BusValues.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QImage>
-#include <QtEndian>
 
 #include <systemd/sd-bus.h>
 
 #include <cstdint>
-#include <string>
-#include <system_error>
 #include <utility>
 
 namespace mireval {
@@ -19,22 +17,15 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr const char* objectPath = "/StatusNotifierItem";
-constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
-constexpr const char* watcher = "org.kde.StatusNotifierWatcher";
-constexpr const char* watcherInterface = "org.kde.StatusNotifierWatcher";
-constexpr MessageBus::Method getProcess{.service = "org.freedesktop.DBus",
-                                        .path = "/org/freedesktop/DBus",
-                                        .interface = "org.freedesktop.DBus",
-                                        .name = "GetConnectionUnixProcessID"};
-constexpr MessageBus::Method registerWithWatcher{.service = watcher,
-                                                 .path = "/StatusNotifierWatcher",
-                                                 .interface = watcherInterface,
-                                                 .name = "RegisterStatusNotifierItem"};
-constexpr MessageBus::Method getFromWatcher{.service = watcher,
-                                            .path = "/StatusNotifierWatcher",
-                                            .interface = "org.freedesktop.DBus.Properties",
-                                            .name = "Get"};
+constexpr std::uint64_t constant = SD_BUS_VTABLE_PROPERTY_CONST;
+constexpr const char* watcherName = StatusNotifierItem::watcherName;
+constexpr const char* watcherPath = StatusNotifierItem::watcherPath;
+
+constexpr MessageBus::Method getProcess{"org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                        "org.freedesktop.DBus", "GetConnectionUnixProcessID"};
+constexpr MessageBus::Method registerWithWatcher{watcherName, watcherPath, watcherName,
+                                                 "RegisterStatusNotifierItem"};
+constexpr MessageBus::Method getFromWatcher{watcherName, watcherPath, propertiesInterface, "Get"};
 // No rule for the watcher's other signals: they are about the items of others and would only wake this
 // process.
 constexpr const char* hostCameRule =
@@ -49,174 +40,42 @@ QByteArray processName(std::uint32_t process) {
   return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
 }
 
-/// The picture in all sizes that trays use, as bytes of alpha, red, green and blue.
-int appendPixmaps(sd_bus_message* reply, const IconImages& icon) {
-  int result = sd_bus_message_open_container(reply, 'a', "(iiay)");
-  for (const int side : {16, 22, 24, 32, 48, 64}) {
-    const QImage image = icon.image(side).convertToFormat(QImage::Format_ARGB32);
-    if (result < 0 || image.isNull()) {
-      break;
-    }
-    QByteArray bytes(image.sizeInBytes(), Qt::Uninitialized);
-    qToBigEndian<std::uint32_t>(image.constBits(), bytes.size() / 4, bytes.data());
-    if ((result = sd_bus_message_open_container(reply, 'r', "iiay")) >= 0 &&
-        (result = sd_bus_message_append(reply, "ii", image.width(), image.height())) >= 0 &&
-        (result = sd_bus_message_append_array(reply, 'y', bytes.constData(), bytes.size())) >= 0) {
-      result = sd_bus_message_close_container(reply);
-    }
-  }
-  return result < 0 ? result : sd_bus_message_close_container(reply);
-}
-
 }  // namespace
 
-struct StatusNotifierItem::Callbacks {
-  using Self = StatusNotifierItem;
-
-  static int text(sd_bus_message* reply, const char* value) {
-    return sd_bus_message_append(reply, "s", value);
-  }
-
-  static int category(sd_bus_message* reply, Self&) { return text(reply, "ApplicationStatus"); }
-  static int id(sd_bus_message* reply, Self&) { return text(reply, IconImages::name); }
-  static int status(sd_bus_message* reply, Self&) { return text(reply, "Active"); }
-  static int windowId(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "i", 0); }
-  static int no(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "b", 0); }
-  static int noText(sd_bus_message* reply, Self&) { return text(reply, ""); }
-  static int noPixmaps(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "a(iiay)", 0U); }
-  static int menu(sd_bus_message* reply, Self&) {
-    return sd_bus_message_append(reply, "o", StatusNotifierMenu::objectPath);
-  }
-
-  static int title(sd_bus_message* reply, Self&) {
-    return text(reply, QCoreApplication::applicationName().toUtf8().constData());
-  }
-
-  /// Empty unless the theme has the icon: some hosts show nothing then, and do not ask for the pixels either.
-  static int themedIcon(sd_bus_message* reply, Self& self) {
-    return text(reply, self.m_iconThemePath.isEmpty() ? "" : IconImages::name);
-  }
-
-  static int iconThemePath(sd_bus_message* reply, Self& self) {
-    return text(reply, self.m_iconThemePath.constData());
-  }
-
-  static int iconPixmap(sd_bus_message* reply, Self& self) { return appendPixmaps(reply, self.m_icon); }
-
-  static int toolTip(sd_bus_message* reply, Self& self) {
-    return sd_bus_message_append(
-        reply, "(sa(iiay)ss)", self.m_iconThemePath.isEmpty() ? "" : IconImages::name, 0U,
-        QCoreApplication::applicationName().toUtf8().constData(), self.m_toolTip.constData());
-  }
-
-  static int handleClick(sd_bus_message* call, void* userdata, sd_bus_error*) {
-    QPoint told;
-    sd_bus_message_read(call, "ii", &told.rx(), &told.ry());
-    static_cast<Self*>(userdata)->activate(told);
-    return sd_bus_reply_method_return(call, nullptr);
-  }
-
-  static int handleScroll(sd_bus_message* call, void*, sd_bus_error*) {
-    return sd_bus_reply_method_return(call, nullptr);
-  }
-
-  static int handleToken(sd_bus_message* call, void* userdata, sd_bus_error*) {
-    const char* token = nullptr;
-    sd_bus_message_read(call, "s", &token);
-    static_cast<Self*>(userdata)->m_activationToken = token;
-    return sd_bus_reply_method_return(call, nullptr);
-  }
-
-  static int handleOwner(sd_bus_message* message, void* userdata, sd_bus_error*) {
-    Self& self = *static_cast<Self*>(userdata);
-    self.forgetWatcher();
-    if (nameHasOwner(message)) {
-      self.findWatcher();
-    } else {
-      self.setPlacement(Placement::nowhere);
-    }
-    return 0;
-  }
-
-  static int handleHostChange(sd_bus_message*, void* userdata, sd_bus_error*) {
-    if (Self& self = *static_cast<Self*>(userdata); self.m_isRegistered) {
-      self.askForHost();
-    }
-    return 0;
-  }
-
-  static int handleProcess(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    Self& self = *static_cast<Self*>(userdata);
-    if (sd_bus_message_is_method_error(reply, SD_BUS_ERROR_NAME_HAS_NO_OWNER) != 0) {
-      self.setPlacement(Placement::nowhere);
-      return 0;
-    }
-    // After any other error there is a watcher, but its process is not known.
-    std::uint32_t process = 0;
-    self.registerItem(sd_bus_message_read(reply, "u", &process) > 0 ? processName(process) : QByteArray());
-    return 0;
-  }
-
-  static int handleRegistered(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    Self& self = *static_cast<Self*>(userdata);
-    self.m_isRegistered = sd_bus_message_is_method_error(reply, nullptr) == 0;
-    if (self.m_isRegistered) {
-      self.askForHost();
-    } else {
-      self.setPlacement(Placement::nowhere);
-    }
-    return 0;
-  }
-
-  static int handleHost(sd_bus_message* reply, void* userdata, sd_bus_error*) {
-    // Some watchers lack the property; all of those have a host.
-    int hasHost = 1;
-    sd_bus_message_read(reply, "v", "b", &hasHost);
-    static_cast<Self*>(userdata)->setPlacement(hasHost != 0 ? Placement::placed : Placement::nowhere);
-    return 0;
-  }
-
-  static const sd_bus_vtable item[];
-  static const sd_bus_vtable menuProperty[];
-  static const sd_bus_vtable tokenMethod[];
-};
-
-const sd_bus_vtable StatusNotifierItem::Callbacks::item[] = {
+const sd_bus_vtable StatusNotifierItem::itemTable[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD("Activate", "ii", "", handleClick, 0),
-    SD_BUS_METHOD("SecondaryActivate", "ii", "", handleClick, 0),
-    SD_BUS_METHOD("ContextMenu", "ii", "", handleClick, 0),
-    SD_BUS_METHOD("Scroll", "is", "", handleScroll, 0),
+    SD_BUS_METHOD("Activate", "ii", "", methodHandler<&StatusNotifierItem::handleClick>, 0),
+    SD_BUS_METHOD("SecondaryActivate", "ii", "", methodHandler<&StatusNotifierItem::handleClick>, 0),
+    SD_BUS_METHOD("ContextMenu", "ii", "", methodHandler<&StatusNotifierItem::handleClick>, 0),
+    SD_BUS_METHOD("Scroll", "is", "", ignoreCall, 0),
     SD_BUS_SIGNAL("NewToolTip", "", 0),
-    SD_BUS_PROPERTY("Category", "s", propertyGetter<category>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("Id", "s", propertyGetter<id>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("Title", "s", propertyGetter<title>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("Status", "s", propertyGetter<status>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("WindowId", "i", propertyGetter<windowId>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("IconName", "s", propertyGetter<themedIcon>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("IconThemePath", "s", propertyGetter<iconThemePath>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("IconPixmap", "a(iiay)", propertyGetter<iconPixmap>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("OverlayIconName", "s", propertyGetter<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("OverlayIconPixmap", "a(iiay)", propertyGetter<noPixmaps>, 0,
-                    SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("AttentionIconName", "s", propertyGetter<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("AttentionIconPixmap", "a(iiay)", propertyGetter<noPixmaps>, 0,
-                    SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("AttentionMovieName", "s", propertyGetter<noText>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("ToolTip", "(sa(iiay)ss)", propertyGetter<toolTip>, 0, 0),
-    SD_BUS_PROPERTY("ItemIsMenu", "b", propertyGetter<no>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Category", "s", textGetter<"ApplicationStatus">, 0, constant),
+    SD_BUS_PROPERTY("Id", "s", textGetter<"mireval">, 0, constant),
+    SD_BUS_PROPERTY("Title", "s", propertyGetter<&StatusNotifierItem::title>, 0, constant),
+    SD_BUS_PROPERTY("Status", "s", textGetter<"Active">, 0, constant),
+    SD_BUS_PROPERTY("WindowId", "i", constantGetter<0>, 0, constant),
+    SD_BUS_PROPERTY("IconName", "s", propertyGetter<&StatusNotifierItem::iconName>, 0, constant),
+    SD_BUS_PROPERTY("IconThemePath", "s", propertyGetter<&StatusNotifierItem::m_iconThemePath>, 0, constant),
+    SD_BUS_PROPERTY("IconPixmap", "a(iiay)", propertyGetter<&StatusNotifierItem::appendPixmaps>, 0, constant),
+    SD_BUS_PROPERTY("OverlayIconName", "s", textGetter<"">, 0, constant),
+    SD_BUS_PROPERTY("OverlayIconPixmap", "a(iiay)", emptyArrayGetter<"a(iiay)">, 0, constant),
+    SD_BUS_PROPERTY("AttentionIconName", "s", textGetter<"">, 0, constant),
+    SD_BUS_PROPERTY("AttentionIconPixmap", "a(iiay)", emptyArrayGetter<"a(iiay)">, 0, constant),
+    SD_BUS_PROPERTY("AttentionMovieName", "s", textGetter<"">, 0, constant),
+    SD_BUS_PROPERTY("ToolTip", "(sa(iiay)ss)", propertyGetter<&StatusNotifierItem::appendToolTip>, 0, 0),
+    SD_BUS_PROPERTY("ItemIsMenu", "b", constantGetter<false>, 0, constant),
     SD_BUS_VTABLE_END,
 };
 
-const sd_bus_vtable StatusNotifierItem::Callbacks::menuProperty[] = {
+const sd_bus_vtable StatusNotifierItem::menuPropertyTable[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_PROPERTY("Menu", "o", propertyGetter<menu>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Menu", "o", propertyGetter<&StatusNotifierItem::appendMenu>, 0, constant),
     SD_BUS_VTABLE_END,
 };
 
-const sd_bus_vtable StatusNotifierItem::Callbacks::tokenMethod[] = {
+const sd_bus_vtable StatusNotifierItem::tokenMethodTable[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD("ProvideXdgActivationToken", "s", "", handleToken, 0),
+    SD_BUS_METHOD("ProvideXdgActivationToken", "s", "", methodHandler<&StatusNotifierItem::handleToken>, 0),
     SD_BUS_VTABLE_END,
 };
 
@@ -234,8 +93,6 @@ StatusNotifierItem::StatusNotifierItem(MessageBus& sessionBus, std::filesystem::
   });
 }
 
-StatusNotifierItem::~StatusNotifierItem() = default;
-
 void StatusNotifierItem::appear() {
   m_bus.attach(this, [this] { introduce(); });
   if (!m_bus.isOpen()) {
@@ -252,17 +109,28 @@ void StatusNotifierItem::setToolTip(const QString& text) {
 }
 
 void StatusNotifierItem::introduce() {
-  m_registrations.push_back(m_bus.addObject(objectPath, itemInterface, Callbacks::item, this));
+  m_registrations.push_back(m_bus.addObject(objectPath, itemInterface, itemTable, this));
   if (m_tokens == ActivationTokens::wanted) {
-    m_registrations.push_back(m_bus.addObject(objectPath, itemInterface, Callbacks::tokenMethod, this));
+    m_registrations.push_back(m_bus.addObject(objectPath, itemInterface, tokenMethodTable, this));
   }
   m_menu.appearOn(m_bus);
   // The rules before the question: no change after the answer is missed.
-  m_registrations.push_back(m_bus.listenToOwner(watcher, Callbacks::handleOwner, this));
+  m_registrations.push_back(
+      m_bus.listenToOwner(watcherName, messageHandler<&StatusNotifierItem::handleOwner>, this));
   for (const char* const rule : {hostCameRule, hostWentRule}) {
-    m_registrations.push_back(m_bus.listen(rule, Callbacks::handleHostChange, this));
+    m_registrations.push_back(
+        m_bus.listen(rule, messageHandler<&StatusNotifierItem::handleHostChange>, this));
   }
   findWatcher();
+}
+
+void StatusNotifierItem::handleOwner(sd_bus_message* change) {
+  forgetWatcher();
+  if (nameHasOwner(change)) {
+    findWatcher();
+  } else {
+    setPlacement(Placement::nowhere);
+  }
 }
 
 void StatusNotifierItem::forgetWatcher() {
@@ -273,28 +141,94 @@ void StatusNotifierItem::forgetWatcher() {
 
 void StatusNotifierItem::findWatcher() {
   // Also says whether there is one.
-  m_call = m_bus.call(getProcess, {watcher}, MessageBus::Start::no, Callbacks::handleProcess, this);
+  m_call = m_bus.call(getProcess, {watcherName}, MessageBus::Start::no,
+                      messageHandler<&StatusNotifierItem::handleProcess>, this);
 }
 
-void StatusNotifierItem::registerItem(QByteArray hostProcess) {
-  m_host = TrayHost(std::move(hostProcess));
+void StatusNotifierItem::handleProcess(sd_bus_message* reply) {
+  if (sd_bus_message_is_method_error(reply, SD_BUS_ERROR_NAME_HAS_NO_OWNER) != 0) {
+    setPlacement(Placement::nowhere);
+    return;
+  }
+  // After any other error there is a watcher, but its process is not known.
+  std::uint32_t process = 0;
+  m_host = TrayHost(sd_bus_message_read(reply, "u", &process) > 0 ? processName(process) : QByteArray());
   if (m_host.needsMenu()) {
-    m_menuProperty = m_bus.addObject(objectPath, itemInterface, Callbacks::menuProperty, this);
+    m_menuProperty = m_bus.addObject(objectPath, itemInterface, menuPropertyTable, this);
   }
   // By the unique name: GNOME Shell does not show items that register another.
   m_call = m_bus.call(registerWithWatcher, {m_bus.uniqueName().constData()}, MessageBus::Start::no,
-                      Callbacks::handleRegistered, this);
+                      messageHandler<&StatusNotifierItem::handleRegistered>, this);
+}
+
+void StatusNotifierItem::handleRegistered(sd_bus_message* reply) {
+  m_isRegistered = sd_bus_message_is_method_error(reply, nullptr) == 0;
+  if (m_isRegistered) {
+    askForHost();
+  } else {
+    setPlacement(Placement::nowhere);
+  }
+}
+
+void StatusNotifierItem::handleHostChange() {
+  if (m_isRegistered) {
+    askForHost();
+  }
 }
 
 void StatusNotifierItem::askForHost() {
-  m_call = m_bus.call(getFromWatcher, {watcherInterface, "IsStatusNotifierHostRegistered"},
-                      MessageBus::Start::no, Callbacks::handleHost, this);
+  m_call = m_bus.call(getFromWatcher, {watcherName, "IsStatusNotifierHostRegistered"}, MessageBus::Start::no,
+                      messageHandler<&StatusNotifierItem::handleHost>, this);
+}
+
+void StatusNotifierItem::handleHost(sd_bus_message* reply) {
+  // Some watchers lack the property; all of those have a host.
+  int hasHost = 1;
+  sd_bus_message_read(reply, "v", "b", &hasHost);
+  setPlacement(hasHost != 0 ? Placement::placed : Placement::nowhere);
 }
 
 void StatusNotifierItem::setPlacement(Placement placement) {
   if (std::exchange(m_placement, placement) != placement) {
     Q_EMIT placementChanged();
   }
+}
+
+QByteArray StatusNotifierItem::title() const {
+  return QCoreApplication::applicationName().toUtf8();
+}
+
+int StatusNotifierItem::appendPixmaps(sd_bus_message* reply) {
+  int result = sd_bus_message_open_container(reply, 'a', "(iiay)");
+  for (const QImage& pixmap : m_icon.pixmaps()) {
+    if (result >= 0 && (result = sd_bus_message_open_container(reply, 'r', "iiay")) >= 0 &&
+        (result = sd_bus_message_append(reply, "ii", pixmap.width(), pixmap.height())) >= 0 &&
+        (result = sd_bus_message_append_array(reply, 'y', pixmap.constBits(), pixmap.sizeInBytes())) >= 0) {
+      result = sd_bus_message_close_container(reply);
+    }
+  }
+  return result < 0 ? result : sd_bus_message_close_container(reply);
+}
+
+int StatusNotifierItem::appendToolTip(sd_bus_message* reply) const {
+  return sd_bus_message_append(reply, "(sa(iiay)ss)", iconName(), 0U, title().constData(),
+                               m_toolTip.constData());
+}
+
+int StatusNotifierItem::appendMenu(sd_bus_message* reply) const {
+  return sd_bus_message_append(reply, "o", StatusNotifierMenu::objectPath);
+}
+
+void StatusNotifierItem::handleClick(sd_bus_message* call) {
+  QPoint told;
+  sd_bus_message_read(call, "ii", &told.rx(), &told.ry());
+  activate(told);
+}
+
+void StatusNotifierItem::handleToken(sd_bus_message* call) {
+  const char* token = nullptr;
+  sd_bus_message_read(call, "s", &token);
+  m_activationToken = token;
 }
 
 void StatusNotifierItem::activate(std::optional<QPoint> told) {

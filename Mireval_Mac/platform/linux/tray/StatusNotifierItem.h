@@ -23,6 +23,12 @@ class StatusNotifierItem final : public QObject {
   Q_OBJECT
 
  public:
+  static constexpr const char* objectPath = "/StatusNotifierItem";
+  static constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
+  /// The watcher's interface has the same name.
+  static constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
+  static constexpr const char* watcherPath = "/StatusNotifierWatcher";
+
   enum class Placement {
     /// Neither the bus nor the watcher has said yet whether there is a host.
     unknown,
@@ -36,7 +42,6 @@ class StatusNotifierItem final : public QObject {
   /// has the icon in several sizes, among them scalable. With `ActivationTokens::wanted`, hosts make an
   /// activation token for each click, and GNOME Shell shows a busy pointer until a window uses it.
   StatusNotifierItem(MessageBus& sessionBus, std::filesystem::path image, ActivationTokens tokens);
-  ~StatusNotifierItem() override;
 
   /// Looks for a watcher from now on. Called once.
   void appear();
@@ -57,18 +62,34 @@ class StatusNotifierItem final : public QObject {
   void activated(std::optional<QPoint> told);
 
  private:
-  /// What the bus calls.
-  struct Callbacks;
+  // What hosts call.
+  static const sd_bus_vtable itemTable[];
+  static const sd_bus_vtable menuPropertyTable[];
+  static const sd_bus_vtable tokenMethodTable[];
+  QByteArray title() const;
+  /// Empty unless the theme has the icon: some hosts show nothing then, and do not ask for the pixels either.
+  const char* iconName() const { return m_iconThemePath.isEmpty() ? "" : IconImages::name; }
+  int appendPixmaps(sd_bus_message* reply);
+  int appendToolTip(sd_bus_message* reply) const;
+  int appendMenu(sd_bus_message* reply) const;
+  void handleClick(sd_bus_message* call);
+  void handleToken(sd_bus_message* call);
+
+  // What the bus and the watcher tell.
+  void handleOwner(sd_bus_message* change);
+  void handleProcess(sd_bus_message* reply);
+  void handleRegistered(sd_bus_message* reply);
+  void handleHostChange();
+  void handleHost(sd_bus_message* reply);
 
   void introduce();
   void forgetWatcher();
   void findWatcher();
-  void registerItem(QByteArray hostProcess);
   void askForHost();
   void setPlacement(Placement placement);
   void activate(std::optional<QPoint> told);
 
-  const IconImages m_icon;
+  IconImages m_icon;
   const ActivationTokens m_tokens;
   QByteArray m_iconThemePath;
   QByteArray m_toolTip;

@@ -1,5 +1,6 @@
 #include "platform/linux/tray/StatusNotifierMenu.h"
 
+#include "platform/linux/bus/BusHandlers.h"
 #include "platform/linux/bus/BusValues.h"
 
 #include <QCoreApplication>
@@ -15,7 +16,6 @@
 namespace mireval {
 namespace {
 
-constexpr const char* menuInterface = "com.canonical.dbusmenu";
 constexpr std::uint32_t revision = 1;
 constexpr std::int32_t root = 0;
 constexpr std::int32_t entry = 1;
@@ -98,144 +98,133 @@ int answer(sd_bus_message* call, const auto& append) {
   return result;
 }
 
+int getLayout(sd_bus_message* call, void*, sd_bus_error*) {
+  std::int32_t parent = root;
+  std::int32_t depth = 0;
+  sd_bus_message_read(call, "ii", &parent, &depth);
+  const QByteArrayList names = readTexts(call);
+  if (!exists(parent)) {
+    return refuse(call);
+  }
+  return answer(call, [&](sd_bus_message* reply) {
+    sd_bus_message_append(reply, "u", revision);
+    appendLayout(reply, parent, depth, names);
+  });
+}
+
+int getGroupProperties(sd_bus_message* call, void*, sd_bus_error*) {
+  Ids ids = readIds(call);
+  const QByteArrayList names = readTexts(call);
+  if (ids.empty()) {
+    ids = {root, entry};
+  }
+  return answer(call, [&](sd_bus_message* reply) {
+    sd_bus_message_open_container(reply, 'a', "(ia{sv})");
+    for (const std::int32_t id : ids) {
+      if (exists(id)) {
+        sd_bus_message_open_container(reply, 'r', "ia{sv}");
+        sd_bus_message_append_basic(reply, 'i', &id);
+        appendProperties(reply, id, names);
+        sd_bus_message_close_container(reply);
+      }
+    }
+    sd_bus_message_close_container(reply);
+  });
+}
+
+int getProperty(sd_bus_message* call, void*, sd_bus_error*) {
+  std::int32_t id = root;
+  const char* name = nullptr;
+  sd_bus_message_read(call, "is", &id, &name);
+  if (!exists(id) || std::string_view(name) != propertyName(id)) {
+    return refuse(call);
+  }
+  return answer(call, [id](sd_bus_message* reply) { appendValue(reply, id); });
+}
+
+int aboutToShow(sd_bus_message* call, void*, sd_bus_error*) {
+  std::int32_t id = root;
+  sd_bus_message_read(call, "i", &id);
+  return exists(id) ? sd_bus_reply_method_return(call, "b", 0) : refuse(call);
+}
+
+int aboutToShowGroup(sd_bus_message* call, void*, sd_bus_error*) {
+  const Ids ids = readIds(call);
+  Ids unknown;
+  std::ranges::remove_copy_if(ids, std::back_inserter(unknown), exists);
+  if (!ids.empty() && unknown.size() == ids.size()) {
+    return refuse(call);
+  }
+  return answer(call, [&unknown](sd_bus_message* reply) {
+    appendIds(reply, {});
+    appendIds(reply, unknown);
+  });
+}
+
 }  // namespace
 
-struct StatusNotifierMenu::Callbacks {
-  using Self = StatusNotifierMenu;
-
-  static int version(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "u", 3U); }
-  static int textDirection(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "s", "ltr"); }
-  static int status(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "s", "normal"); }
-  static int iconThemePath(sd_bus_message* reply, Self&) { return sd_bus_message_append(reply, "as", 0U); }
-
-  static int getLayout(sd_bus_message* call, void*, sd_bus_error*) {
-    std::int32_t parent = root;
-    std::int32_t depth = 0;
-    sd_bus_message_read(call, "ii", &parent, &depth);
-    const QByteArrayList names = readTexts(call);
-    if (!exists(parent)) {
-      return refuse(call);
-    }
-    return answer(call, [&](sd_bus_message* reply) {
-      sd_bus_message_append(reply, "u", revision);
-      appendLayout(reply, parent, depth, names);
-    });
-  }
-
-  static int getGroupProperties(sd_bus_message* call, void*, sd_bus_error*) {
-    Ids ids = readIds(call);
-    const QByteArrayList names = readTexts(call);
-    if (ids.empty()) {
-      ids = {root, entry};
-    }
-    return answer(call, [&](sd_bus_message* reply) {
-      sd_bus_message_open_container(reply, 'a', "(ia{sv})");
-      for (const std::int32_t id : ids) {
-        if (exists(id)) {
-          sd_bus_message_open_container(reply, 'r', "ia{sv}");
-          sd_bus_message_append_basic(reply, 'i', &id);
-          appendProperties(reply, id, names);
-          sd_bus_message_close_container(reply);
-        }
-      }
-      sd_bus_message_close_container(reply);
-    });
-  }
-
-  static int getProperty(sd_bus_message* call, void*, sd_bus_error*) {
-    std::int32_t id = root;
-    const char* name = nullptr;
-    sd_bus_message_read(call, "is", &id, &name);
-    if (!exists(id) || std::string_view(name) != propertyName(id)) {
-      return refuse(call);
-    }
-    return answer(call, [id](sd_bus_message* reply) { appendValue(reply, id); });
-  }
-
-  static int event(sd_bus_message* call, void* userdata, sd_bus_error*) {
-    std::int32_t id = root;
-    const char* event = nullptr;
-    sd_bus_message_read(call, "is", &id, &event);
-    if (!exists(id)) {
-      return refuse(call);
-    }
-    if (isChoice(id, event)) {
-      Q_EMIT static_cast<Self*>(userdata)->chosen();
-    }
-    return sd_bus_reply_method_return(call, nullptr);
-  }
-
-  static int eventGroup(sd_bus_message* call, void* userdata, sd_bus_error*) {
-    bool chosen = false;
-    bool anyExists = false;
-    Ids unknown;
-    sd_bus_message_enter_container(call, 'a', "(isvu)");
-    while (sd_bus_message_enter_container(call, 'r', "isvu") > 0) {
-      std::int32_t id = root;
-      const char* event = nullptr;
-      sd_bus_message_read(call, "is", &id, &event);
-      sd_bus_message_skip(call, "vu");
-      sd_bus_message_exit_container(call);
-      chosen = chosen || isChoice(id, event);
-      if (exists(id)) {
-        anyExists = true;
-      } else {
-        unknown.push_back(id);
-      }
-    }
-    sd_bus_message_exit_container(call);
-    if (chosen) {
-      Q_EMIT static_cast<Self*>(userdata)->chosen();
-    }
-    if (!anyExists && !unknown.empty()) {
-      return refuse(call);
-    }
-    return answer(call, [&unknown](sd_bus_message* reply) { appendIds(reply, unknown); });
-  }
-
-  static int aboutToShow(sd_bus_message* call, void*, sd_bus_error*) {
-    std::int32_t id = root;
-    sd_bus_message_read(call, "i", &id);
-    return exists(id) ? sd_bus_reply_method_return(call, "b", 0) : refuse(call);
-  }
-
-  static int aboutToShowGroup(sd_bus_message* call, void*, sd_bus_error*) {
-    const Ids ids = readIds(call);
-    Ids unknown;
-    std::ranges::remove_copy_if(ids, std::back_inserter(unknown), exists);
-    if (!ids.empty() && unknown.size() == ids.size()) {
-      return refuse(call);
-    }
-    return answer(call, [&unknown](sd_bus_message* reply) {
-      appendIds(reply, {});
-      appendIds(reply, unknown);
-    });
-  }
-
-  static const sd_bus_vtable menu[];
-};
-
-const sd_bus_vtable StatusNotifierMenu::Callbacks::menu[] = {
+const sd_bus_vtable StatusNotifierMenu::menuTable[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("GetLayout", "iias", "u(ia{sv}av)", getLayout, 0),
     SD_BUS_METHOD("GetGroupProperties", "aias", "a(ia{sv})", getGroupProperties, 0),
     SD_BUS_METHOD("GetProperty", "is", "v", getProperty, 0),
-    SD_BUS_METHOD("Event", "isvu", "", event, 0),
-    SD_BUS_METHOD("EventGroup", "a(isvu)", "ai", eventGroup, 0),
+    SD_BUS_METHOD("Event", "isvu", "", methodHandler<&StatusNotifierMenu::handleEvent>, 0),
+    SD_BUS_METHOD("EventGroup", "a(isvu)", "ai", methodHandler<&StatusNotifierMenu::handleEventGroup>, 0),
     SD_BUS_METHOD("AboutToShow", "i", "b", aboutToShow, 0),
     SD_BUS_METHOD("AboutToShowGroup", "ai", "aiai", aboutToShowGroup, 0),
     SD_BUS_SIGNAL("ItemsPropertiesUpdated", "a(ia{sv})a(ias)", 0),
     SD_BUS_SIGNAL("LayoutUpdated", "ui", 0),
     SD_BUS_SIGNAL("ItemActivationRequested", "iu", 0),
-    SD_BUS_PROPERTY("Version", "u", propertyGetter<version>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("TextDirection", "s", propertyGetter<textDirection>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("Status", "s", propertyGetter<status>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
-    SD_BUS_PROPERTY("IconThemePath", "as", propertyGetter<iconThemePath>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Version", "u", constantGetter<3U>, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("TextDirection", "s", textGetter<"ltr">, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("Status", "s", textGetter<"normal">, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY("IconThemePath", "as", emptyArrayGetter<"as">, 0, SD_BUS_VTABLE_PROPERTY_CONST),
     SD_BUS_VTABLE_END,
 };
 
 void StatusNotifierMenu::appearOn(MessageBus& bus) {
-  m_object = bus.addObject(objectPath, menuInterface, Callbacks::menu, this);
+  m_object = bus.addObject(objectPath, interface, menuTable, this);
+}
+
+int StatusNotifierMenu::handleEvent(sd_bus_message* call) {
+  std::int32_t id = root;
+  const char* event = nullptr;
+  sd_bus_message_read(call, "is", &id, &event);
+  if (!exists(id)) {
+    return refuse(call);
+  }
+  if (isChoice(id, event)) {
+    Q_EMIT chosen();
+  }
+  return sd_bus_reply_method_return(call, nullptr);
+}
+
+int StatusNotifierMenu::handleEventGroup(sd_bus_message* call) {
+  bool isChosen = false;
+  bool anyExists = false;
+  Ids unknown;
+  sd_bus_message_enter_container(call, 'a', "(isvu)");
+  while (sd_bus_message_enter_container(call, 'r', "isvu") > 0) {
+    std::int32_t id = root;
+    const char* event = nullptr;
+    sd_bus_message_read(call, "is", &id, &event);
+    sd_bus_message_skip(call, "vu");
+    sd_bus_message_exit_container(call);
+    isChosen = isChosen || isChoice(id, event);
+    if (exists(id)) {
+      anyExists = true;
+    } else {
+      unknown.push_back(id);
+    }
+  }
+  sd_bus_message_exit_container(call);
+  if (isChosen) {
+    Q_EMIT chosen();
+  }
+  if (!anyExists && !unknown.empty()) {
+    return refuse(call);
+  }
+  return answer(call, [&unknown](sd_bus_message* reply) { appendIds(reply, unknown); });
 }
 
 }  // namespace mireval

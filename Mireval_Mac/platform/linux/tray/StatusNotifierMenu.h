@@ -13,6 +13,7 @@ class StatusNotifierMenu final : public QObject {
 
  public:
   static constexpr const char* objectPath = "/StatusNotifierMenu";
+  static constexpr const char* interface = "com.canonical.dbusmenu";
 
   /// Offers the menu on an open connection until that is lost.
   void appearOn(MessageBus& bus);
@@ -22,8 +23,9 @@ class StatusNotifierMenu final : public QObject {
   void chosen();
 
  private:
-  /// What the bus calls.
-  struct Callbacks;
+  static const sd_bus_vtable menuTable[];
+  int handleEvent(sd_bus_message* call);
+  int handleEventGroup(sd_bus_message* call);
 
   MessageBus::Slot m_object;
 };

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QByteArrayView>
 #include <QImage>
 #include <QString>
 
@@ -24,7 +25,7 @@ class IconImagesTest : public testing::Test {
 
   const TemporaryFolder m_folder;
   const fs::path m_file = m_folder.path() / "share/mireval/MenuBarIcon.png";
-  const IconImages m_images{m_file};
+  IconImages m_images{m_file};
 };
 
 TEST_F(IconImagesTest, FindsTheThemeBesideTheImageOrBesideItsFolder) {
@@ -71,6 +72,16 @@ TEST_F(IconImagesTest, ADrawingOfAnotherSizeOrADamagedOneIsNot) {
 TEST_F(IconImagesTest, WhatIsNotSquareKeepsItsShape) {
   paint("share/mireval/MenuBarIcon.png", {64, 32}, Qt::blue);
   EXPECT_EQ(m_images.image(16).size(), QSize(16, 8));
+}
+
+TEST_F(IconImagesTest, ThePixmapsAreMadeOnceThereIsAPicture) {
+  EXPECT_TRUE(m_images.pixmaps().empty());
+  paint("share/mireval/MenuBarIcon.png", {64, 64}, Qt::blue);
+  ASSERT_EQ(m_images.pixmaps().size(), 6U);
+  const uchar* const bytes = m_images.pixmaps().front().constBits();
+  EXPECT_EQ(QByteArrayView(bytes, 4).toByteArray().toHex(), "ff0000ff");
+  paint("share/mireval/MenuBarIcon.png", {64, 64}, Qt::green);
+  EXPECT_EQ(m_images.pixmaps().front().constBits(), bytes);
 }
 
 TEST_F(IconImagesTest, WithoutAnythingThereIsNoPicture) {
