@@ -25,11 +25,6 @@ class LocaleService:
         """Changes the locale and announces the new one."""
         self._call("UpdateProperties", "sa{sv}", NAME, "1", "Locale", *_texts(assignments))
 
-    def announce_without_value(self):
-        """Announces that the locale has changed, but not what it is now."""
-        self._call("EmitSignal", "sssav", PROPERTIES, "PropertiesChanged", "sa{sv}as",
-                   "3", "s", NAME, "a{sv}", "0", *_texts(["Locale"]))
-
     def _attempt(self, method, *arguments):
         return self._session.run("busctl", "--system", "call", NAME, PATH, MOCK, method, *arguments)
 

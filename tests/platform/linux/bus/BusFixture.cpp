@@ -1,36 +1,34 @@
 #include "platform/linux/bus/BusFixture.h"
 
+#include <QDir>
+#include <QFile>
+
+#include <utility>
+
 namespace mireval {
 
 using namespace Qt::StringLiterals;
 
-BusFixture::BusFixture(MessageBus::Kind kind) : m_bus(kind), m_connection(kind) {}
-
-BusFixture::~BusFixture() {
-  QDBusConnection::disconnectFromBus(u"client"_s);
-}
+BusFixture::BusFixture(BusClient::Object object, MessageBus::Kind kind)
+    : m_object(std::move(object)), m_bus(kind), m_connection(kind) {}
 
 void BusFixture::startBus() {
   m_bus.start();
-  QDBusConnection::disconnectFromBus(u"client"_s);
-  m_client = QDBusConnection::connectToBus(m_bus.address(), u"client"_s);
+  m_client.emplace(m_bus.address(), m_object);
 }
 
-QDBusMessage BusFixture::call(const QString& service, const QString& path, const QString& interface,
-                              const QString& method, const QVariantList& arguments) const {
-  QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
-  message.setAutoStartService(false);
-  message.setArguments(arguments);
-  return waitForAnswer(m_client->asyncCall(message));
-}
-
-QDBusMessage BusFixture::callBus(const QString& method, const QVariantList& arguments) const {
-  return call(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s, method,
-              arguments);
-}
-
-bool BusFixture::hasOwner(const QString& name) const {
-  return callBus(u"NameHasOwner"_s, {name}).arguments().value(0).toBool();
+QString BusFixture::startBusThatStarts(const QString& name) {
+  QString started = m_folder.filePath(u"started"_s);
+  QDir(m_folder.path()).mkpath(u"dbus-1/services"_s);
+  QFile service(m_folder.filePath(u"dbus-1/services/test.service"_s));
+  EXPECT_TRUE(service.open(QIODevice::WriteOnly));
+  service.write(
+      u"[D-BUS Service]\nName=%1\nExec=/bin/sh -c 'touch %2; exit 1'\n"_s.arg(name, started).toUtf8());
+  service.close();
+  qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
+  startBus();
+  qunsetenv("XDG_DATA_HOME");
+  return started;
 }
 
 }  // namespace mireval

@@ -52,4 +52,9 @@ class MockService final : public QDBusVirtualObject {
   QList<QDBusMessage> m_unanswered;
 };
 
+/// For MockService::answer: each call is answered with this value.
+inline auto answering(const QVariant& value) {
+  return [value](const QDBusMessage& call) { return call.createReply(value); };
+}
+
 }  // namespace mireval

@@ -29,16 +29,16 @@ QString PrivateBus::address() const {
   return u"unix:path="_s + m_folder.filePath(u"bus"_s);
 }
 
-void PrivateBus::holdSocket() {
+int PrivateBus::holdSocket() {
   sockaddr_un name{};
   name.sun_family = AF_UNIX;
   qstrncpy(name.sun_path, QFile::encodeName(m_folder.filePath(u"bus"_s)), sizeof(name.sun_path));
   m_socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-  // As the function for C wants it.
   const auto* const address = reinterpret_cast<const sockaddr*>(&name);
   if (::bind(m_socket, address, sizeof(name)) != 0 || ::listen(m_socket, SOMAXCONN) != 0) {
     qFatal("no socket for the bus");
   }
+  return m_socket;
 }
 
 void PrivateBus::start(const QString& address) {

@@ -19,8 +19,9 @@ class PrivateBus {
 
   QString address() const;
 
-  /// Keeps its socket open for it from now on, as systemd does: connections wait while the bus is away.
-  void holdSocket();
+  /// Keeps its socket open for it from now on, as systemd does: connections wait while the bus is away. Gives
+  /// the socket.
+  int holdSocket();
   /// Starts the bus and waits until it takes connections; at an address of its own unless one is given.
   void start(const QString& address = {});
   /// Ends it at once, as a crash would.

@@ -12,6 +12,9 @@ namespace mireval {
 bool waitFor(const std::function<bool()>& condition,
              std::chrono::milliseconds limit = std::chrono::seconds(10));
 
+/// Runs the event loop for half a second; how often something woke it.
+int wakeUps();
+
 /// Runs the event loop until the answer has come, and with it all that was sent to this process before; an
 /// invalid message if it does not come in time.
 QDBusMessage waitForAnswer(const QDBusPendingCall& call);

@@ -4,13 +4,12 @@
 #include "platform/linux/bus/MockService.h"
 
 #include <QByteArrayList>
-#include <QDBusArgument>
-#include <QDBusObjectPath>
 #include <QList>
 #include <QVariantMap>
 #include <QXmlStreamReader>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace mireval {
@@ -25,12 +24,11 @@ using StartedBy = BusActivation::StartedBy;
 const QString applicationId = u"org.example.Radio-Two"_s;
 const QString objectPath = u"/org/example/Radio_Two"_s;
 const QString applicationInterface = u"org.freedesktop.Application"_s;
+const QString notSupported = u"org.freedesktop.DBus.Error.NotSupported"_s;
 const QString invalidArguments = u"org.freedesktop.DBus.Error.InvalidArgs"_s;
 
-/// Several variants, for a parameter of the type av.
-QVariant variants(const QVariantList& values) {
-  return values;
-}
+/// For a parameter of the type av.
+const QVariant noVariants = QVariantList();
 
 /// What nobody expects beside the token.
 QVariantMap oddPlatformData(const QVariantMap& more = {}) {
@@ -41,6 +39,7 @@ QVariantMap oddPlatformData(const QVariantMap& more = {}) {
 
 class BusActivationTest : public BusFixture {
  protected:
+  BusActivationTest() : BusFixture({applicationId, objectPath, applicationInterface}) {}
   ~BusActivationTest() override { qunsetenv("XDG_ACTIVATION_TOKEN"); }
 
   void makeActivation(StartedBy startedBy = StartedBy::user) {
@@ -53,27 +52,35 @@ class BusActivationTest : public BusFixture {
     m_activation->appear();
   }
 
-  bool hasName() const { return hasOwner(applicationId); }
+  bool comes() {
+    return waitFor([this] { return m_client->hasOwner(applicationId); });
+  }
 
   /// On a running bus, with its name.
   void appear(StartedBy startedBy = StartedBy::user) {
     startBus();
     makeActivation(startedBy);
-    ASSERT_TRUE(waitFor([this] { return hasName(); }));
+    ASSERT_TRUE(comes());
   }
 
-  QDBusMessage call(const QString& method, const QVariantList& arguments,
-                    const QString& interface = applicationInterface) const {
-    return BusFixture::call(applicationId, objectPath, interface, method, arguments);
+  QString error(const QString& method, const QVariantList& arguments) const {
+    return m_client->error(method, arguments);
   }
 
   bool activate(const QVariantMap& platformData = {}) const {
-    return call(u"Activate"_s, {platformData}).type() == QDBusMessage::ReplyMessage;
+    return error(u"Activate"_s, {platformData}).isEmpty();
+  }
+
+  QString activateAction(const QString& action, const QVariantMap& platformData = {}) const {
+    return error(u"ActivateAction"_s, {action, noVariants, platformData});
   }
 
   bool activateSettings(const QVariantMap& platformData = {}) const {
-    return call(u"ActivateAction"_s, {u"Settings"_s, variants({}), platformData}).type() ==
-           QDBusMessage::ReplyMessage;
+    return activateAction(u"Settings"_s, platformData).isEmpty();
+  }
+
+  QString open(const QStringList& files, const QVariantMap& platformData = {}) const {
+    return error(u"Open"_s, {files, platformData});
   }
 
   std::unique_ptr<BusActivation> m_activation;
@@ -84,7 +91,8 @@ class BusActivationTest : public BusFixture {
 TEST_F(BusActivationTest, DescribesItselfAsTheStandardDoes) {
   appear();
   QStringList description;
-  const QDBusMessage answer = call(u"Introspect"_s, {}, u"org.freedesktop.DBus.Introspectable"_s);
+  const QDBusMessage answer =
+      m_client->call({applicationId, objectPath, u"org.freedesktop.DBus.Introspectable"_s}, u"Introspect"_s);
   QXmlStreamReader xml(answer.arguments().value(0).toString());
   bool isOurs = false;
   while (!xml.atEnd()) {
@@ -124,26 +132,24 @@ TEST_F(BusActivationTest, TheRequestThatStartedItIsMetByTheStart) {
   EXPECT_EQ(m_requests, QList{Request::showPanel});
 }
 
-TEST_F(BusActivationTest, SettingsAreWantedAlsoAtTheStart) {
-  appear(StartedBy::bus);
-  EXPECT_TRUE(activateSettings());
-  EXPECT_EQ(m_requests, QList{Request::showSettings});
-  EXPECT_TRUE(activate());
-  EXPECT_EQ(m_requests, (QList{Request::showSettings, Request::showPanel}));
-}
-
-TEST_F(BusActivationTest, AMistakeIsAStartToo) {
-  appear(StartedBy::bus);
-  EXPECT_FALSE(call(u"Open"_s, {QStringList{u"file:///song.m4a"_s}, QVariantMap()}).errorName().isEmpty());
-  EXPECT_TRUE(activate());
-  EXPECT_EQ(m_requests, QList{Request::showPanel});
-
-  m_activation.reset();
-  makeActivation(StartedBy::bus);
-  ASSERT_TRUE(waitFor([this] { return hasName(); }));
-  EXPECT_FALSE(call(u"ActivateAction"_s, {u"Dance"_s, variants({}), QVariantMap()}).errorName().isEmpty());
-  EXPECT_TRUE(activate());
-  EXPECT_EQ(m_requests, (QList{Request::showPanel, Request::showPanel}));
+TEST_F(BusActivationTest, AnyOtherFirstRequestIsNotMetByTheStart) {
+  startBus();
+  const auto ask = [this](const std::function<void()>& firstRequest) {
+    m_requests.clear();
+    m_activation.reset();
+    makeActivation(StartedBy::bus);
+    EXPECT_TRUE(comes());
+    firstRequest();
+    EXPECT_TRUE(activate());
+    return m_requests;
+  };
+  EXPECT_EQ(ask([this] { EXPECT_TRUE(activateSettings()); }),
+            (QList{Request::showSettings, Request::showPanel}));
+  // Mistakes.
+  EXPECT_EQ(ask([this] { EXPECT_EQ(open({u"file:///song.m4a"_s}), notSupported); }),
+            QList{Request::showPanel});
+  EXPECT_EQ(ask([this] { EXPECT_EQ(activateAction(u"Dance"_s), invalidArguments); }),
+            QList{Request::showPanel});
 }
 
 TEST_F(BusActivationTest, TokensAreThereForTheWindow) {
@@ -165,23 +171,19 @@ TEST_F(BusActivationTest, TokensThatAreNoneAreLeft) {
 
 TEST_F(BusActivationTest, ParametersOfAnActionAreLeft) {
   appear();
-  const QVariant parameters = variants({7, u"now"_s, QStringList{u"x"_s}});
-  EXPECT_EQ(
-      call(u"ActivateAction"_s, {u"Settings"_s, parameters, QVariantMap{{u"activation-token"_s, u"t"_s}}})
-          .type(),
-      QDBusMessage::ReplyMessage);
+  const QVariant parameters = QVariantList{7, u"now"_s, QStringList{u"x"_s}};
+  const QVariantMap platformData{{u"activation-token"_s, u"t"_s}};
+  EXPECT_EQ(error(u"ActivateAction"_s, {u"Settings"_s, parameters, platformData}), QString());
   EXPECT_EQ(m_requests, QList{Request::showSettings});
   EXPECT_EQ(m_tokens, QByteArrayList{"t"});
 }
 
 TEST_F(BusActivationTest, FilesCannotBeOpened) {
   appear();
-  EXPECT_EQ(call(u"Open"_s, {QStringList{u"file:///song.m4a"_s}, QVariantMap()}).errorName(),
-            u"org.freedesktop.DBus.Error.NotSupported"_s);
+  EXPECT_EQ(open({u"file:///song.m4a"_s}), notSupported);
   EXPECT_EQ(m_requests, QList<Request>());
-  // None is what Activate is for.
-  const QVariantMap platformData{{u"activation-token"_s, u"token"_s}};
-  EXPECT_EQ(call(u"Open"_s, {QStringList(), platformData}).type(), QDBusMessage::ReplyMessage);
+  // Without files it is a plain request.
+  EXPECT_EQ(open({}, {{u"activation-token"_s, u"token"_s}}), QString());
   EXPECT_EQ(m_requests, QList{Request::showPanel});
   EXPECT_EQ(m_tokens, QByteArrayList{"token"});
 }
@@ -189,13 +191,13 @@ TEST_F(BusActivationTest, FilesCannotBeOpened) {
 TEST_F(BusActivationTest, WrongRequestsAreOrdinaryErrors) {
   appear();
   for (const QString& action : {u"settings"_s, u"Settings "_s, u"Quit"_s, u"%s%n"_s, u""_s}) {
-    EXPECT_EQ(call(u"ActivateAction"_s, {action, variants({}), QVariantMap()}).errorName(), invalidArguments);
+    EXPECT_EQ(activateAction(action), invalidArguments);
   }
-  EXPECT_EQ(call(u"Activate"_s, {}).errorName(), invalidArguments);
-  EXPECT_EQ(call(u"Activate"_s, {u"now"_s}).errorName(), invalidArguments);
-  EXPECT_EQ(call(u"Open"_s, {u"file:///song.m4a"_s}).errorName(), invalidArguments);
-  EXPECT_EQ(call(u"ActivateAction"_s, {u"Settings"_s, QVariantMap()}).errorName(), invalidArguments);
-  EXPECT_EQ(call(u"Quit"_s, {}).errorName(), u"org.freedesktop.DBus.Error.UnknownMethod"_s);
+  EXPECT_EQ(error(u"Activate"_s, {}), invalidArguments);
+  EXPECT_EQ(error(u"Activate"_s, {u"now"_s}), invalidArguments);
+  EXPECT_EQ(error(u"Open"_s, {u"file:///song.m4a"_s}), invalidArguments);
+  EXPECT_EQ(error(u"ActivateAction"_s, {u"Settings"_s, QVariantMap()}), invalidArguments);
+  EXPECT_EQ(error(u"Quit"_s, {}), u"org.freedesktop.DBus.Error.UnknownMethod"_s);
   EXPECT_EQ(m_requests, QList<Request>());
   EXPECT_TRUE(activate());
   EXPECT_EQ(m_requests, QList{Request::showPanel});
@@ -213,20 +215,16 @@ TEST_F(BusActivationTest, TakesTheNameWhenItsOwnerLetsGo) {
   EXPECT_EQ(m_requests.value(0), Request::showPanel);
 }
 
-TEST_F(BusActivationTest, ComesBackWithTheBus) {
+TEST_F(BusActivationTest, ComesBackWithTheBusAndGoesAtTheEnd) {
   appear();
   m_bus.kill();
   EXPECT_TRUE(waitFor([this] { return !m_connection.isOpen(); }));
   startBus();
-  ASSERT_TRUE(waitFor([this] { return hasName(); }));
+  ASSERT_TRUE(comes());
   EXPECT_TRUE(activate());
   EXPECT_EQ(m_requests, QList{Request::showPanel});
-}
-
-TEST_F(BusActivationTest, GoesFromTheBusAtTheEnd) {
-  appear();
   m_activation.reset();
-  EXPECT_TRUE(waitFor([this] { return !hasName(); }));
+  EXPECT_TRUE(waitFor([this] { return !m_client->hasOwner(applicationId); }));
 }
 
 }  // namespace

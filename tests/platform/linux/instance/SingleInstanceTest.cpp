@@ -1,5 +1,6 @@
 #include "platform/linux/instance/SingleInstance.h"
 
+#include "platform/linux/bus/WaitFor.h"
 #include "platform/linux/instance/SingleInstanceServer.h"
 #include "platform/linux/posix/UnixSocketAddress.h"
 #include "support/TemporaryFolder.h"
@@ -58,19 +59,18 @@ class SingleInstanceTest : public testing::Test {
                       [&copy, request, patience] { return copy.elect(request, patience).value(); });
   }
 
-  /// Runs the event loop until the condition holds; fails the test if it never does.
-  template <typename Condition>
-  static void waitFor(Condition condition) {
-    const auto limit = Clock::now() + longest;
-    while (!condition()) {
-      ASSERT_LT(Clock::now(), limit);
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
+  static Outcome outcomeOf(std::future<Outcome>& election) {
+    EXPECT_TRUE(waitFor([&election] { return election.wait_for(0s) == std::future_status::ready; }, longest));
+    return election.get();
   }
 
-  static Outcome outcomeOf(std::future<Outcome>& election) {
-    waitFor([&election] { return election.wait_for(0s) == std::future_status::ready; });
-    return election.get();
+  /// What becomes of a later copy.
+  Outcome electLater(Request request = Request::showPanel) const {
+    SingleInstance later = makeCopy();
+    auto election = electElsewhere(later, request);
+    const Outcome outcome = outcomeOf(election);
+    EXPECT_EQ(later.listeningSocket() >= 0, outcome == Outcome::elected);
+    return outcome;
   }
 
   /// A foreign client, connected to the socket of the first copy.
@@ -93,7 +93,7 @@ class SingleInstanceTest : public testing::Test {
 
   static std::string waitForAnswer(const FileDescriptor& client) {
     std::optional<std::string> answer;
-    waitFor([&] { return (answer = receivedBy(client)).has_value(); });
+    EXPECT_TRUE(waitFor([&] { return (answer = receivedBy(client)).has_value(); }, longest));
     return answer.value_or("nothing");
   }
 
@@ -120,10 +120,13 @@ class ServingCopy {
 };
 
 TEST_F(SingleInstanceTest, TheFirstCopyIsElectedAtOnce) {
-  SingleInstance first = makeCopy();
-  EXPECT_EQ(first.listeningSocket(), -1);
-  EXPECT_EQ(first.elect(Request::showPanel, 0ms), Outcome::elected);
-  EXPECT_GE(first.listeningSocket(), 0);
+  // Each one is the first when the one before has ended.
+  for (int round = 0; round < 3; ++round) {
+    SingleInstance first = makeCopy();
+    EXPECT_EQ(first.listeningSocket(), -1);
+    EXPECT_EQ(first.elect(Request::showPanel, 0ms), Outcome::elected);
+    EXPECT_GE(first.listeningSocket(), 0);
+  }
   struct stat status {};
   ASSERT_EQ(stat(folder().c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0700U);
@@ -133,11 +136,8 @@ TEST_F(SingleInstanceTest, LaterCopiesHandOverWhatTheyWereAsked) {
   SingleInstance first = makeFirst();
   const ServingCopy serving(first);
   for (const Request request : {Request::showSettings, Request::showPanel, Request::showSettings}) {
-    SingleInstance later = makeCopy();
-    auto election = electElsewhere(later, request);
-    EXPECT_EQ(outcomeOf(election), Outcome::handedOver);
+    EXPECT_EQ(electLater(request), Outcome::handedOver);
     EXPECT_EQ(serving.requests().back(), request);
-    EXPECT_EQ(later.listeningSocket(), -1);
   }
   EXPECT_EQ(serving.requests().size(), 3U);
 }
@@ -174,20 +174,9 @@ TEST_F(SingleInstanceTest, ACopyThatDoesNotAnswerIsNotWaitedForWithoutEnd) {
   EXPECT_EQ(later.elect(Request::showPanel, 100ms), Outcome::unanswered);
   EXPECT_GE(Clock::now() - start, 100ms);
   EXPECT_LT(Clock::now() - start, longest);
-}
-
-TEST_F(SingleInstanceTest, ALockWithoutASocketIsNotWaitedForWithoutEnd) {
-  SingleInstance first = makeFirst();
+  // Nor one that holds the lock and has no socket.
   fs::remove(folder() / "socket");
-  SingleInstance later = makeCopy();
   EXPECT_EQ(later.elect(Request::showPanel, 50ms), Outcome::unanswered);
-}
-
-TEST_F(SingleInstanceTest, TheNextCopyFollowsOneThatEnded) {
-  for (int round = 0; round < 3; ++round) {
-    SingleInstance copy = makeCopy();
-    EXPECT_EQ(copy.elect(Request::showPanel, 0ms), Outcome::elected);
-  }
 }
 
 TEST_F(SingleInstanceTest, ACopyWhoseRequestOutlivesTheFirstOneTakesItsPlace) {
@@ -200,9 +189,7 @@ TEST_F(SingleInstanceTest, ACopyWhoseRequestOutlivesTheFirstOneTakesItsPlace) {
   EXPECT_EQ(outcomeOf(election), Outcome::elected);
   // It accepts requests itself.
   const ServingCopy serving(later);
-  SingleInstance third = makeCopy();
-  auto thirdElection = electElsewhere(third);
-  EXPECT_EQ(outcomeOf(thirdElection), Outcome::handedOver);
+  EXPECT_EQ(electLater(), Outcome::handedOver);
 }
 
 TEST_F(SingleInstanceTest, AKilledCopyLeavesNothingInTheWay) {
@@ -250,7 +237,7 @@ TEST_F(SingleInstanceTest, OfManyAtOnceOneIsElected) {
         return outcome;
       }));
     }
-    waitFor([&elected] { return elected != nullptr; });
+    ASSERT_TRUE(waitFor([&elected] { return elected != nullptr; }, longest));
     const ServingCopy serving(*elected);
     std::vector<Outcome> outcomes;
     for (auto& election : elections) {
@@ -282,7 +269,7 @@ TEST_F(SingleInstanceTest, AClientMayLeaveBeforeItsAnswer) {
     const FileDescriptor asking = connectClient();
     ASSERT_EQ(send(asking.get(), "p", 1, 0), 1);
   }
-  waitFor([&serving] { return serving.requests().size() == 1; });
+  ASSERT_TRUE(waitFor([&serving] { return serving.requests().size() == 1; }, longest));
   const FileDescriptor client = connectClient();
   ASSERT_EQ(send(client.get(), "p", 1, 0), 1);
   EXPECT_EQ(waitForAnswer(client), "p");
@@ -295,9 +282,7 @@ TEST_F(SingleInstanceTest, ManySilentClientsKeepNobodyOut) {
   for (int number = 0; number < 200; ++number) {
     silent.push_back(connectClient());
   }
-  SingleInstance later = makeCopy();
-  auto election = electElsewhere(later);
-  EXPECT_EQ(outcomeOf(election), Outcome::handedOver);
+  EXPECT_EQ(electLater(), Outcome::handedOver);
   // Only the most recent ones are kept.
   EXPECT_EQ(receivedBy(silent.front()), "");
   EXPECT_EQ(receivedBy(silent.back()), std::nullopt);
@@ -351,14 +336,7 @@ TEST_F(SingleInstanceTest, DescriptorsAreNotLeftToOtherPrograms) {
   EXPECT_GE(ours, 4);
 }
 
-TEST_F(SingleInstanceTest, WithoutAFolderEveryCopyIsOnItsOwn) {
-  SingleInstance first{fs::path()};
-  SingleInstance second{fs::path()};
-  EXPECT_EQ(first.elect(Request::showPanel), Outcome::independent);
-  EXPECT_EQ(second.elect(Request::showPanel), Outcome::independent);
-}
-
-TEST_F(SingleInstanceTest, TheFolderIsTheSessionsOwn) {
+TEST_F(SingleInstanceTest, WithoutTheSessionsFolderEveryCopyIsOnItsOwn) {
   qputenv("XDG_RUNTIME_DIR", m_parent.path().c_str());
   SingleInstance first = SingleInstance::forCurrentUser();
   EXPECT_EQ(first.elect(Request::showPanel), Outcome::elected);
@@ -366,7 +344,9 @@ TEST_F(SingleInstanceTest, TheFolderIsTheSessionsOwn) {
   for (const char* const none : {"", static_cast<const char*>(nullptr)}) {
     none != nullptr ? qputenv("XDG_RUNTIME_DIR", none) : qunsetenv("XDG_RUNTIME_DIR");
     SingleInstance alone = SingleInstance::forCurrentUser();
+    SingleInstance another = SingleInstance::forCurrentUser();
     EXPECT_EQ(alone.elect(Request::showPanel), Outcome::independent);
+    EXPECT_EQ(another.elect(Request::showPanel), Outcome::independent);
   }
 }
 
@@ -379,43 +359,45 @@ class UnusableFolderTest : public SingleInstanceTest {
               tl::unexpected<std::string>(folder.native() + ": " + reason));
     EXPECT_EQ(copy.listeningSocket(), -1);
   }
+
+  /// The folder of copies, as a usable one is, with these folders in it.
+  void makeFolder(const fs::path& inside = {}) const {
+    fs::create_directories(folder() / inside);
+    fs::permissions(folder(), fs::perms::owner_all);
+  }
+
+  static constexpr const char* notOurs = "not a folder of this user alone";
 };
 
-TEST_F(UnusableFolderTest, Missing) {
+TEST_F(UnusableFolderTest, MissingOrRelative) {
   expectIndependent(m_parent.path() / "gone" / "mireval", "No such file or directory");
-}
-
-TEST_F(UnusableFolderTest, Relative) {
   expectIndependent("relative-folder", "not an absolute path");
   EXPECT_FALSE(fs::exists("relative-folder"));
 }
 
 TEST_F(UnusableFolderTest, NoFolder) {
-  expectIndependent(m_parent.makeFile("file"), "not a folder of this user alone");
-  fs::create_directory(m_parent.path() / "real");
-  fs::permissions(m_parent.path() / "real", fs::perms::owner_all);
-  fs::create_directory_symlink(m_parent.path() / "real", m_parent.path() / "link");
-  expectIndependent(m_parent.path() / "link", "not a folder of this user alone");
+  expectIndependent(m_parent.makeFile("file"), notOurs);
+  makeFolder();
+  fs::create_directory_symlink(folder(), m_parent.path() / "link");
+  expectIndependent(m_parent.path() / "link", notOurs);
 }
 
 TEST_F(UnusableFolderTest, OpenToOthers) {
-  fs::create_directory(folder());
+  makeFolder();
   for (const auto more : {fs::perms::group_read, fs::perms::group_exec, fs::perms::others_write}) {
     fs::permissions(folder(), fs::perms::owner_all | more);
-    expectIndependent(folder(), "not a folder of this user alone");
+    expectIndependent(folder(), notOurs);
   }
-  fs::permissions(folder(), fs::perms::owner_all);
-  SingleInstance copy = makeCopy();
-  EXPECT_EQ(copy.elect(Request::showPanel, 0ms), Outcome::elected);
+  makeFolder();
+  makeFirst();
 }
 
 TEST_F(UnusableFolderTest, OfAnotherUser) {
-  fs::create_directory(folder());
-  fs::permissions(folder(), fs::perms::owner_all);
+  makeFolder();
   if (chown(folder().c_str(), 1, 1) != 0) {
     GTEST_SKIP() << "only root can give a folder away";
   }
-  expectIndependent(folder(), "not a folder of this user alone");
+  expectIndependent(folder(), notOurs);
 }
 
 TEST_F(UnusableFolderTest, PathTooLong) {
@@ -426,8 +408,7 @@ TEST_F(UnusableFolderTest, PathTooLong) {
 }
 
 TEST_F(UnusableFolderTest, LockThatCannotBeOpened) {
-  fs::create_directories(folder() / "lock");
-  fs::permissions(folder(), fs::perms::owner_all);
+  makeFolder("lock");
   expectIndependent(folder(), "Is a directory");
   fs::remove(folder() / "lock");
   fs::create_symlink(m_parent.path() / "elsewhere", folder() / "lock");
@@ -436,15 +417,13 @@ TEST_F(UnusableFolderTest, LockThatCannotBeOpened) {
 }
 
 TEST_F(UnusableFolderTest, SocketThatCannotBeMade) {
-  fs::create_directories(folder() / "socket");
-  fs::permissions(folder(), fs::perms::owner_all);
+  makeFolder("socket");
   expectIndependent(folder(), "Address already in use");
   // The lock is released, so a later copy does not wait for this one.
   SingleInstance alone = makeCopy();
   EXPECT_FALSE(alone.elect(Request::showPanel, 0ms));
   fs::remove(folder() / "socket");
-  SingleInstance later = makeCopy();
-  EXPECT_EQ(later.elect(Request::showPanel, 0ms), Outcome::elected);
+  makeFirst();
 }
 
 }  // namespace

@@ -44,21 +44,14 @@ TEST_F(MprisPositionTest, AdvancesBetweenPublicationsWhilePlaying) {
   EXPECT_EQ(now(), 500ms);
 }
 
-TEST_F(MprisPositionTest, StandsStillWhilePaused) {
+TEST_F(MprisPositionTest, StandsStillWhilePausedAndGoesOnFromThere) {
   publish(0ms);
   playFor(10s, 0ms);
-  EXPECT_FALSE(publish(10s, false));
-  m_now += 300s;
-  EXPECT_EQ(now(), 10s);
-  EXPECT_FALSE(publish(10s, false));
-  EXPECT_EQ(now(), 10s);
-}
-
-TEST_F(MprisPositionTest, ResumesWhereItStood) {
-  publish(0ms);
-  playFor(10s, 0ms);
-  publish(10s, false);
-  m_now += 300s;
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_FALSE(publish(10s, false));
+    m_now += 300s;
+    EXPECT_EQ(now(), 10s);
+  }
   EXPECT_FALSE(publish(10s, true));
   m_now += 250ms;
   EXPECT_EQ(now(), 10s + 250ms);
@@ -85,39 +78,28 @@ TEST_F(MprisPositionTest, WaitsForAPublicationThatIsLate) {
   EXPECT_EQ(now(), 6s);
 }
 
-TEST_F(MprisPositionTest, NeverBeyondTheLength) {
+TEST_F(MprisPositionTest, NeverBeyondTheLengthIfThatIsKnown) {
   publish(59s + 900ms);
   m_now += 500ms;
   EXPECT_EQ(now(), 60s);
   m_position.publish({.elapsed = 70s, .length = 60s, .playing = true}, m_now);
   EXPECT_EQ(now(), 60s);
-}
-
-TEST_F(MprisPositionTest, UnknownLengthSetsNoLimit) {
   m_position.publish({.elapsed = 70s, .length = std::nullopt, .playing = true}, m_now);
   m_now += 500ms;
   EXPECT_EQ(now(), 70s + 500ms);
 }
 
-TEST_F(MprisPositionTest, ClientsAreNotToldWhileATrackJustPlays) {
+TEST_F(MprisPositionTest, ClientsAreToldOnlyWhenATrackStarts) {
   publish(0ms);
   EXPECT_FALSE(playFor(59s, 0ms));
-}
-
-TEST_F(MprisPositionTest, ClientsAreToldWhenTheNextTrackStarts) {
-  publish(0ms);
-  playFor(30s, 0ms);
-  m_now += 100ms;
-  EXPECT_TRUE(publish(0ms, true, true));
-  EXPECT_EQ(now(), 0s);
-  EXPECT_FALSE(playFor(10s, 0ms));
-}
-
-TEST_F(MprisPositionTest, ClientsAreToldWhenATrackStartsAgain) {
-  publish(0ms);
-  playFor(30s, 0ms);
-  EXPECT_TRUE(publish(0ms));
-  EXPECT_EQ(now(), 0s);
+  // The next track, and the same one again.
+  for (const bool newTrack : {true, false}) {
+    m_now += 100ms;
+    EXPECT_GT(now(), 10s);
+    EXPECT_TRUE(publish(0ms, true, newTrack));
+    EXPECT_EQ(now(), 0s);
+    EXPECT_FALSE(playFor(30s, 0ms));
+  }
 }
 
 TEST_F(MprisPositionTest, ATrackLeftAtOnceIsNoJump) {

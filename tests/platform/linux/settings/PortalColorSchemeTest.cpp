@@ -4,12 +4,14 @@
 #include "platform/linux/bus/MockService.h"
 
 #include <QDBusVariant>
+#include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QSignalSpy>
 
+#include <functional>
 #include <memory>
-#include <optional>
+#include <utility>
 
 namespace mireval {
 namespace {
@@ -41,25 +43,21 @@ class PortalColorSchemeTest : public BusFixture {
     return std::make_unique<MockService>(m_bus.address(), portalName, objectPath);
   }
 
-  static auto answering(const QVariant& value) {
-    return [value](const QDBusMessage& call) { return call.createReply(value); };
-  }
+  static auto preferring(uint preference) { return answering(variant(variant(preference))); }
 
-  static auto answering(uint preference) { return answering(variant(variant(preference))); }
-
-  /// A portal with that answer on a running bus, and a scheme that listens to it.
-  void startWith(uint preference) {
+  /// A scheme that listens to a portal on a running bus, which answers that way, or is silent.
+  void startWith(std::function<QDBusMessage(const QDBusMessage& call)> answer) {
     m_bus.start();
     m_portal = makePortal();
-    m_portal->answer = answering(preference);
+    m_portal->answer = std::move(answer);
     m_portal->appear();
     start();
-    waitForListening();
+    ASSERT_TRUE(waitFor([this] { return m_portal->isListenedTo() && !m_portal->calls().empty(); }));
   }
 
   /// The same; its answer has come, and changes count from now on.
   void settleWith(uint preference) {
-    startWith(preference);
+    startWith(preferring(preference));
     tell(dark);
     ASSERT_TRUE(becomes(true));
     tell(preference);
@@ -70,10 +68,6 @@ class PortalColorSchemeTest : public BusFixture {
   void start() {
     m_scheme = std::make_unique<PortalColorScheme>(m_connection);
     m_changes = std::make_unique<QSignalSpy>(m_scheme.get(), &ColorScheme::darkChanged);
-  }
-
-  void waitForListening() {
-    ASSERT_TRUE(waitFor([this] { return m_portal->isListenedTo() && !m_portal->calls().empty(); }));
   }
 
   bool becomes(bool isDark) {
@@ -93,7 +87,7 @@ class PortalColorSchemeTest : public BusFixture {
 };
 
 TEST_F(PortalColorSchemeTest, TheAnswerDecides) {
-  startWith(dark);
+  startWith(preferring(dark));
   EXPECT_TRUE(becomes(true));
   EXPECT_EQ(m_changes->size(), 1);
   EXPECT_EQ(m_portal->calls(), QStringList{question});
@@ -101,28 +95,24 @@ TEST_F(PortalColorSchemeTest, TheAnswerDecides) {
 
 TEST_F(PortalColorSchemeTest, APreferenceForLightBeatsADarkPalette) {
   setPaletteDark(true);
-  startWith(light);
+  startWith(preferring(light));
   EXPECT_TRUE(becomes(false));
   EXPECT_EQ(m_changes->size(), 1);
 }
 
 TEST_F(PortalColorSchemeTest, UntilTheAnswerThePaletteDecides) {
-  m_bus.start();
-  m_portal = makePortal();
-  m_portal->appear();
-  start();
-  waitForListening();
+  startWith({});
   EXPECT_FALSE(m_scheme->isDark());
   setPaletteDark(true);
   EXPECT_TRUE(m_scheme->isDark());
-  m_portal->answer = answering(light);
+  m_portal->answer = preferring(light);
   m_portal->answerUnanswered();
   EXPECT_TRUE(becomes(false));
   EXPECT_EQ(m_changes->size(), 2);
 }
 
 TEST_F(PortalColorSchemeTest, ChangesAreFollowed) {
-  startWith(light);
+  startWith(preferring(light));
   for (const uint preference : {dark, light, dark}) {
     tell(preference);
     EXPECT_TRUE(becomes(preference == dark));
@@ -132,7 +122,7 @@ TEST_F(PortalColorSchemeTest, ChangesAreFollowed) {
 }
 
 TEST_F(PortalColorSchemeTest, OnlyAChangeOfTheResultIsTold) {
-  startWith(noPreference);
+  startWith(preferring(noPreference));
   tell(light);
   tell(noPreference);
   tell(light);
@@ -162,7 +152,7 @@ TEST_F(PortalColorSchemeTest, ThePaletteCountsOnlyWithoutAPreference) {
 }
 
 TEST_F(PortalColorSchemeTest, OneVariantOrTwoAreUnderstood) {
-  startWith(light);
+  startWith(preferring(light));
   tell(variant(variant(dark)));
   EXPECT_TRUE(becomes(true));
   m_portal->disappear();
@@ -174,7 +164,7 @@ TEST_F(PortalColorSchemeTest, OneVariantOrTwoAreUnderstood) {
 
 TEST_F(PortalColorSchemeTest, NonsenseIsNoPreference) {
   setPaletteDark(true);
-  startWith(light);
+  startWith(preferring(light));
   ASSERT_TRUE(becomes(false));
   for (const QVariant& nonsense : {variant(3U), variant(UINT_MAX), variant(u"1"_s), variant(1), variant(true),
                                    variant(QStringList{u"1"_s}), variant(QVariantMap{{u"a"_s, light}}),
@@ -199,12 +189,8 @@ TEST_F(PortalColorSchemeTest, NonsenseIsNoPreference) {
 }
 
 TEST_F(PortalColorSchemeTest, AnErrorIsNoPreference) {
-  m_bus.start();
-  m_portal = makePortal();
-  m_portal->appear();
   setPaletteDark(true);
-  start();
-  waitForListening();
+  startWith({});
   tell(light);
   ASSERT_TRUE(becomes(false));
   m_portal->answer = [](const QDBusMessage& call) {
@@ -235,7 +221,7 @@ TEST_F(PortalColorSchemeTest, APortalThatComesLaterIsAsked) {
   m_bus.start();
   start();
   m_portal = makePortal();
-  m_portal->answer = answering(dark);
+  m_portal->answer = preferring(dark);
   ASSERT_TRUE(waitFor([this] { return m_portal->isListenedTo(); }));
   EXPECT_FALSE(m_scheme->isDark());
   m_portal->appear();
@@ -244,34 +230,36 @@ TEST_F(PortalColorSchemeTest, APortalThatComesLaterIsAsked) {
 }
 
 TEST_F(PortalColorSchemeTest, WhenThePortalGoesThePaletteDecides) {
-  startWith(dark);
+  startWith(preferring(dark));
   ASSERT_TRUE(becomes(true));
   m_portal->disappear();
   EXPECT_TRUE(becomes(false));
   setPaletteDark(true);
   EXPECT_TRUE(m_scheme->isDark());
-  m_portal->answer = answering(light);
+  m_portal->answer = preferring(light);
   m_portal->appear();
   EXPECT_TRUE(becomes(false));
   EXPECT_EQ(m_portal->calls(), (QStringList{question, question}));
 }
 
 TEST_F(PortalColorSchemeTest, TheAnswerOfAPortalThatHasGoneIsDropped) {
-  m_bus.start();
-  m_portal = makePortal();
-  m_portal->appear();
-  start();
-  waitForListening();
+  startWith({});
   m_portal->disappear();
   // Still on the bus, it answers all the same.
-  m_portal->answer = answering(dark);
+  m_portal->answer = preferring(dark);
   m_portal->answerUnanswered();
-  m_portal->answer = answering(light);
+  m_portal->answer = preferring(light);
   m_portal->appear();
   ASSERT_TRUE(waitFor([this] { return m_portal->calls().size() == 2; }));
   tell(dark);
   ASSERT_TRUE(becomes(true));
   EXPECT_EQ(m_changes->size(), 1);
+}
+
+TEST_F(PortalColorSchemeTest, APortalThatDoesNotRunYetIsStarted) {
+  const QString started = startBusThatStarts(portalName);
+  start();
+  EXPECT_TRUE(waitFor([&started] { return QFile::exists(started); }));
 }
 
 TEST_F(PortalColorSchemeTest, WithoutABusThePaletteDecides) {
@@ -282,13 +270,13 @@ TEST_F(PortalColorSchemeTest, WithoutABusThePaletteDecides) {
 }
 
 TEST_F(PortalColorSchemeTest, AsksOnTheBusThatComesBack) {
-  startWith(dark);
+  startWith(preferring(dark));
   ASSERT_TRUE(becomes(true));
   m_bus.kill();
   ASSERT_TRUE(becomes(false));
   m_bus.start();
   m_portal = makePortal();
-  m_portal->answer = answering(dark);
+  m_portal->answer = preferring(dark);
   m_portal->appear();
   EXPECT_TRUE(becomes(true));
 }

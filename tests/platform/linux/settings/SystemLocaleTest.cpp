@@ -3,8 +3,8 @@
 #include "platform/linux/bus/BusFixture.h"
 #include "platform/linux/bus/MockService.h"
 
-#include <QCoreApplication>
 #include <QDBusVariant>
+#include <QProcess>
 #include <QSignalSpy>
 
 #include <chrono>
@@ -20,31 +20,38 @@ using namespace std::chrono_literals;
 const QString serviceName = u"org.freedesktop.locale1"_s;
 const QString localePath = u"/org/freedesktop/locale1"_s;
 const QString localeInterface = u"org.freedesktop.locale1"_s;
-const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
+const QString standardProperties = u"org.freedesktop.DBus.Properties"_s;
 const QStringList available{u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s};
 
 class SystemLocaleTest : public BusFixture {
  protected:
-  SystemLocaleTest() : BusFixture(MessageBus::Kind::system) {
+  SystemLocaleTest() : BusFixture({}, MessageBus::Kind::system) {
     for (const char* const name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LC_NUMERIC"}) {
       qunsetenv(name);
     }
     qputenv("LANG", "de_DE.UTF-8");
   }
 
-  std::unique_ptr<MockService> makeService(const QString& name = serviceName,
-                                           const QString& path = localePath) {
-    return std::make_unique<MockService>(m_bus.address(), name, path);
+  std::unique_ptr<MockService> makeService(const QString& name = serviceName) {
+    return std::make_unique<MockService>(m_bus.address(), name, localePath);
+  }
+
+  void makeLocale() {
+    m_locale = std::make_unique<SystemLocale>();
+    m_changes = std::make_unique<QSignalSpy>(m_locale.get(), &LocaleChanges::currentLocaleDidChange);
   }
 
   /// A locale that listens on a running bus, and a service there.
   void listen() {
-    m_bus.start();
+    startBus();
     m_service = makeService();
     m_service->appear();
-    m_locale = std::make_unique<SystemLocale>();
-    m_changes = std::make_unique<QSignalSpy>(m_locale.get(), &LocaleChanges::currentLocaleDidChange);
+    makeLocale();
     ASSERT_TRUE(waitFor([this] { return m_service->isListenedTo(); }));
+  }
+
+  bool changes(qsizetype times = 1) {
+    return waitFor([this, times] { return m_changes->size() == times; });
   }
 
   static QVariantList change(const QVariantMap& changed, const QStringList& invalidated = {},
@@ -53,7 +60,7 @@ class SystemLocaleTest : public BusFixture {
   }
 
   void announce(const QVariantMap& changed, const QStringList& invalidated = {}) {
-    m_service->sendSignal(propertiesInterface, u"PropertiesChanged"_s, change(changed, invalidated));
+    m_service->sendSignal(standardProperties, u"PropertiesChanged"_s, change(changed, invalidated));
   }
 
   void announceLocale(const QStringList& assignments) { announce({{u"Locale"_s, assignments}}); }
@@ -72,8 +79,9 @@ class SystemLocaleTest : public BusFixture {
   std::unique_ptr<QSignalSpy> m_changes;
 };
 
-TEST_F(SystemLocaleTest, TheEnvironmentIsReadAfresh) {
+TEST_F(SystemLocaleTest, WithoutABusTheEnvironmentIsReadAfresh) {
   const SystemLocale locale;
+  QGuiApplication::processEvents();
   EXPECT_EQ(locale.preferredLanguages(), QStringList{u"de_DE"_s});
   EXPECT_EQ(locale.preferredLocalizations(available), QStringList());
   EXPECT_EQ(locale.currentLocaleIdentifier(), u"de_DE"_s);
@@ -92,13 +100,13 @@ TEST_F(SystemLocaleTest, AnAnnouncementReplacesTheEnvironmentAsAWhole) {
   QObject::connect(m_locale.get(), &LocaleChanges::currentLocaleDidChange, m_locale.get(),
                    [&] { seenDuringTheSignal = m_locale->preferredLanguages(); });
   announceLocale({u"LANG=ja_JP.UTF-8"_s, u"LC_MESSAGES=zh_TW.UTF-8"_s, u"LC_NUMERIC=en_GB.UTF-8"_s});
-  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  ASSERT_TRUE(changes());
   EXPECT_EQ(m_locale->preferredLanguages(), (QStringList{u"zh_TW"_s, u"ja_JP"_s}));
   EXPECT_EQ(m_locale->preferredLocalizations(available), (QStringList{u"zh-Hant"_s, u"ja"_s}));
   EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"en_GB"_s);
   EXPECT_EQ(seenDuringTheSignal, m_locale->preferredLanguages());
   announceLocale({u"LANG=de_DE.UTF-8"_s});
-  ASSERT_TRUE(waitFor([this] { return m_changes->size() == 2; }));
+  ASSERT_TRUE(changes(2));
   EXPECT_EQ(m_locale->preferredLanguages(), QStringList{u"de_DE"_s});
   EXPECT_EQ(m_service->calls(), QStringList());
 }
@@ -106,35 +114,28 @@ TEST_F(SystemLocaleTest, AnAnnouncementReplacesTheEnvironmentAsAWhole) {
 TEST_F(SystemLocaleTest, EmptyAndOddListsAreSurvived) {
   listen();
   announceLocale({});
-  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  ASSERT_TRUE(changes());
   EXPECT_EQ(m_locale->preferredLanguages(), QStringList());
   EXPECT_EQ(m_locale->preferredLocalizations(available), QStringList());
   EXPECT_EQ(m_locale->currentLocaleIdentifier(), QString());
   announceLocale({u""_s, u"="_s, u"LANG"_s, u"LANGUAGEX=fr"_s, u"=ja"_s, u"LANG=ja_JP=x"_s, u"LANG=en"_s,
                   QString(100'000, u'x')});
-  ASSERT_TRUE(waitFor([this] { return m_changes->size() == 2; }));
+  ASSERT_TRUE(changes(2));
   EXPECT_EQ(m_locale->preferredLanguages(), QStringList{u"ja_JP=x"_s});
 }
 
-TEST_F(SystemLocaleTest, OtherAnnouncementsAreIgnored) {
+TEST_F(SystemLocaleTest, OtherAnnouncementsAndWrongTypesAreIgnored) {
   listen();
+  const QVariantMap japanese{{u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}};
   announce({{u"VConsoleKeymap"_s, u"de"_s}, {u"locale"_s, QStringList{u"LANG=ja_JP"_s}}}, {u"X11Layout"_s});
   announce({});
-  m_service->sendSignal(propertiesInterface, u"PropertiesChanged"_s,
-                        change({{u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}}, {}, u"org.example"_s));
-  m_service->sendSignal(localeInterface, u"PropertiesChanged"_s,
-                        change({{u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}}));
-  EXPECT_TRUE(nothingHappenedBefore(u"de_DE"_s));
-  EXPECT_EQ(m_service->calls(), QStringList());
-}
-
-TEST_F(SystemLocaleTest, WrongTypesAreIgnored) {
-  listen();
+  m_service->sendSignal(standardProperties, u"PropertiesChanged"_s, change(japanese, {}, u"org.example"_s));
+  m_service->sendSignal(localeInterface, u"PropertiesChanged"_s, change(japanese));
   announce({{u"Locale"_s, u"LANG=ja_JP"_s}});
   announce({{u"Locale"_s, 7}, {u"X11Layout"_s, u"de"_s}});
   announce({{u"Locale"_s, QVariant::fromValue(QDBusVariant(QStringList{u"LANG=ja_JP"_s}))}});
-  m_service->sendSignal(propertiesInterface, u"PropertiesChanged"_s, {localeInterface});
-  m_service->sendSignal(propertiesInterface, u"PropertiesChanged"_s,
+  m_service->sendSignal(standardProperties, u"PropertiesChanged"_s, {localeInterface});
+  m_service->sendSignal(standardProperties, u"PropertiesChanged"_s,
                         {localeInterface, QStringList{u"Locale"_s}, QStringList{u"Locale"_s}});
   EXPECT_TRUE(nothingHappenedBefore(u"de_DE"_s));
   EXPECT_EQ(m_service->calls(), QStringList());
@@ -145,7 +146,7 @@ TEST_F(SystemLocaleTest, AmongOtherPropertiesItIsFound) {
   announce(
       {{u"Aaa"_s, QVariantMap{{u"x"_s, 1}}}, {u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}, {u"Zzz"_s, 1.5}},
       {u"X11Model"_s});
-  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  ASSERT_TRUE(changes());
   EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"ja_JP"_s);
 }
 
@@ -154,14 +155,9 @@ TEST_F(SystemLocaleTest, OnlyTheServiceIsBelieved) {
   const auto impostor = makeService(u"org.example"_s);
   impostor->appear();
   const QVariantList wrong = change({{u"Locale"_s, QStringList{u"LANG=ja_JP"_s}}});
-  impostor->sendSignal(propertiesInterface, u"PropertiesChanged"_s, wrong);
-  const QDBusMessage names =
-      QDBusConnection::connectToBus(m_bus.address(), u"names"_s)
-          .call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
-                                               u"org.freedesktop.DBus"_s, u"ListNames"_s));
-  QDBusConnection::disconnectFromBus(u"names"_s);
-  for (const QString& name : names.arguments().value(0).toStringList().filter(u":"_s)) {
-    impostor->sendSignalTo(name, propertiesInterface, u"PropertiesChanged"_s, wrong);
+  impostor->sendSignal(standardProperties, u"PropertiesChanged"_s, wrong);
+  for (const QString& name : m_client->names(u":"_s)) {
+    impostor->sendSignalTo(name, standardProperties, u"PropertiesChanged"_s, wrong);
   }
   // An answer of the bus comes after everything that was sent to it before.
   impostor->isListenedTo();
@@ -175,11 +171,9 @@ TEST_F(SystemLocaleTest, AnInvalidatedPropertyIsAskedFor) {
   EXPECT_EQ(m_service->calls(), QStringList{u"Get org.freedesktop.locale1 Locale"_s});
   EXPECT_EQ(m_changes->size(), 0);
   EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"de_DE"_s);
-  m_service->answer = [](const QDBusMessage& call) {
-    return call.createReply(QVariant::fromValue(QDBusVariant(QStringList{u"LANG=ja_JP.UTF-8"_s})));
-  };
+  m_service->answer = answering(QVariant::fromValue(QDBusVariant(QStringList{u"LANG=ja_JP.UTF-8"_s})));
   m_service->answerUnanswered();
-  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  ASSERT_TRUE(changes());
   EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"ja_JP"_s);
 }
 
@@ -189,12 +183,8 @@ TEST_F(SystemLocaleTest, AnswersWithoutAListAreIgnored) {
   const Answer refusal = [](const QDBusMessage& call) {
     return call.createErrorReply(QDBusError::AccessDenied, u"not you"_s);
   };
-  const Answer text = [](const QDBusMessage& call) {
-    return call.createReply(QVariant::fromValue(QDBusVariant(u"LANG=ja_JP"_s)));
-  };
-  const Answer bareList = [](const QDBusMessage& call) {
-    return call.createReply(QStringList{u"LANG=ja_JP"_s});
-  };
+  const Answer text = answering(QVariant::fromValue(QDBusVariant(u"LANG=ja_JP"_s)));
+  const Answer bareList = answering(QStringList{u"LANG=ja_JP"_s});
   qsizetype calls = 0;
   for (const Answer& answer : {refusal, text, bareList}) {
     m_service->answer = answer;
@@ -206,9 +196,8 @@ TEST_F(SystemLocaleTest, AnswersWithoutAListAreIgnored) {
 }
 
 TEST_F(SystemLocaleTest, AServiceThatComesLaterAndGoesIsHeard) {
-  m_bus.start();
-  m_locale = std::make_unique<SystemLocale>();
-  m_changes = std::make_unique<QSignalSpy>(m_locale.get(), &LocaleChanges::currentLocaleDidChange);
+  startBus();
+  makeLocale();
   m_service = makeService();
   ASSERT_TRUE(waitFor([this] { return m_service->isListenedTo(); }));
   for (const QString& territory : {u"AT"_s, u"CH"_s}) {
@@ -221,16 +210,36 @@ TEST_F(SystemLocaleTest, AServiceThatComesLaterAndGoesIsHeard) {
   EXPECT_EQ(m_changes->size(), 2);
 }
 
-TEST_F(SystemLocaleTest, WithoutABusTheEnvironmentCounts) {
-  const SystemLocale locale;
-  QCoreApplication::processEvents();
-  EXPECT_EQ(locale.currentLocaleIdentifier(), u"de_DE"_s);
+TEST_F(SystemLocaleTest, NothingIsAskedOfTheBusButToPassOnAnnouncements) {
+  m_bus.start();
+  QProcess monitor;
+  monitor.start(u"dbus-monitor"_s,
+                {u"--address"_s, m_bus.address(), u"--profile"_s, u"type='method_call'"_s});
+  QByteArray calls;
+  const auto heard = [&](const char* member) {
+    calls += monitor.readAllStandardOutput();
+    return calls.contains(member);
+  };
+  ASSERT_TRUE(waitFor([&] { return heard("NameLost"); }));
+  calls.clear();
+  makeLocale();
+  ASSERT_TRUE(waitFor([&] { return heard("AddMatch"); }));
+  waitFor([&] { return heard("nothing else"); }, 300ms);
+  QByteArrayList members;
+  for (const QByteArray& line : calls.split('\n')) {
+    if (line.startsWith("mc\t")) {
+      members.append(line.split('\t').value(7));
+    }
+  }
+  EXPECT_EQ(members, (QByteArrayList{"Hello", "AddMatch"}));
+  monitor.kill();
+  monitor.waitForFinished();
 }
 
 TEST_F(SystemLocaleTest, ListensToTheBusThatComesBack) {
   listen();
   announceLocale({u"LANG=ja_JP.UTF-8"_s});
-  ASSERT_TRUE(waitFor([this] { return !m_changes->empty(); }));
+  ASSERT_TRUE(changes());
   m_bus.kill();
   EXPECT_FALSE(waitFor([this] { return m_changes->size() > 1; }, 200ms));
   EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"ja_JP"_s);

@@ -1,37 +1,26 @@
 #include "platform/linux/tray/MockTrayHost.h"
 
-#include "platform/linux/bus/WaitFor.h"
+#include "platform/linux/tray/StatusNotifierItem.h"
 
-#include <QDBusArgument>
 #include <QDBusError>
 #include <QDBusVariant>
-#include <QUuid>
-
-#include <utility>
 
 namespace mireval {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString watcherName = u"org.kde.StatusNotifierWatcher"_s;
-const QString watcherPath = u"/StatusNotifierWatcher"_s;
-const QString itemPath = u"/StatusNotifierItem"_s;
-const QString itemInterface = u"org.kde.StatusNotifierItem"_s;
-const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
+const QString watcherName = QLatin1StringView(StatusNotifierItem::watcherName);
+const QString watcherPath = QLatin1StringView(StatusNotifierItem::watcherPath);
 
 }  // namespace
 
 MockTrayHost::MockTrayHost(const QString& address)
     : m_watcher(address, watcherName, watcherPath),
-      m_connectionName(QUuid::createUuid().toString()),
-      m_bus(QDBusConnection::connectToBus(address, m_connectionName)) {
+      m_item(address, {{},
+                       QLatin1StringView(StatusNotifierItem::objectPath),
+                       QLatin1StringView(StatusNotifierItem::itemInterface)}) {
   setManner(Manner::polite);
-  m_bus.connect({}, itemPath, itemInterface, {}, this, SLOT(recordSignal(QDBusMessage)));
-}
-
-MockTrayHost::~MockTrayHost() {
-  QDBusConnection::disconnectFromBus(m_connectionName);
 }
 
 void MockTrayHost::setManner(Manner manner) {
@@ -55,31 +44,10 @@ QStringList MockTrayHost::registrations() const {
   return calls().filter(start).replaceInStrings(start, QString());
 }
 
-QDBusMessage MockTrayHost::callItem(const QString& method, const QVariantList& arguments) const {
-  return call(itemPath, itemInterface, method, arguments);
-}
-
-QVariantMap MockTrayHost::itemProperties() const {
-  return qdbus_cast<QVariantMap>(
-      call(itemPath, propertiesInterface, u"GetAll"_s, {itemInterface}).arguments().value(0));
-}
-
-QDBusMessage MockTrayHost::itemProperty(const QString& name) const {
-  return call(itemPath, propertiesInterface, u"Get"_s, {itemInterface, name});
-}
-
-QDBusMessage MockTrayHost::call(const QString& path, const QString& interface, const QString& method,
-                                const QVariantList& arguments) const {
-  QDBusMessage message = QDBusMessage::createMethodCall(registrations().value(registrations().size() - 1),
-                                                        path, interface, method);
-  message.setArguments(arguments);
-  return waitForAnswer(m_bus.asyncCall(message));
-}
-
-QStringList MockTrayHost::takeSignals() {
-  // An answer comes after everything that was sent before it.
-  call(itemPath, u"org.freedesktop.DBus.Peer"_s, u"Ping"_s, {});
-  return std::exchange(m_signals, {});
+BusClient& MockTrayHost::item() {
+  const QStringList announced = registrations();
+  m_item.setService(announced.value(announced.size() - 1));
+  return m_item;
 }
 
 QDBusMessage MockTrayHost::answer(const QDBusMessage& call) const {
@@ -91,10 +59,6 @@ QDBusMessage MockTrayHost::answer(const QDBusMessage& call) const {
   }
   return call.member() == u"Get"_s ? call.createReply(QVariant::fromValue(QDBusVariant(m_hasHost)))
                                    : call.createReply();
-}
-
-void MockTrayHost::recordSignal(const QDBusMessage& message) {
-  m_signals.append(message.member());
 }
 
 }  // namespace mireval

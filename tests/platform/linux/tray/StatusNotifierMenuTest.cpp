@@ -13,10 +13,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString menuPath = u"/StatusNotifierMenu"_s;
-const QString menuInterface = u"com.canonical.dbusmenu"_s;
-const QString propertiesOfMenu = u"org.freedesktop.DBus.Properties"_s;
-
 struct MenuEvent {
   int id = 0;
   QString name;
@@ -68,22 +64,24 @@ QString readLayout(const QDBusArgument& argument) {
 
 class StatusNotifierMenuTest : public BusFixture {
  protected:
-  StatusNotifierMenuTest() {
+  StatusNotifierMenuTest()
+      : BusFixture({{},
+                    QLatin1StringView(StatusNotifierMenu::objectPath),
+                    QLatin1StringView(StatusNotifierMenu::interface)}) {
     QCoreApplication::setApplicationName(u"Mireval"_s);
     qDBusRegisterMetaType<MenuEvent>();
     qDBusRegisterMetaType<QList<MenuEvent>>();
     startBus();
     m_connection.attach(&m_menu, [this] { m_menu.appearOn(m_connection); });
-    m_name = QString::fromLatin1(m_connection.uniqueName());
+    m_client->setService(QString::fromLatin1(m_connection.uniqueName()));
   }
 
-  QDBusMessage call(const QString& method, const QVariantList& arguments,
-                    const QString& interface = menuInterface) const {
-    return BusFixture::call(m_name, menuPath, interface, method, arguments);
+  QDBusMessage call(const QString& method, const QVariantList& arguments) const {
+    return m_client->call(method, arguments);
   }
 
   bool isRefused(const QString& method, const QVariantList& arguments) const {
-    return call(method, arguments).errorName() == u"org.freedesktop.DBus.Error.InvalidArgs"_s;
+    return m_client->error(method, arguments) == u"org.freedesktop.DBus.Error.InvalidArgs"_s;
   }
 
   QString layout(int parent, int depth, const QStringList& names = {}) const {
@@ -121,7 +119,6 @@ class StatusNotifierMenuTest : public BusFixture {
   }
 
   StatusNotifierMenu m_menu;
-  QString m_name;
   QSignalSpy m_choices{&m_menu, &StatusNotifierMenu::chosen};
 };
 
@@ -144,16 +141,14 @@ TEST_F(StatusNotifierMenuTest, TellsThePropertiesThatAreAskedFor) {
 }
 
 TEST_F(StatusNotifierMenuTest, DescribesItself) {
-  const QVariantMap properties =
-      qdbus_cast<QVariantMap>(call(u"GetAll"_s, {menuInterface}, propertiesOfMenu).arguments().value(0));
-  EXPECT_EQ(properties, (QVariantMap{{u"IconThemePath"_s, QStringList()},
-                                     {u"Status"_s, u"normal"_s},
-                                     {u"TextDirection"_s, u"ltr"_s},
-                                     {u"Version"_s, 3U}}));
+  EXPECT_EQ(m_client->properties(), (QVariantMap{{u"IconThemePath"_s, QStringList()},
+                                                 {u"Status"_s, u"normal"_s},
+                                                 {u"TextDirection"_s, u"ltr"_s},
+                                                 {u"Version"_s, 3U}}));
 }
 
 TEST_F(StatusNotifierMenuTest, ItsEntryIsChosenByAClick) {
-  EXPECT_EQ(call(u"Event"_s, event(1, u"clicked"_s)).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_client->error(u"Event"_s, event(1, u"clicked"_s)), QString());
   EXPECT_EQ(m_choices.size(), 1);
   EXPECT_EQ(sendEvents({{1, u"hovered"_s}, {1, u"clicked"_s}, {0, u"closed"_s}}), QList<int>());
   EXPECT_EQ(m_choices.size(), 2);
@@ -161,9 +156,9 @@ TEST_F(StatusNotifierMenuTest, ItsEntryIsChosenByAClick) {
 
 TEST_F(StatusNotifierMenuTest, NothingElseIsAChoice) {
   for (const QString& name : {u"opened"_s, u"closed"_s, u"hovered"_s, u""_s, u"Clicked"_s}) {
-    EXPECT_EQ(call(u"Event"_s, event(1, name)).type(), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(m_client->error(u"Event"_s, event(1, name)), QString());
   }
-  EXPECT_EQ(call(u"Event"_s, event(0, u"clicked"_s)).type(), QDBusMessage::ReplyMessage);
+  EXPECT_EQ(m_client->error(u"Event"_s, event(0, u"clicked"_s)), QString());
   EXPECT_EQ(sendEvents({{1, u"hovered"_s}, {0, u"clicked"_s}}), QList<int>());
   EXPECT_EQ(sendEvents({}), QList<int>());
   EXPECT_EQ(m_choices.size(), 0);

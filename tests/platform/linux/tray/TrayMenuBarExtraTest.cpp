@@ -45,13 +45,16 @@ class TrayMenuBarExtraTest : public BusFixture {
   void makeHost() { m_host = std::make_unique<MockTrayHost>(m_bus.address()); }
 
   void startBusAndWatcher() {
-    m_bus.start();
+    startBus();
     makeHost();
   }
 
-  void startBusWithHost() {
+  /// An extra that a host shows.
+  void showOnHost() {
     startBusAndWatcher();
     m_host->appear();
+    show();
+    ASSERT_TRUE(becomesPlaced());
   }
 
   std::unique_ptr<EmbeddedIcon> embed(const std::filesystem::path& image) {
@@ -75,11 +78,15 @@ class TrayMenuBarExtraTest : public BusFixture {
   void showEmbedded() {
     startBusAndWatcher();
     show();
-    ASSERT_TRUE(waitFor([this] { return m_embedded != nullptr; }));
+    ASSERT_TRUE(isEmbedded());
   }
 
   bool becomesPlaced(bool placed = true) {
     return waitFor([this, placed] { return m_extra.isPlaced() == placed; });
+  }
+
+  bool isEmbedded() {
+    return waitFor([this] { return m_embedded != nullptr; });
   }
 
   /// Nothing is embedded for that long.
@@ -89,7 +96,7 @@ class TrayMenuBarExtraTest : public BusFixture {
 
   bool clickItem() {
     m_places.clear();
-    m_host->callItem(u"Activate"_s, somewhere);
+    m_host->item().call(u"Activate"_s, somewhere);
     return waitFor([this] { return !m_places.empty(); });
   }
 
@@ -109,16 +116,10 @@ class TrayMenuBarExtraTest : public BusFixture {
   FakeEmbeddedIcon& embedded() { return static_cast<FakeEmbeddedIcon&>(*m_embedded); }
 };
 
-TEST_F(TrayMenuBarExtraTest, BeforeItIsShownItIsNowhere) {
+TEST_F(TrayMenuBarExtraTest, AHostShowsTheItem) {
   EXPECT_FALSE(m_extra.isPlaced());
   m_extra.setToolTip(u"Drift"_s);
-}
-
-TEST_F(TrayMenuBarExtraTest, AHostShowsTheItem) {
-  startBusWithHost();
-  show();
-  EXPECT_FALSE(m_extra.isPlaced());
-  EXPECT_TRUE(becomesPlaced());
+  showOnHost();
   // Longer than it is waited for anything.
   EXPECT_TRUE(nothingIsEmbeddedFor(2500ms));
   EXPECT_EQ(m_embeddings, 0);
@@ -126,9 +127,7 @@ TEST_F(TrayMenuBarExtraTest, AHostShowsTheItem) {
 }
 
 TEST_F(TrayMenuBarExtraTest, ClicksOnTheItemSayWhere) {
-  startBusWithHost();
-  show();
-  ASSERT_TRUE(becomesPlaced());
+  showOnHost();
   ASSERT_TRUE(clickItem());
   EXPECT_EQ(m_places, std::vector<Place>{QRect(1155, 13, 1, 1)});
   m_pointer = QPoint(7, 790);
@@ -137,23 +136,18 @@ TEST_F(TrayMenuBarExtraTest, ClicksOnTheItemSayWhere) {
 }
 
 TEST_F(TrayMenuBarExtraTest, TheHostsAnswerComesBeforeThePanel) {
-  startBusWithHost();
-  show();
-  ASSERT_TRUE(becomesPlaced());
+  showOnHost();
   // Whatever the handler does, the message has been dealt with: it may even run an event loop.
   m_extra.setToolTip(u"Drift"_s);
   bool hostWasAnswered = false;
   MessageBus anotherBus(MessageBus::Kind::session);
   TrayMenuBarExtra another(
       anotherBus, {.pointer = [] { return std::nullopt; }, .embed = [](const auto&) { return nullptr; }});
-  another.show("icon.png", {.activated =
-                                [&](Place) {
-                                  hostWasAnswered =
-                                      m_host->itemProperty(u"Status"_s).type() == QDBusMessage::ReplyMessage;
-                                },
-                            .missing = [] {}});
+  another.show("icon.png",
+               {.activated = [&](Place) { hostWasAnswered = m_host->item().property(u"Status"_s).isValid(); },
+                .missing = [] {}});
   ASSERT_TRUE(waitFor([&another] { return another.isPlaced(); }));
-  m_host->callItem(u"Activate"_s, somewhere);
+  m_host->item().call(u"Activate"_s, somewhere);
   EXPECT_TRUE(waitFor([&hostWasAnswered] { return hostWasAnswered; }));
   EXPECT_TRUE(another.isPlaced());
 }
@@ -171,19 +165,20 @@ TEST_F(TrayMenuBarExtraTest, WithoutAHostTheIconIsEmbeddedAtOnce) {
 
 TEST_F(TrayMenuBarExtraTest, WithoutABusTheIconIsEmbeddedAtOnce) {
   show();
-  ASSERT_TRUE(waitFor([this] { return m_embedded != nullptr; }));
+  ASSERT_TRUE(isEmbedded());
   EXPECT_LT(m_sinceShown.elapsed(), 1500);
   embedded().place();
   EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, 2500ms));
 }
 
-TEST_F(TrayMenuBarExtraTest, TheEmbeddedIconSaysWhatPlays) {
+TEST_F(TrayMenuBarExtraTest, AnEmbeddedIconWithoutATraySaysWhatPlaysAndIsMissing) {
   showEmbedded();
   EXPECT_EQ(embedded().toolTip(), u"Mireval"_s);
   m_extra.setToolTip(u"<Drift>"_s);
   EXPECT_EQ(embedded().toolTip(), u"Mireval\n<Drift>"_s);
   m_extra.setToolTip({});
   EXPECT_EQ(embedded().toolTip(), u"Mireval"_s);
+  EXPECT_TRUE(waitFor([this] { return m_missing == 1; }));
 }
 
 TEST_F(TrayMenuBarExtraTest, ClicksOnTheEmbeddedIconSayWhere) {
@@ -203,14 +198,12 @@ TEST_F(TrayMenuBarExtraTest, AHostThatComesLaterTakesOver) {
   EXPECT_TRUE(waitFor([this] { return m_embedded == nullptr; }));
   EXPECT_TRUE(m_extra.isPlaced());
   m_extra.setToolTip(u"Drift"_s);
-  EXPECT_EQ(m_host->takeSignals(), QStringList{u"NewToolTip"_s});
+  EXPECT_EQ(m_host->item().takeSignals(), QStringList{u"NewToolTip"_s});
   EXPECT_EQ(m_embeddings, 1);
 }
 
 TEST_F(TrayMenuBarExtraTest, AHostThatCrashedIsGivenTimeToComeBack) {
-  startBusWithHost();
-  show();
-  ASSERT_TRUE(becomesPlaced());
+  showOnHost();
   for (int i = 0; i < 20; ++i) {
     m_host.reset();
     ASSERT_TRUE(becomesPlaced(false));
@@ -226,13 +219,11 @@ TEST_F(TrayMenuBarExtraTest, AHostThatCrashedIsGivenTimeToComeBack) {
 }
 
 TEST_F(TrayMenuBarExtraTest, AfterAHostThatDoesNotComeBackTheIconIsEmbedded) {
-  startBusWithHost();
-  show();
-  ASSERT_TRUE(becomesPlaced());
+  showOnHost();
   m_host->disappear();
   ASSERT_TRUE(becomesPlaced(false));
   EXPECT_TRUE(nothingIsEmbeddedFor(1500ms));
-  EXPECT_TRUE(waitFor([this] { return m_embedded != nullptr; }));
+  EXPECT_TRUE(isEmbedded());
   EXPECT_EQ(m_missing, 0);
   m_host->appear();
   EXPECT_TRUE(waitFor([this] { return m_embedded == nullptr; }));
@@ -264,11 +255,6 @@ TEST_F(TrayMenuBarExtraTest, WhenNothingShowsTheIconThatIsSaidOnce) {
   EXPECT_TRUE(becomesPlaced(false));
   EXPECT_FALSE(waitFor([this] { return m_missing > 1; }, 2500ms));
   m_extra.setToolTip(u"Drift"_s);
-}
-
-TEST_F(TrayMenuBarExtraTest, AnEmbeddedIconWithoutATrayIsMissing) {
-  showEmbedded();
-  EXPECT_TRUE(waitFor([this] { return m_missing == 1; }));
 }
 
 }  // namespace
