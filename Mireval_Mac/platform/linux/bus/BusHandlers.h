@@ -13,7 +13,7 @@
 /// Handlers and getters for sd-bus, which pass on to a member of the object that is their user data.
 namespace mireval {
 
-/// Calls the member function, with the message if it takes one.
+/// Calls the member function, with the message if it takes one; gives the value of a data member.
 template <typename Object, typename Member>
 decltype(auto) callMember(Member Object::*member, void* object, sd_bus_message* message) {
   if constexpr (std::is_invocable_v<Member Object::*, Object&, sd_bus_message*>) {
@@ -63,21 +63,16 @@ int appendValue(sd_bus_message* reply, const Value& value) {
   }
 }
 
-template <typename Object, typename Member>
-int appendMember(sd_bus_message* reply, Member Object::*member, void* object) {
-  if constexpr (std::is_invocable_v<Member Object::*, Object&, sd_bus_message*>) {
-    return std::invoke(member, *static_cast<Object*>(object), reply);
-  } else {
-    return appendValue(reply, std::invoke(member, *static_cast<Object*>(object)));
-  }
-}
-
-/// The getter of a property: a data member, a member function that returns the value, or one that appends the
-/// value to the message and returns the result of that.
+/// The getter of a property: a data member or a member function that returns the value, or a member function
+/// that appends the value to the message and returns the result of that, an int.
 template <auto member>
 int propertyGetter(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void* object,
                    sd_bus_error*) {
-  return appendMember(reply, member, object);
+  if constexpr (std::is_same_v<decltype(callMember(member, object, reply)), int>) {
+    return callMember(member, object, reply);
+  } else {
+    return appendValue(reply, callMember(member, object, reply));
+  }
 }
 
 /// The getter of a property that always has this value.

@@ -61,12 +61,7 @@ BusActivation::BusActivation(MessageBus& sessionBus, QByteArray applicationId, S
     : m_applicationId(std::move(applicationId)),
       m_objectPath(objectPathOf(m_applicationId)),
       m_isStarting(startedBy == StartedBy::bus),
-      m_bus(sessionBus) {
-  connect(&m_bus, &MessageBus::lost, this, [this] {
-    m_object.reset();
-    m_nameRequest.reset();
-  });
-}
+      m_bus(sessionBus) {}
 
 BusActivation::~BusActivation() {
   m_bus.releaseName(m_applicationId);

@@ -10,18 +10,18 @@
 
 namespace mireval {
 
-/// Lets the desktop start the application, and ask it for what a later copy may ask for, by its name on the
-/// session bus, as the Desktop Entry Specification describes it.
+/// Offers org.freedesktop.Application of the Desktop Entry Specification on the session bus: the desktop
+/// starts the application by its name and sends it the same requests as a later copy does.
 ///
-/// A name that somebody else has is taken as soon as its owner releases it.
+/// While another process has the name, this one waits until it is released.
 class BusActivation final : public QObject {
   Q_OBJECT
 
  public:
   enum class StartedBy : std::uint8_t {
     user,
-    /// The bus has started the application for a request and passes that on. The start itself has met a plain
-    /// request already.
+    /// The bus has started the application for a request, which it sends next. If that is a plain Activate,
+    /// the start itself was the answer.
     bus,
   };
 
@@ -30,7 +30,7 @@ class BusActivation final : public QObject {
   BusActivation(MessageBus& sessionBus, QByteArray applicationId, StartedBy startedBy);
   ~BusActivation() override;
 
-  /// Asks for the name; requests arrive from the time on at which it is ours. Called once.
+  /// Asks for the name; requests arrive once the application has it. Called once.
   void appear();
 
  Q_SIGNALS:
@@ -48,7 +48,7 @@ class BusActivation final : public QObject {
 
   const QByteArray m_applicationId;
   const QByteArray m_objectPath;
-  /// The bus has not yet passed on why it started the application.
+  /// The request for which the bus started the application has not come yet.
   bool m_isStarting;
   MessageBus& m_bus;
   MessageBus::Slot m_object;

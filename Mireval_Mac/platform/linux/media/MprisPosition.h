@@ -5,8 +5,8 @@
 
 namespace mireval {
 
-/// The position in a track between the moments at which it is published, and what a client believes that
-/// extrapolates it by itself. Times are given by the caller.
+/// Extrapolates the position in a track between publications, and knows which position a client shows that
+/// extrapolates it by itself. The caller gives the times.
 class MprisPosition {
  public:
   using Clock = std::chrono::steady_clock;
@@ -17,16 +17,16 @@ class MprisPosition {
     /// Nothing when the length is not known.
     std::optional<Microseconds> length;
     bool playing = false;
-    /// The track is another than at the publication before.
+    /// The track differs from the one of the last publication.
     bool newTrack = false;
   };
 
-  /// Takes over what is published at `now`. True when a client that extrapolates would now be wrong by more
-  /// than a second, and so has to be told.
+  /// Takes a publication. True if a client that extrapolates is wrong by more than a second now and has to be
+  /// told.
   bool publish(const Publication& publication, Clock::time_point now);
 
-  /// The position at `now`: from 0 up to the length, never backwards within a track but for a jump, and
-  /// standing still while paused. A second after the last publication it waits for the next.
+  /// The position at `now`: at most the length; it stands still while paused and moves back only at a jump or
+  /// a new track. A second after the last publication it waits for the next one.
   Microseconds at(Clock::time_point now);
 
  private:

@@ -7,8 +7,8 @@
 
 namespace mireval {
 
-/// The program that shows status notifier items: what it does differently from others. Everything here was
-/// seen at the named programs; one that is not named gets what is safe everywhere.
+/// What the program that shows status notifier items does differently from others. The named programs were
+/// observed; any other one gets what is safe everywhere.
 class TrayHost {
  public:
   /// `process` is the name of the process that owns the watcher's name on the bus, as the kernel keeps it
