@@ -5,7 +5,6 @@ from session import wait_for
 NAME = "org.freedesktop.locale1"
 PATH = "/org/freedesktop/locale1"
 MOCK = "org.freedesktop.DBus.Mock"
-PROPERTIES = "org.freedesktop.DBus.Properties"
 
 
 class LocaleService:

@@ -217,10 +217,6 @@ class Session:
         self._system_bus, _ = self._start_announcing("dbus-daemon", f"--config-file={configuration}", "--nofork",
                                                      "--print-address={}")
 
-    def stop_system_bus(self):
-        self._system_bus.kill()
-        self._system_bus.wait(10)
-
     def start_mock(self, *arguments):
         """Starts python3-dbusmock with these arguments."""
         return self.start([sys.executable, "-B", "-m", "dbusmock", *arguments])
