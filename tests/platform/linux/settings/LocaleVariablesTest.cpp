@@ -21,6 +21,10 @@ LocaleVariables make(const std::map<std::string, QByteArray>& values) {
   });
 }
 
+QStringList languages(const QByteArray& variable) {
+  return make({{"LANGUAGE", variable}}).preferredLanguages();
+}
+
 QStringList localizations(const QByteArray& languages) {
   return make({{"LANGUAGE", languages}}).preferredLocalizations(localizationsOfTheApplication);
 }
@@ -42,27 +46,15 @@ TEST(LocaleVariables, LanguagesInTheOrderOfTheVariables) {
             (QStringList{u"zh_TW"_s, u"en_GB"_s, u"ja_JP"_s, u"fr_FR"_s, u"de_DE"_s}));
 }
 
-TEST(LocaleVariables, EncodingAndModifierAreLeftOut) {
-  EXPECT_EQ(make({{"LANGUAGE", "sr_RS@latin:de.ISO-8859-15@euro:ca@x.y:ja_JP.UTF-8:zh-Hant-TW"}})
-                .preferredLanguages(),
+TEST(LocaleVariables, WhatNamesALanguage) {
+  // Without encodings and modifiers.
+  EXPECT_EQ(languages("sr_RS@latin:de.ISO-8859-15@euro:ca@x.y:ja_JP.UTF-8:zh-Hant-TW"),
             (QStringList{u"sr_RS"_s, u"de"_s, u"ca"_s, u"ja_JP"_s, u"zh-Hant-TW"_s}));
-}
-
-TEST(LocaleVariables, NoLanguageAndEmptyEntriesAreSkipped) {
-  EXPECT_EQ(make({{"LANGUAGE", ":C::POSIX:ja:.UTF-8:@latin:C.UTF-8:"},
-                  {"LC_ALL", "C.utf8"},
-                  {"LC_MESSAGES", "POSIX"},
-                  {"LANG", "C"}})
-                .preferredLanguages(),
-            QStringList{u"ja"_s});
-}
-
-TEST(LocaleVariables, OnlyTheExactNamesAreNoLanguage) {
-  EXPECT_EQ(make({{"LANGUAGE", "c:posix:CC:POSIX_x"}}).preferredLanguages(),
-            (QStringList{u"c"_s, u"posix"_s, u"CC"_s, u"POSIX_x"_s}));
-}
-
-TEST(LocaleVariables, DuplicatesAreKept) {
+  EXPECT_EQ(languages(":C::POSIX:ja:.UTF-8:@latin:C.UTF-8:"), QStringList{u"ja"_s});
+  EXPECT_EQ(languages("c:posix:CC:POSIX_x"), (QStringList{u"c"_s, u"posix"_s, u"CC"_s, u"POSIX_x"_s}));
+  EXPECT_EQ(make({{"LC_ALL", "C.utf8"}, {"LC_MESSAGES", "POSIX"}, {"LANG", "C"}}).preferredLanguages(),
+            QStringList());
+  // Each as often as it is named.
   EXPECT_EQ(make({{"LANGUAGE", "ja:en:ja"}, {"LC_ALL", "ja.UTF-8"}, {"LANG", "ja"}}).preferredLanguages(),
             (QStringList{u"ja"_s, u"en"_s, u"ja"_s, u"ja"_s, u"ja"_s}));
 }
@@ -74,9 +66,7 @@ TEST(LocaleVariables, TheLocaleIsTheFirstThatIsSet) {
   EXPECT_EQ(make({{"LC_NUMERIC", "de_DE@euro"}, {"LANG", "fr_FR"}}).currentLocaleIdentifier(), u"de_DE"_s);
   EXPECT_EQ(make({{"LANG", "fr_FR.UTF-8"}}).currentLocaleIdentifier(), u"fr_FR"_s);
   EXPECT_EQ(make({{"LC_MESSAGES", "ja_JP"}, {"LANGUAGE", "ja"}}).currentLocaleIdentifier(), QString());
-}
-
-TEST(LocaleVariables, TheLocaleWithoutLanguageIsEmptyAndFinal) {
+  // That may be no language.
   EXPECT_EQ(make({{"LC_ALL", "C.UTF-8"}, {"LANG", "ja_JP"}}).currentLocaleIdentifier(), QString());
   EXPECT_EQ(make({{"LC_NUMERIC", "POSIX"}, {"LANG", "ja_JP"}}).currentLocaleIdentifier(), QString());
 }
@@ -88,11 +78,8 @@ TEST(LocaleVariables, LocalizationsThatFitInTheUsersOrder) {
             QStringList{u"ja"_s});
 }
 
-TEST(LocaleVariables, EachLocalizationOnce) {
+TEST(LocaleVariables, EachLocalizationOnceAndNoneWhereNoneFits) {
   EXPECT_EQ(localizations("en_GB:ja:en_US:ja_JP"), (QStringList{u"en"_s, u"ja"_s}));
-}
-
-TEST(LocaleVariables, NoLocalizationWhereNoneFits) {
   EXPECT_EQ(localizations("fr_FR:de:xx:yue_HK:japanese:_:-:English"), QStringList());
 }
 
