@@ -9,6 +9,7 @@
 #include <QPalette>
 #include <QSignalSpy>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -17,6 +18,7 @@ namespace mireval {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 const QString portalName = u"org.freedesktop.portal.Desktop"_s;
 const QString objectPath = u"/org/freedesktop/portal/desktop"_s;
@@ -224,6 +226,7 @@ TEST_F(PortalColorSchemeTest, TheAnswerOfAPortalThatHasGoneIsDropped) {
   // Still on the bus, it answers all the same.
   m_portal->answer = preferring(dark);
   m_portal->answerUnanswered();
+  EXPECT_FALSE(waitFor([this] { return m_scheme->isDark(); }, 100ms));
   m_portal->answer = preferring(light);
   m_portal->appear();
   ASSERT_TRUE(waitFor([this] { return m_portal->calls().size() == 2; }));

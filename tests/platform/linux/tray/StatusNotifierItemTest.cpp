@@ -15,10 +15,12 @@
 
 #include <sys/prctl.h>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace mireval {
@@ -491,12 +493,15 @@ TEST_F(StatusNotifierItemTest, AFloodOfClicksLeavesTheEventLoopItsTurns) {
   for (int i = 0; i < clicks; ++i) {
     connection.send(click);
   }
-  int turns = 0;
+  std::size_t handled = 0;
+  std::size_t mostInATurn = 0;
   QTimer timer;
-  QObject::connect(&timer, &QTimer::timeout, &timer, [&turns] { ++turns; });
+  QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+    mostInATurn = std::max(mostInATurn, m_toldAt.size() - std::exchange(handled, m_toldAt.size()));
+  });
   timer.start(0ms);
   EXPECT_TRUE(waitFor([this] { return m_toldAt.size() == clicks; }));
-  EXPECT_GE(turns, clicks / 100);
+  EXPECT_LE(mostInATurn, 200U);
   QDBusConnection::disconnectFromBus(u"flood"_s);
 }
 
