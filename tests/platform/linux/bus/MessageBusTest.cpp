@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QSignalSpy>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -107,6 +108,25 @@ TEST_F(MessageBusTest, ListenersOfOneOwnerDoNotDisturbEachOther) {
   second.reset();
   other.appear();
   EXPECT_TRUE(waitFor([&] { return first.changes == 3; }));
+}
+
+TEST_F(MessageBusTest, ACallStartsAServiceOnlyIfItIsToldTo) {
+  const QString started = startBusThatStarts(u"org.example.Other"_s);
+  m_connection.attach(&m_service, [] {});
+  const auto callStarts = [this, &started](MessageBus::Start start) {
+    bool answered = false;
+    const MessageBus::Slot slot = m_connection.call(
+        {"org.example.Other", "/", "org.example", "Hello"}, {}, start,
+        [](sd_bus_message*, void* userdata, sd_bus_error*) {
+          *static_cast<bool*>(userdata) = true;
+          return 0;
+        },
+        &answered);
+    EXPECT_TRUE(waitFor([&answered] { return answered; }));
+    return QFile::exists(started);
+  };
+  EXPECT_FALSE(callStarts(MessageBus::Start::no));
+  EXPECT_TRUE(callStarts(MessageBus::Start::yes));
 }
 
 TEST_F(MessageBusTest, AServiceThatHasGoneIsNotIntroduced) {
