@@ -12,7 +12,7 @@ namespace mireval {
 bool waitFor(const std::function<bool()>& condition,
              std::chrono::milliseconds limit = std::chrono::seconds(10));
 
-/// Runs the event loop for half a second; how often something woke it.
+/// Lets the event loop come to rest and runs it for half a second; how often something woke it then.
 int wakeUps();
 
 /// Runs the event loop until the answer has come, and with it all that was sent to this process before; an
