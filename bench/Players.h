@@ -11,6 +11,7 @@
 #include "platform/qt/QtImageDecoder.h"
 #include "platform/qt/QtMainThread.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/qt/StandardError.h"
 #include "platform/qt/StandardOutput.h"
 #include "playback/AudioPlayerController.h"
 
@@ -44,7 +45,8 @@ class MirevalPlayer final : public Player {
 
  private:
   FolderResourceBundle m_bundle;
-  PulseAudioPlayerFactory m_factory;
+  StandardError m_notices;
+  PulseAudioPlayerFactory m_factory{m_notices};
   QtRunLoop m_runLoop;
   QtMainThread m_mainThread;
   NoRemoteCommandCenter m_commands;

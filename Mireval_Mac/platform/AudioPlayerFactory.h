@@ -23,8 +23,8 @@ class AudioPlayerFactory {
   virtual void warmUp() {}
 
   /// Opens the file and decodes its beginning; takes a few milliseconds and never waits for the sound
-  /// system. Fails with a description when the file is no readable audio file or when there is no sound
-  /// system.
+  /// system. Fails with a description when the file is no readable audio file. Without a sound system there
+  /// is a player all the same, which waits for one.
   virtual AudioPlayerResult create(const std::filesystem::path& file) = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace mireval {
 
-/// Where the application tells whoever started it what its windows cannot tell. Used on the UI thread.
+/// Where the application tells whoever started it what its windows cannot tell. Callable on any thread.
 class Notices {
  public:
   virtual ~Notices() = default;

@@ -166,14 +166,9 @@ void AudioPlayerController::updateProgress() {
     publish(m_durationText, formatTime(0), &AudioPlayerController::durationTextChanged);
     return;
   }
-  double duration = m_player->duration();
-  if (duration <= 0) {
-    duration = 0;
-  }
-  double position = m_player->currentTime();
-  if (position <= 0) {
-    position = 0;
-  }
+  // Negative values become 0; NaN stays.
+  const double duration = std::max(m_player->duration(), 0.0);
+  const double position = std::max(m_player->currentTime(), 0.0);
   // In this order a NaN duration compares false, and does not limit the position.
   const double elapsed = duration < position ? duration : position;
   publish(m_playbackProgress, duration > 0 ? elapsed / duration : 0.0,

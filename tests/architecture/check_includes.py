@@ -23,7 +23,7 @@ LINUX_DESKTOP = {
 ALLOWED = {
     "platform": {"platform"},
     "platform/qt": {"platform", "platform/qt"},
-    "platform/linux/audio": {"platform", "platform/qt", "platform/linux/audio"},
+    "platform/linux/audio": {"platform", "platform/qt", "platform/linux/audio", "platform/linux/posix"},
     "platform/linux/bus": {"platform/linux/bus"},
     "platform/linux/instance": {"platform/linux/bus", "platform/linux/instance", "platform/linux/posix"},
     "platform/linux/media": {"platform", "platform/linux/bus", "platform/linux/media"},

@@ -3,9 +3,10 @@
 import time
 
 from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
+from media import MediaPlayer
 from player import Player
 from session import wait_for
-from sound import is_silent
+from sound import is_silent, longest_silence
 
 
 class SoundtrackTest(DesktopTest):
@@ -129,14 +130,35 @@ class WithoutDisplayTest(DesktopTest):
 class WithoutSoundServerTest(DesktopTest):
     desktop = {"sound": False}
 
-    def test_the_failure_is_told_and_survived(self):
-        player = Player(self.session, PROGRAM, make_tones(self.session.folder / "resources", 2))
+    def test_the_music_waits_for_a_server(self):
+        player = Player(self.session, PROGRAM, make_tones(self.session.folder / "resources", 60))
+        controls = MediaPlayer(self.session)
         self.session.click(player.find_icon())
         player.press("Focus")
-        wait_for(lambda: "Audio playback failed: " in player.output, "the debug line", 45)
-        self.session.screenshot("failed")
+        player.wait_for_text("1 / 16")
+        player.wait_for_text("Pause")
         player.press("Next")
         player.wait_for_text("2 / 16")
-        self.assertTrue(player.is_running())
+        controls.wait_for_status("Playing")
+        self.session.screenshot("waiting")
+        self.session.start_sound_server()
+        first = self.hear_tone(self.listen())
+
+        # And once more in the middle of the music, with other buttons.
+        self.session.stop_sound_server()
+        player.press("Next")
+        player.wait_for_text("3 / 16")
+        player.press("Pause")
+        controls.wait_for_status("Paused")
+        self.session.start_sound_server()
+        recorder = self.listen()
+        self.assertEqual(longest_silence(recorder.next(2)), 2)
+        player.wait_for_text("3 / 16")
+        player.press("Play")
+        self.assertNotEqual(self.hear_tone(recorder), first)
+        controls.wait_for_status("Playing")
+        # Once for each outage.
+        self.assertEqual(player.errors, 2 * "mireval: no sound server answers; the music waits for one\n")
+        self.assertEqual(player.output, "")
         player.press("Quit")
         self.assertEqual(player.exit_status(), 0)

@@ -134,7 +134,7 @@ class Session:
             if screen:
                 self._start_screen()
             if sound:
-                self._start_sound_server()
+                self.start_sound_server()
             self.configure_panel(26, TRAY_AND_PLAYERS if players_in_panel else TRAY.format(icon=22))
             if tray:
                 self.start_tray()
@@ -254,10 +254,14 @@ class Session:
     def wait_for_tray(self):
         wait_for(self.has_tray, "the tray", 30)
 
-    def _start_sound_server(self):
-        self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+    def start_sound_server(self):
+        self._sound_server = self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
                     "-L", "module-null-sink sink_name=null norewinds=1", "-L", "module-native-protocol-unix"])
         wait_for(lambda: self.run("pactl", "info").returncode == 0, "the sound server")
+
+    def stop_sound_server(self):
+        self._sound_server.kill()
+        self._sound_server.wait(10)
 
     def screenshot(self, name):
         shot = self._capture()

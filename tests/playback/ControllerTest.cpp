@@ -36,7 +36,7 @@ TEST_F(ControllerTest, MakingItTouchesNoService) {
 TEST_F(ControllerTest, PropertiesForViews) {
   const QMetaObject& type = AudioPlayerController::staticMetaObject;
   std::vector<std::string> names;
-  for (int i = type.propertyOffset(); i < type.propertyCount(); ++i) {
+  for (int i = QObject::staticMetaObject.propertyCount(); i < type.propertyCount(); ++i) {
     const QMetaProperty property = type.property(i);
     names.emplace_back(property.name());
     EXPECT_EQ(property.notifySignal().name(), QByteArray(property.name()) + "Changed");

@@ -38,7 +38,7 @@ struct LinuxDesktop::Services {
 
   const QByteArray applicationId = QGuiApplication::desktopFileName().toUtf8();
   FolderResourceBundle resourceBundle = FolderResourceBundle::forApplication();
-  LazyAudioPlayerFactory audioPlayerFactory{LazyAudioPlayerFactory::moduleOfApplication()};
+  LazyAudioPlayerFactory audioPlayerFactory;
   QtRunLoop runLoop;
   MessageBus sessionBus{MessageBus::Kind::session};
   MprisMediaControls mediaControls{sessionBus,
@@ -62,7 +62,8 @@ struct LinuxDesktop::Services {
 };
 
 LinuxDesktop::Services::Services(const SingleInstance& instance, Start start, Notices& notices)
-    : laterCopies(instance),
+    : audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication(), notices),
+      laterCopies(instance),
       busActivation(sessionBus, applicationId,
                     start == Start::byBus ? BusActivation::StartedBy::bus : BusActivation::StartedBy::user),
       desktop{.audioPlayerFactory = audioPlayerFactory,

@@ -2,6 +2,6 @@
 
 #include "platform/linux/audio/PulseAudioPlayerFactory.h"
 
-mireval::AudioPlayerFactory* mirevalMakeAudioPlayerFactory() {
-  return new mireval::PulseAudioPlayerFactory;
+mireval::AudioPlayerFactory* mirevalMakeAudioPlayerFactory(mireval::Notices& notices) {
+  return new mireval::PulseAudioPlayerFactory(notices);
 }

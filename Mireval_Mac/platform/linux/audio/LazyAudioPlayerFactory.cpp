@@ -4,6 +4,10 @@
 #include "platform/qt/ApplicationFile.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
+
+#include <string>
+#include <utility>
 
 namespace mireval {
 namespace {
@@ -14,6 +18,11 @@ constexpr const char* moduleName = "libmireval-audio.so";
 
 }  // namespace
 
+LazyAudioPlayerFactory::LazyAudioPlayerFactory(fs::path module, Notices& notices)
+    : m_module(std::move(module)),
+      m_openModule(open(m_module.c_str(), O_RDONLY | O_CLOEXEC)),
+      m_notices(notices) {}
+
 fs::path LazyAudioPlayerFactory::moduleOfApplication() {
   return applicationFile(moduleName, fs::path("../lib/mireval/modules") / moduleName);
 }
@@ -22,8 +31,8 @@ void LazyAudioPlayerFactory::warmUp() {
   if (m_loading.valid() || m_loaded) {
     return;
   }
-  m_loading = std::async(std::launch::async, [module = m_module] {
-    Loaded loaded = load(module);
+  m_loading = std::async(std::launch::async, [this] {
+    Loaded loaded = load();
     if (loaded) {
       (*loaded)->warmUp();
     }
@@ -33,18 +42,20 @@ void LazyAudioPlayerFactory::warmUp() {
 
 AudioPlayerResult LazyAudioPlayerFactory::create(const fs::path& file) {
   if (!m_loaded) {
-    m_loaded = m_loading.valid() ? m_loading.get() : load(m_module);
+    m_loaded = m_loading.valid() ? m_loading.get() : load();
   }
   return m_loaded ? (*m_loaded)->create(file) : tl::make_unexpected(m_loaded.error());
 }
 
-LazyAudioPlayerFactory::Loaded LazyAudioPlayerFactory::load(const fs::path& module) {
-  void* const library = dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL);
+LazyAudioPlayerFactory::Loaded LazyAudioPlayerFactory::load() const {
+  const fs::path file =
+      m_openModule.isOpen() ? fs::path("/proc/self/fd") / std::to_string(m_openModule.get()) : m_module;
+  void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
   void* const entry = library != nullptr ? dlsym(library, audioModuleFunction) : nullptr;
   if (entry == nullptr) {
     return tl::make_unexpected(QString::fromLocal8Bit(dlerror()));
   }
-  return Loaded(tl::in_place, reinterpret_cast<decltype(&mirevalMakeAudioPlayerFactory)>(entry)());
+  return Loaded(tl::in_place, reinterpret_cast<decltype(&mirevalMakeAudioPlayerFactory)>(entry)(m_notices));
 }
 
 }  // namespace mireval

@@ -1,23 +1,27 @@
 #pragma once
 
 #include "platform/AudioPlayerFactory.h"
+#include "platform/linux/posix/FileDescriptor.h"
 
 #include <QString>
 
 #include <filesystem>
 #include <future>
 #include <memory>
-#include <utility>
 
 namespace mireval {
+
+class Notices;
 
 /// Loads the audio module when sound is wanted for the first time. The decoder's and the sound server's
 /// libraries take tens of milliseconds and megabytes, which a program that only shows its icon need not
 /// spend.
 class LazyAudioPlayerFactory final : public AudioPlayerFactory {
  public:
-  /// `module` is the shared object that makes the real factory. It is never unloaded.
-  explicit LazyAudioPlayerFactory(std::filesystem::path module) : m_module(std::move(module)) {}
+  /// `module` is the shared object that makes the real factory. It is opened now, so that a program that is
+  /// upgraded while it runs still loads its own module, and never unloaded. The notices must outlive the
+  /// factory and its players.
+  LazyAudioPlayerFactory(std::filesystem::path module, Notices& notices);
 
   /// The module of the running program: beside the executable (a build tree), else in
   /// `../lib/mireval/modules` (an installed tree). Needs the application object.
@@ -32,9 +36,11 @@ class LazyAudioPlayerFactory final : public AudioPlayerFactory {
  private:
   using Loaded = tl::expected<std::unique_ptr<AudioPlayerFactory>, QString>;
 
-  static Loaded load(const std::filesystem::path& module);
+  Loaded load() const;
 
   const std::filesystem::path m_module;
+  const FileDescriptor m_openModule;
+  Notices& m_notices;
   std::future<Loaded> m_loading;
   Loaded m_loaded = tl::make_unexpected(QString());
 };

@@ -123,6 +123,9 @@ void PulseAudioPlayer::serverReady() {
 void PulseAudioPlayer::serverLost() {
   // libpulse itself tells a stream.
   if (m_playing && !m_stream) {
+    if (m_playing->failedAttempts > 0) {
+      m_server->askForServer();
+    }
     m_playing->scheduleRetry();
   }
 }
@@ -179,6 +182,7 @@ void PulseAudioPlayer::retry() {
   if (m_server->connect()) {
     openStream(m_heard);
   } else {
+    m_server->askForServer();
     m_playing->scheduleRetry();
   }
 }

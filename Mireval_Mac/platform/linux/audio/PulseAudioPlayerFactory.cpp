@@ -9,26 +9,19 @@
 namespace mireval {
 
 void PulseAudioPlayerFactory::warmUp() {
-  connect();
-}
-
-tl::expected<void, QString> PulseAudioPlayerFactory::connect() {
   if (!m_server) {
-    m_server = std::make_shared<PulseServer>();
+    m_server = std::make_shared<PulseServer>(m_notices);
   }
   const PulseServer::Lock lock(*m_server);
-  return m_server->connect();
+  m_server->connect();
 }
 
 AudioPlayerResult PulseAudioPlayerFactory::create(const std::filesystem::path& file) {
   // Connecting goes on in the background while the file is opened.
-  const auto connected = connect();
+  warmUp();
   auto decoder = AudioDecoder::open(file);
   if (!decoder) {
     return tl::make_unexpected(decoder.error());
-  }
-  if (!connected) {
-    return tl::make_unexpected(connected.error());
   }
   return std::make_unique<PulseAudioPlayer>(m_server, file, *std::move(decoder));
 }

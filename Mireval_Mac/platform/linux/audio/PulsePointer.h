@@ -1,5 +1,7 @@
 #pragma once
 
+#include <pulse/context.h>
+#include <pulse/mainloop.h>
 #include <pulse/operation.h>
 #include <pulse/proplist.h>
 #include <pulse/stream.h>
@@ -9,10 +11,11 @@
 
 namespace mireval {
 
-/// Ends and releases objects of libpulse. All but the thread and the property list need its lock.
+/// Ends and releases objects of libpulse. Those of the server's thread need its lock.
 struct PulseDeleter {
   void operator()(pa_operation* operation) const { pa_operation_unref(operation); }
   void operator()(pa_proplist* properties) const { pa_proplist_free(properties); }
+  void operator()(pa_mainloop* mainloop) const { pa_mainloop_free(mainloop); }
   void operator()(pa_threaded_mainloop* mainloop) const {
     pa_threaded_mainloop_stop(mainloop);
     pa_threaded_mainloop_free(mainloop);

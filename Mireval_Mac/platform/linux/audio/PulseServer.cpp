@@ -1,14 +1,37 @@
 #include "platform/linux/audio/PulseServer.h"
 
-#include <pulse/error.h>
+#include "platform/Notices.h"
+
+#include <pulse/rtclock.h>
 #include <pulse/timeval.h>
 
 #include <sys/time.h>
 
 #include <algorithm>
+#include <thread>
 #include <utility>
 
 namespace mireval {
+namespace {
+
+/// Connects once, which starts a server if libpulse is configured for that, and leaves again.
+void startServer() {
+  constexpr pa_usec_t patience = 30 * PA_USEC_PER_SEC;
+  const PulsePointer<pa_mainloop> loop(pa_mainloop_new());
+  const PulsePointer<pa_context> context(pa_context_new(pa_mainloop_get_api(loop.get()), "Mireval"));
+  if (!context || pa_context_connect(context.get(), nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) {
+    return;
+  }
+  pa_context_rttime_new(
+      context.get(), pa_rtclock_now() + patience,
+      [](pa_mainloop_api* api, pa_time_event*, const timeval*, void*) { api->quit(api, 0); }, nullptr);
+  while (pa_context_get_state(context.get()) != PA_CONTEXT_READY &&
+         PA_CONTEXT_IS_GOOD(pa_context_get_state(context.get())) &&
+         pa_mainloop_iterate(loop.get(), 1, nullptr) >= 0) {
+  }
+}
+
+}  // namespace
 
 PulseServer::Lock::Lock(PulseServer& server) : m_server(server) {
   pa_threaded_mainloop_lock(m_server.m_mainloop.get());
@@ -50,7 +73,7 @@ void PulseServer::Timer::stop() {
   }
 }
 
-PulseServer::PulseServer() : m_mainloop(pa_threaded_mainloop_new()) {
+PulseServer::PulseServer(Notices& notices) : m_notices(notices), m_mainloop(pa_threaded_mainloop_new()) {
   pa_threaded_mainloop_set_name(m_mainloop.get(), "mireval-audio");
   pa_threaded_mainloop_start(m_mainloop.get());
 }
@@ -60,33 +83,38 @@ PulseServer::~PulseServer() {
   m_context.reset();
 }
 
-tl::expected<void, QString> PulseServer::connect() {
+bool PulseServer::connect() {
   if (m_context) {
-    return {};
+    return true;
   }
   const PulsePointer<pa_proplist> properties(pa_proplist_new());
   pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Mireval");
   pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, "mireval");
   m_context.reset(pa_context_new_with_proplist(pa_threaded_mainloop_get_api(m_mainloop.get()), nullptr,
                                                properties.get()));
-  if (!m_context) {
-    return tl::make_unexpected(QString::fromUtf8(pa_strerror(PA_ERR_INTERNAL)));
-  }
-  // Without a server this fails at once.
-  if (pa_context_connect(m_context.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
-    const QString error = QString::fromUtf8(pa_strerror(pa_context_errno(m_context.get())));
+  // Without a server this fails at once. libpulse would wait for one that it starts.
+  if (!m_context || pa_context_connect(m_context.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
     m_context.reset();
-    return tl::make_unexpected(error);
+    return false;
   }
   pa_context_set_state_callback(
       m_context.get(),
       [](pa_context*, void* self) { static_cast<PulseServer*>(self)->contextStateChanged(); }, this);
-  return {};
+  return true;
+}
+
+void PulseServer::askForServer() {
+  if (!std::exchange(m_hasAskedForServer, true)) {
+    m_notices.say("no sound server answers; the music waits for one");
+    // Detached: nobody knows how long a server takes to start, and the player may end before.
+    std::thread(startServer).detach();
+  }
 }
 
 void PulseServer::contextStateChanged() {
   switch (pa_context_get_state(m_context.get())) {
     case PA_CONTEXT_READY:
+      m_hasAskedForServer = false;
       for (Client* const client : m_clients) {
         client->serverReady();
       }

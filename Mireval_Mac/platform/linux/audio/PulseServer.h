@@ -2,15 +2,13 @@
 
 #include "platform/linux/audio/PulsePointer.h"
 
-#include <QString>
-
-#include <tl/expected.hpp>
-
 #include <chrono>
 #include <functional>
 #include <vector>
 
 namespace mireval {
+
+class Notices;
 
 /// The connection to the sound server, and the one thread on which libpulse works. All players share it.
 ///
@@ -62,15 +60,19 @@ class PulseServer {
     pa_time_event* m_event = nullptr;
   };
 
-  PulseServer();
+  explicit PulseServer(Notices& notices);
   PulseServer(const PulseServer&) = delete;
   PulseServer& operator=(const PulseServer&) = delete;
   /// Players and timers must be gone by now.
   ~PulseServer();
 
-  /// Begins to connect unless that is done or under way. Fails with a description when no server can be
-  /// reached. Success says only that a server may answer: a frozen one does not.
-  tl::expected<void, QString> connect();
+  /// Begins to connect unless that is done or under way. False when no server can be reached. True says only
+  /// that a server may answer: a frozen one does not.
+  bool connect();
+
+  /// Sound is wanted, and there is no server: says so, and lets libpulse start one where the user's
+  /// configuration tells it to. Does both once until a server is there.
+  void askForServer();
 
   /// The connection when it is ready, else nullptr.
   pa_context* readyContext() const;
@@ -81,10 +83,12 @@ class PulseServer {
  private:
   void contextStateChanged();
 
+  Notices& m_notices;
   const PulsePointer<pa_threaded_mainloop> m_mainloop;
   // Guarded by the lock.
   PulsePointer<pa_context> m_context;
   std::vector<Client*> m_clients;
+  bool m_hasAskedForServer = false;
 };
 
 }  // namespace mireval

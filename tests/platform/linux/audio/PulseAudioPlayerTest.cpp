@@ -2,6 +2,7 @@
 #include "MonitorRecorder.h"
 #include "SoundServer.h"
 
+#include "fakes/FakeNotices.h"
 #include "platform/linux/audio/PulseAudioPlayerFactory.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +12,10 @@
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace mireval::test {
 namespace {
@@ -91,7 +94,8 @@ class PulseAudioPlayerTest : public testing::TestWithParam<SoundServer::Kind> {
   AudioFiles files;
   SoundServer server{GetParam()};
   EndWatcher ends;
-  PulseAudioPlayerFactory factory;
+  FakeNotices notices;
+  PulseAudioPlayerFactory factory{notices};
 };
 
 /// Faults of a sink. On PulseAudio only: WirePlumber 0.4.13 crashes when a sink is destroyed under it, does
@@ -300,7 +304,7 @@ TEST_P(PulseAudioPlayerTest, GoesOnWhenTheServerIsRestarted) {
     EXPECT_TRUE(player->isPlaying());
     sleepFor(0.02);
   }
-  EXPECT_FALSE(factory.create(files.tone(440, 1)));
+  EXPECT_TRUE(factory.create(files.tone(440, 1)));
   server.start();
   const MonitorRecorder recorder(server);
   ASSERT_TRUE(waitUntil([&] { return recorder.recording().trimmed().seconds() > 1; }, 15s));
@@ -425,14 +429,36 @@ TEST_P(PulseAudioPlayerSinkTest, NoticesASinkThatStandsStillAndGoesOnWhenItMoves
   EXPECT_EQ(ends.calls(), 0);
 }
 
-TEST_P(PulseAudioPlayerTest, RefusesABadFileAndAnAbsentServerWithAReason) {
+TEST_P(PulseAudioPlayerTest, RefusesABadFileWithAReason) {
   EXPECT_EQ(factory.create(files.folder() / "none.m4a").error(), u"No such file or directory"_s);
-  const auto file = files.tone(440, 1);
+}
+
+TEST_P(PulseAudioPlayerTest, WaitsForAServerThatWasNeverThereAndSaysSoOnce) {
   server.kill();
-  ASSERT_TRUE(waitUntil([&] { return !factory.create(file); }, 2s));
-  EXPECT_EQ(factory.create(file).error(), u"Connection refused"_s);
+  PulseAudioPlayerFactory late(notices);
+  late.warmUp();
+  EXPECT_TRUE(notices.said().empty());
+  for (int press = 0; press < 3; ++press) {
+    const auto player = late.create(files.tone(880, 30)).value();
+    player->play();
+    EXPECT_TRUE(player->isPlaying());
+    sleepFor(0.3);
+    EXPECT_EQ(player->currentTime(), 0);
+  }
+  const auto player = late.create(files.tone(440, 30)).value();
+  player->prepareToPlay();
+  player->play();
+  player->pause();
+  EXPECT_FALSE(player->isPlaying());
+  player->play();
+  sleepFor(1);
+  EXPECT_EQ(notices.said(), std::vector<std::string>{"no sound server answers; the music waits for one"});
   server.start();
-  EXPECT_TRUE(factory.create(file));
+  const MonitorRecorder recorder(server);
+  ASSERT_TRUE(waitUntil([&] { return recorder.recording().trimmed().seconds() > 1; }, 15s));
+  EXPECT_NEAR(recorder.recording().trimmed().part(0.2, 0.6).shareOfTone(440), 1, 0.05);
+  EXPECT_LT(player->currentTime(), 10);
+  EXPECT_EQ(notices.said().size(), 1U);
 }
 
 TEST_P(PulseAudioPlayerTest, EndsEarlyWithATruncatedFile) {

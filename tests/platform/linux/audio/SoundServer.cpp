@@ -66,6 +66,10 @@ void SoundServer::startPipeWire() {
       {"dbus-daemon", "--session", "--nofork", "--address=" + environment().at("DBUS_SESSION_BUS_ADDRESS")});
   launch({"pipewire"});
   launch({"wireplumber"});
+  startPipeWirePulse();
+}
+
+void SoundServer::startPipeWirePulse() {
   launch({"pipewire-pulse"});
   waitForAnswer();
   control({"load-module", "module-null-sink", "sink_name=null", "format=float32le", "rate=44100"});
@@ -95,6 +99,18 @@ void SoundServer::waitFor(const std::function<bool()>& condition) {
 
 void SoundServer::kill() {
   m_processes.clear();
+}
+
+void SoundServer::interrupt() {
+  m_processes.pop_back();
+}
+
+void SoundServer::resume() {
+  if (m_kind == Kind::pulseAudio) {
+    start();
+  } else {
+    startPipeWirePulse();
+  }
 }
 
 void SoundServer::freeze() {

@@ -23,6 +23,9 @@ class SoundServer {
   void start();
   /// Ends the server without a chance to say goodbye.
   void kill();
+  /// Ends what clients connect to, and starts it again. Quicker than `kill` and `start` for PipeWire.
+  void interrupt();
+  void resume();
   /// Stops and continues every process of the server.
   void freeze();
   void thaw();
@@ -38,6 +41,7 @@ class SoundServer {
  private:
   void launch(const std::vector<std::string>& command);
   void startPipeWire();
+  void startPipeWirePulse();
   bool isLinked() const;
   void waitForAnswer() const;
   static void waitFor(const std::function<bool()>& condition);
