@@ -144,7 +144,7 @@ class OutageTest : public testing::TestWithParam<SoundServer::Kind> {
         m_controller->selectMood(Mood::tempo);
         break;
       case Press::sameMode:
-        m_controller->selectMood(Mood::focus);
+        m_controller->selectMood(m_controller->currentMood().value());
         break;
       case Press::pause:
         m_remote.pauseCommand().send();
