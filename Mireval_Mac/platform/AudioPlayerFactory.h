@@ -25,7 +25,9 @@ class AudioPlayerFactory {
   /// Opens the file and decodes its beginning; takes a few milliseconds and never waits for the sound
   /// system. Fails with a description when the file is no readable audio file. Without a sound system there
   /// is a player all the same, which waits for one.
-  virtual AudioPlayerResult create(const std::filesystem::path& file) = 0;
+  ///
+  /// The desktop's mixers may show the title beside the sound's volume.
+  virtual AudioPlayerResult create(const std::filesystem::path& file, const QString& title) = 0;
 };
 
 }  // namespace mireval

@@ -108,7 +108,7 @@ void AudioPlayerController::loadCurrentTrack() {
   }
   prepareInfrastructureIfNeeded();
 
-  AudioPlayerResult player = m_services.audioPlayerFactory.create(*file);
+  AudioPlayerResult player = m_services.audioPlayerFactory.create(*file, track.title);
   if (!player) {
     failLoad(u"Playback unavailable"_s, u"Audio playback failed: "_s + player.error());
     return;

@@ -20,6 +20,9 @@ class FakeAudioPlayer final : public AudioPlayer {
     /// The end of the track falls into the player's destruction.
     bool finishesWhileDestroyed = false;
 
+    /// What the player was made for, read by the test.
+    QString title;
+
     /// Set by the player, read by the test.
     AudioPlayerDelegate* delegate = nullptr;
     float volume = 1;

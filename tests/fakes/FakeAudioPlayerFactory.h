@@ -25,7 +25,7 @@ class FakeAudioPlayerFactory final : public AudioPlayerFactory {
   /// What the players made from now on answer as their duration.
   void setDuration(double seconds) { m_duration = seconds; }
 
-  AudioPlayerResult create(const std::filesystem::path& file) override;
+  AudioPlayerResult create(const std::filesystem::path& file, const QString& title) override;
 
   /// The states of all players made so far, oldest first.
   const std::vector<std::shared_ptr<FakeAudioPlayer::State>>& players() const { return m_players; }

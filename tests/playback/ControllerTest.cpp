@@ -69,6 +69,7 @@ TEST_F(ControllerTest, SelectMoodPlaysTheFirstTrack) {
   EXPECT_EQ(m_controller->statusDetail(), u"Playing"_s);
   EXPECT_EQ(m_controller->currentVisualIndex(), 0);
   EXPECT_TRUE(m_factory.newest().playing);
+  EXPECT_EQ(m_factory.newest().title, tracks.at(0).title);
 }
 
 TEST_F(ControllerTest, TracksAndEntriesMayDiffer) {

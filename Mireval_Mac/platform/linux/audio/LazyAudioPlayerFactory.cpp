@@ -40,11 +40,11 @@ void LazyAudioPlayerFactory::warmUp() {
   });
 }
 
-AudioPlayerResult LazyAudioPlayerFactory::create(const fs::path& file) {
+AudioPlayerResult LazyAudioPlayerFactory::create(const fs::path& file, const QString& title) {
   if (!m_loaded) {
     m_loaded = m_loading.valid() ? m_loading.get() : load();
   }
-  return m_loaded ? (*m_loaded)->create(file) : tl::make_unexpected(m_loaded.error());
+  return m_loaded ? (*m_loaded)->create(file, title) : tl::make_unexpected(m_loaded.error());
 }
 
 LazyAudioPlayerFactory::Loaded LazyAudioPlayerFactory::load() const {

@@ -31,7 +31,7 @@ class LazyAudioPlayerFactory final : public AudioPlayerFactory {
   void warmUp() override;
 
   /// Waits for the module if it is still being loaded. A module that cannot be loaded is an ordinary error.
-  AudioPlayerResult create(const std::filesystem::path& file) override;
+  AudioPlayerResult create(const std::filesystem::path& file, const QString& title) override;
 
  private:
   using Loaded = tl::expected<std::unique_ptr<AudioPlayerFactory>, QString>;

@@ -34,9 +34,10 @@ void PulseAudioPlayer::Playing::scheduleRetry() {
 }
 
 PulseAudioPlayer::PulseAudioPlayer(std::shared_ptr<PulseServer> server, std::filesystem::path file,
-                                   std::unique_ptr<AudioDecoder> decoder)
+                                   const QString& title, std::unique_ptr<AudioDecoder> decoder)
     : m_server(std::move(server)),
       m_file(std::move(file)),
+      m_title(title.toUtf8()),
       m_sampleRate(decoder->sampleRate()),
       m_durationSeconds(decoder->durationSeconds()),
       m_frames(std::make_unique<FrameHistory>(std::move(decoder), rememberedSeconds)) {
@@ -155,7 +156,7 @@ void PulseAudioPlayer::openStream(std::uint64_t from) {
     // `serverReady` or `serverLost` follows.
     return;
   }
-  m_stream = PulseStream::open(*m_server, *m_frames, from, m_gain, *this);
+  m_stream = PulseStream::open(*m_server, m_title.constData(), *m_frames, from, m_gain, *this);
   if (!m_playing) {
     return;
   }

@@ -5,6 +5,9 @@
 #include "platform/linux/audio/PulseServer.h"
 #include "platform/linux/audio/PulseStream.h"
 
+#include <QByteArray>
+#include <QString>
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -18,7 +21,7 @@ namespace mireval {
 class PulseAudioPlayer final : public AudioPlayer, private PulseServer::Client, private PulseStream::Client {
  public:
   /// `decoder` is at the start of `file`, which is opened again for a second play-through.
-  PulseAudioPlayer(std::shared_ptr<PulseServer> server, std::filesystem::path file,
+  PulseAudioPlayer(std::shared_ptr<PulseServer> server, std::filesystem::path file, const QString& title,
                    std::unique_ptr<AudioDecoder> decoder);
   PulseAudioPlayer(const PulseAudioPlayer&) = delete;
   PulseAudioPlayer& operator=(const PulseAudioPlayer&) = delete;
@@ -59,6 +62,7 @@ class PulseAudioPlayer final : public AudioPlayer, private PulseServer::Client, 
 
   const std::shared_ptr<PulseServer> m_server;
   const std::filesystem::path m_file;
+  const QByteArray m_title;
   const int m_sampleRate;
   const double m_durationSeconds;
 

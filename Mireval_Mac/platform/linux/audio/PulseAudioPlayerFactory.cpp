@@ -16,14 +16,14 @@ void PulseAudioPlayerFactory::warmUp() {
   m_server->connect();
 }
 
-AudioPlayerResult PulseAudioPlayerFactory::create(const std::filesystem::path& file) {
+AudioPlayerResult PulseAudioPlayerFactory::create(const std::filesystem::path& file, const QString& title) {
   // Connecting goes on in the background while the file is opened.
   warmUp();
   auto decoder = AudioDecoder::open(file);
   if (!decoder) {
     return tl::make_unexpected(decoder.error());
   }
-  return std::make_unique<PulseAudioPlayer>(m_server, file, *std::move(decoder));
+  return std::make_unique<PulseAudioPlayer>(m_server, file, title, *std::move(decoder));
 }
 
 }  // namespace mireval

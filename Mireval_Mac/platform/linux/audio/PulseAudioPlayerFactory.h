@@ -19,7 +19,7 @@ class PulseAudioPlayerFactory final : public AudioPlayerFactory {
   /// Begins to connect.
   void warmUp() override;
 
-  AudioPlayerResult create(const std::filesystem::path& file) override;
+  AudioPlayerResult create(const std::filesystem::path& file, const QString& title) override;
 
  private:
   Notices& m_notices;

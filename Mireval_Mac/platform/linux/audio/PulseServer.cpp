@@ -90,6 +90,9 @@ bool PulseServer::connect() {
   const PulsePointer<pa_proplist> properties(pa_proplist_new());
   pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Mireval");
   pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, "mireval");
+  pa_proplist_sets(properties.get(), PA_PROP_MEDIA_ROLE, "music");
+  // Our volume is our own: by its role alone, a stream would get that of other music.
+  pa_proplist_sets(properties.get(), "module-stream-restore.id", "sink-input-by-application-name:Mireval");
   m_context.reset(pa_context_new_with_proplist(pa_threaded_mainloop_get_api(m_mainloop.get()), nullptr,
                                                properties.get()));
   // Without a server this fails at once. libpulse would wait for one that it starts.

@@ -36,14 +36,14 @@ void call(pa_stream*, Details..., void* stream) {
 
 }  // namespace
 
-std::unique_ptr<PulseStream> PulseStream::open(PulseServer& server, FrameHistory& frames, std::uint64_t from,
-                                               float gain, Client& client) {
-  std::unique_ptr<PulseStream> stream(new PulseStream(server, frames, from, gain, client));
+std::unique_ptr<PulseStream> PulseStream::open(PulseServer& server, const char* title, FrameHistory& frames,
+                                               std::uint64_t from, float gain, Client& client) {
+  std::unique_ptr<PulseStream> stream(new PulseStream(server, title, frames, from, gain, client));
   return stream->m_stream ? std::move(stream) : nullptr;
 }
 
-PulseStream::PulseStream(PulseServer& server, FrameHistory& frames, std::uint64_t from, float gain,
-                         Client& client)
+PulseStream::PulseStream(PulseServer& server, const char* title, FrameHistory& frames, std::uint64_t from,
+                         float gain, Client& client)
     : m_frames(frames),
       m_client(client),
       m_sampleRate(frames.decoder().sampleRate()),
@@ -53,7 +53,7 @@ PulseStream::PulseStream(PulseServer& server, FrameHistory& frames, std::uint64_
       m_endTimer(server, [this] { requestTiming(); }) {
   const pa_sample_spec format{
       .format = sampleFormat, .rate = static_cast<std::uint32_t>(m_sampleRate), .channels = channels};
-  m_stream.reset(pa_stream_new(server.readyContext(), "Mireval", &format, nullptr));
+  m_stream.reset(pa_stream_new(server.readyContext(), title, &format, nullptr));
   if (!m_stream) {
     return;
   }

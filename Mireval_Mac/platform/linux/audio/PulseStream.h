@@ -32,11 +32,11 @@ class PulseStream {
     ~Client() = default;
   };
 
-  /// Begins to open a stream that is silent until `play`. The server must be ready; server, frames and client
-  /// must outlive the stream. Starts at `from` or, if that frame is forgotten, at the oldest in `frames`.
-  /// Returns nullptr when libpulse refuses.
-  static std::unique_ptr<PulseStream> open(PulseServer& server, FrameHistory& frames, std::uint64_t from,
-                                           float gain, Client& client);
+  /// Begins to open a stream that is silent until `play`. `title` is what mixers show. The server must be
+  /// ready; server, frames and client must outlive the stream. Starts at `from` or, if that frame is
+  /// forgotten, at the oldest in `frames`. Returns nullptr when libpulse refuses.
+  static std::unique_ptr<PulseStream> open(PulseServer& server, const char* title, FrameHistory& frames,
+                                           std::uint64_t from, float gain, Client& client);
 
   /// A server has stalled when its buffer must be empty and it has not asked for frames for this long.
   static constexpr std::chrono::seconds usualPatience{5};
@@ -65,7 +65,8 @@ class PulseStream {
  private:
   using Clock = std::chrono::steady_clock;
 
-  PulseStream(PulseServer& server, FrameHistory& frames, std::uint64_t from, float gain, Client& client);
+  PulseStream(PulseServer& server, const char* title, FrameHistory& frames, std::uint64_t from, float gain,
+              Client& client);
   void stateChanged();
   bool isReady() const { return pa_stream_get_state(m_stream.get()) == PA_STREAM_READY; }
   void updateCork();

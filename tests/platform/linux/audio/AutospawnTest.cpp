@@ -53,7 +53,7 @@ double play(const AudioFiles& files, const std::filesystem::path& file, Clock::d
   double position = 0;
   for (int press = 0; press < 3; ++press) {
     const auto begin = Clock::now();
-    const auto player = factory.create(file).value();
+    const auto player = factory.create(file, {}).value();
     player->play();
     if (Clock::now() - begin > promptly) {
       std::_Exit(1);

@@ -23,7 +23,7 @@ TEST(LazyAudioPlayerFactoryTest, LoadsTheModuleOnceHoweverOftenItIsWarmedUp) {
     for (int i = 0; i < warmUps; ++i) {
       factory.warmUp();
     }
-    EXPECT_EQ(factory.create("/nowhere.m4a").error(), u"No such file or directory"_s);
+    EXPECT_EQ(factory.create("/nowhere.m4a", {}).error(), u"No such file or directory"_s);
     factory.warmUp();
   }
 }
@@ -37,7 +37,7 @@ TEST(LazyAudioPlayerFactoryTest, LoadsTheModuleThatWasThereAtTheStart) {
   // As an upgrade does it: the file of the same name is another one afterwards.
   std::ofstream(module.string() + ".new") << "another build's module";
   std::filesystem::rename(module.string() + ".new", module);
-  EXPECT_EQ(factory.create("/nowhere.m4a").error(), u"No such file or directory"_s);
+  EXPECT_EQ(factory.create("/nowhere.m4a", {}).error(), u"No such file or directory"_s);
 }
 
 TEST(LazyAudioPlayerFactoryTest, MayEndWhileTheModuleIsBeingLoaded) {
@@ -53,7 +53,7 @@ TEST(LazyAudioPlayerFactoryTest, SaysWhyThereIsNoModule) {
   LazyAudioPlayerFactory noModule("libm.so.6", notices);
   for (auto& [factory, reason] : {std::pair(&missing, u"/nowhere/libmireval-audio.so"_s),
                                   {&noModule, u"mirevalMakeAudioPlayerFactory"_s}}) {
-    const AudioPlayerResult result = factory->create("/nowhere.m4a");
+    const AudioPlayerResult result = factory->create("/nowhere.m4a", {});
     ASSERT_FALSE(result);
     EXPECT_TRUE(result.error().contains(reason)) << result.error().toStdString();
   }

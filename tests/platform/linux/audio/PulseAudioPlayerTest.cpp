@@ -71,7 +71,7 @@ class PulseAudioPlayerTest : public testing::TestWithParam<SoundServer::Kind> {
   }
 
   std::unique_ptr<AudioPlayer> open(const std::filesystem::path& file, float volume = 1) {
-    std::unique_ptr<AudioPlayer> player = factory.create(file).value();
+    std::unique_ptr<AudioPlayer> player = factory.create(file, u"Title"_s).value();
     player->setDelegate(&ends);
     player->setVolume(volume);
     player->prepareToPlay();
@@ -275,6 +275,54 @@ TEST_P(PulseAudioPlayerTest, IsSilentOnceDestroyedAndCallsNobody) {
   EXPECT_TRUE(waitUntil([&] { return server.control({"list", "short", "sink-inputs"}).empty(); }, 3s));
 }
 
+TEST_P(PulseAudioPlayerTest, IsMusicWithATitleForMixers) {
+  const auto player = open(files.tone(440, 20));
+  player->play();
+  const auto lists = [&](const char* property) {
+    return server.control({"list", "sink-inputs"}).find(property) != std::string::npos;
+  };
+  EXPECT_TRUE(waitUntil([&] { return lists("media.name = \"Title\""); }, 5s));
+  EXPECT_TRUE(lists("media.role = \"music\"") || lists("media.role = \"Music\""));
+  EXPECT_TRUE(lists("application.name = \"Mireval\""));
+}
+
+// The server restores volumes by role where nothing else is set, and wants music to make way for a call.
+TEST_P(PulseAudioPlayerSinkTest, KeepsAVolumeOfItsOwnAndMakesWayForNobody) {
+  server.control({"load-module", "module-stream-restore"});
+  server.control({"load-module", "module-role-cork"});
+  const auto play = [&](const std::string& role) {
+    return ChildProcess({"sh", "-c", "exec pacat --raw --property=media.role=" + role + " /dev/zero"},
+                        server.environment());
+  };
+  auto player = open(files.tone(440, 30));
+  player->play();
+  EXPECT_TRUE(waitUntil([&] { return player->currentTime() > 0.2; }, 5s));
+  const ChildProcess other = play("music");
+  EXPECT_TRUE(waitUntil(
+      [&] {
+        return std::ranges::count(server.control({"list", "short", "sink-inputs"}), '\n') == 2;
+      },
+      5s));
+  const auto newest = [&] {
+    const std::string inputs = server.control({"list", "short", "sink-inputs"});
+    const std::string line = inputs.substr(inputs.rfind('\n', inputs.size() - 2) + 1);
+    return line.substr(0, line.find('\t'));
+  };
+  server.control({"set-sink-input-volume", newest(), "10%"});
+  player = open(files.tone(440, 30));
+  player->play();
+  EXPECT_TRUE(waitUntil([&] { return player->currentTime() > 0.2; }, 5s));
+  const MonitorRecorder recorder(server);
+  sleepFor(0.5);
+  EXPECT_NEAR(recorder.recording().trimmed().part(0.1, 0.3).levelDb(), -15.05, 0.5);
+
+  const ChildProcess call = play("phone");
+  const double before = player->currentTime();
+  sleepFor(1.5);
+  EXPECT_TRUE(player->isPlaying());
+  EXPECT_GT(player->currentTime(), before + 1);
+}
+
 TEST_P(PulseAudioPlayerTest, LeavesNothingBehindWhenManyArePlayedInARow) {
   const auto file = files.tone(440, 2);
   std::unique_ptr<AudioPlayer> player;
@@ -304,7 +352,7 @@ TEST_P(PulseAudioPlayerTest, GoesOnWhenTheServerIsRestarted) {
     EXPECT_TRUE(player->isPlaying());
     sleepFor(0.02);
   }
-  EXPECT_TRUE(factory.create(files.tone(440, 1)));
+  EXPECT_TRUE(factory.create(files.tone(440, 1), {}));
   server.start();
   const MonitorRecorder recorder(server);
   ASSERT_TRUE(waitUntil([&] { return recorder.recording().trimmed().seconds() > 1; }, 15s));
@@ -390,7 +438,7 @@ TEST_P(PulseAudioPlayerTest, NeverWaitsForAFrozenServerAndGoesOnAfterwards) {
       last = now;
     });
     expectPrompt([&] {
-      const auto other = factory.create(files.folder() / "tone-440-30-44100-2.m4a").value();
+      const auto other = factory.create(files.folder() / "tone-440-30-44100-2.m4a", {}).value();
       other->prepareToPlay();
       other->play();
     });
@@ -430,7 +478,7 @@ TEST_P(PulseAudioPlayerSinkTest, NoticesASinkThatStandsStillAndGoesOnWhenItMoves
 }
 
 TEST_P(PulseAudioPlayerTest, RefusesABadFileWithAReason) {
-  EXPECT_EQ(factory.create(files.folder() / "none.m4a").error(), u"No such file or directory"_s);
+  EXPECT_EQ(factory.create(files.folder() / "none.m4a", {}).error(), u"No such file or directory"_s);
 }
 
 TEST_P(PulseAudioPlayerTest, WaitsForAServerThatWasNeverThereAndSaysSoOnce) {
@@ -439,13 +487,13 @@ TEST_P(PulseAudioPlayerTest, WaitsForAServerThatWasNeverThereAndSaysSoOnce) {
   late.warmUp();
   EXPECT_TRUE(notices.said().empty());
   for (int press = 0; press < 3; ++press) {
-    const auto player = late.create(files.tone(880, 30)).value();
+    const auto player = late.create(files.tone(880, 30), {}).value();
     player->play();
     EXPECT_TRUE(player->isPlaying());
     sleepFor(0.3);
     EXPECT_EQ(player->currentTime(), 0);
   }
-  const auto player = late.create(files.tone(440, 30)).value();
+  const auto player = late.create(files.tone(440, 30), {}).value();
   player->prepareToPlay();
   player->play();
   player->pause();
