@@ -255,8 +255,9 @@ class Session:
         wait_for(self.has_tray, "the tray", 30)
 
     def start_sound_server(self):
-        self._sound_server = self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-                    "-L", "module-null-sink sink_name=null norewinds=1", "-L", "module-native-protocol-unix"])
+        self._sound_server = self.start([
+            "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+            "-L", "module-null-sink sink_name=null norewinds=1", "-L", "module-native-protocol-unix"])
         wait_for(lambda: self.run("pactl", "info").returncode == 0, "the sound server")
 
     def stop_sound_server(self):

@@ -17,9 +17,8 @@ namespace mireval::test {
 namespace {
 
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
 
-constexpr auto promptly = 400ms;
+constexpr auto withoutWaiting = 400ms;
 
 /// Makes this process one of a user whose libpulse runs a script when it finds no server. The script notes
 /// each time that it was run.
@@ -47,19 +46,20 @@ std::size_t starts(const AudioFiles& files) {
 }
 
 /// Plays for a while; returns the position then. Exits with 1 when a call waits.
-double play(const AudioFiles& files, const std::filesystem::path& file, Clock::duration time) {
+double play(const AudioFiles& files, const std::filesystem::path& file,
+            std::chrono::steady_clock::duration time) {
   FakeNotices notices;
   PulseAudioPlayerFactory factory(notices);
   double position = 0;
   for (int press = 0; press < 3; ++press) {
-    const auto begin = Clock::now();
+    const auto begin = std::chrono::steady_clock::now();
     const auto player = factory.create(file, {}).value();
     player->play();
-    if (Clock::now() - begin > promptly) {
+    if (std::chrono::steady_clock::now() - begin > withoutWaiting) {
       std::_Exit(1);
     }
-    const auto limit = Clock::now() + time / 3;
-    while (Clock::now() < limit && position < 0.3) {
+    const auto limit = std::chrono::steady_clock::now() + time / 3;
+    while (std::chrono::steady_clock::now() < limit && position < 0.3) {
       std::this_thread::sleep_for(10ms);
       position = player->currentTime();
     }
