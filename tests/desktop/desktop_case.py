@@ -5,6 +5,7 @@ folder for screenshots (see tests/CMakeLists.txt).
 import os
 import shutil
 import subprocess
+import time
 import unittest
 from pathlib import Path
 
@@ -81,7 +82,7 @@ class DesktopTest(unittest.TestCase):
 
     def windows(self):
         """The player's windows on the X server."""
-        return self.session.windows("--name", "^Mireval$")
+        return self.session.windows("--name", "Mireval$")
 
     def panel(self):
         """The rectangle of the player's only window; None while there is none."""
@@ -89,12 +90,20 @@ class DesktopTest(unittest.TestCase):
         self.assertLessEqual(len(windows), 1)
         return self.session.rectangle(windows[0]) if windows else None
 
+    def panel_at_rest(self):
+        """Waits for the panel, and for the window manager to have put it where it stays."""
+        def twice_the_same():
+            first = self.panel()
+            time.sleep(0.2)
+            return first if first == self.panel() else None
+        return wait_for(twice_the_same, "the panel", 5)
+
     def find_buttons(self, *names):
         """The places of buttons within a panel that opens as a window. A player without a bus cannot be asked for
         them, so another one is."""
         player = Player(self.session, PROGRAM, BUNDLE, name="other")
         places = [player.find_button(name).centre for name in names]
-        left, top, _, _ = self.panel()
+        left, top, _, _ = self.panel_at_rest()
         player.press("Quit")
         self.assertEqual(player.exit_status(), 0)
         return [(x - left, y - top) for x, y in places]

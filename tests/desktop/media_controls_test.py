@@ -347,7 +347,7 @@ class WithoutBusTest(MediaControlsCase):
         resources = make_covers(make_tones(self.session.folder / "resources", 60))
         player = Player(self.session, PROGRAM, resources, environment={
             "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.session.folder}/nowhere"})
-        corner = wait_for(self.panel, "the window")[:2]
+        corner = self.panel_at_rest()[:2]
         recorder = self.listen()
 
         def press(place):

@@ -8,8 +8,6 @@ from media import NAME, player_names
 from player import Player
 from session import wait_for
 
-# For opening, where Qt would wait for half a minute or for ever.
-HANG_LIMIT = 5
 NO_TRAY = "mireval: the desktop has no tray for the icon; the panel opens as a window\n"
 SILENT = "mireval: the session bus does not answer; screen readers cannot see the windows until the next start\n"
 
@@ -24,11 +22,8 @@ class SilentBusTest(DesktopTest):
     def start(self, **options):
         return Player(self.session, PROGRAM, self.resources, **options)
 
-    def wait_for_panel(self):
-        return wait_for(self.panel, "the panel", HANG_LIMIT)
-
     def press(self, place):
-        left, top, _, _ = self.wait_for_panel()
+        left, top, _, _ = self.panel_at_rest()
         self.session.click((left + place[0], top + place[1]))
 
     def test_silent_from_the_start(self):
@@ -37,7 +32,7 @@ class SilentBusTest(DesktopTest):
         # Qt's themes of these desktops ask the bus at the start.
         for desktop in "GNOME", "KDE", "":
             player = self.start(environment={"XDG_CURRENT_DESKTOP": desktop})
-            self.wait_for_panel()
+            self.panel_at_rest()
             self.assertEqual(player.errors, SILENT + NO_TRAY)
             if desktop:
                 player.process.terminate()
@@ -72,7 +67,7 @@ class SilentBusTest(DesktopTest):
         self.session.click(following)
         second = wait_for(lambda: {self.hear_tone(recorder)} - {first}, "the next track")
         self.run_copy("--settings")
-        wait_for(lambda: self.session.windows("--name", "^Settings"), "the settings", HANG_LIMIT)
+        wait_for(lambda: self.session.windows("--name", "^Settings"), "the settings", 5)
         self.assertEqual({self.hear_tone(recorder)}, second)
 
 
