@@ -59,6 +59,7 @@ class SilentBusTest(DesktopTest):
 
     def test_silent_with_an_open_panel(self):
         player = self.start()
+        self.panel_at_rest()
         player.press("Focus")
         following = player.find_button("Next").centre
         recorder = self.listen()
