@@ -10,11 +10,16 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// True for the locale without translations.
+bool isUntranslated(const QByteArray& locale) {
+  return locale == "C" || locale == "POSIX";
+}
+
 /// "ja_JP" of "ja_JP.UTF-8"; empty where it names no language.
 QString languageOf(const QByteArray& value) {
   const auto end = std::find_if(value.begin(), value.end(), [](char c) { return c == '.' || c == '@'; });
-  const QString name = QString::fromUtf8(value.left(end - value.begin()));
-  return name == "C"_L1 || name == "POSIX"_L1 ? QString() : name;
+  const QByteArray name = value.left(end - value.begin());
+  return isUntranslated(name) ? QString() : QString::fromUtf8(name);
 }
 
 QString localizationFor(const QString& language, const QStringList& available) {
@@ -38,17 +43,25 @@ QString localizationFor(const QString& language, const QStringList& available) {
 
 }  // namespace
 
-LocaleVariables::LocaleVariables(const Lookup& valueOf)
-    : m_language(valueOf("LANGUAGE")),
-      m_lcAll(valueOf("LC_ALL")),
-      m_lcMessages(valueOf("LC_MESSAGES")),
-      m_lcNumeric(valueOf("LC_NUMERIC")),
-      m_lang(valueOf("LANG")) {}
+LocaleVariables::LocaleVariables(const Lookup& valueOf) : m_language(valueOf("LANGUAGE")) {
+  for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    if (m_locale.isEmpty()) {
+      m_locale = valueOf(name);
+    }
+  }
+}
 
 QStringList LocaleVariables::preferredLanguages() const {
-  const QByteArrayList values = m_language.split(':') << m_lcAll << m_lcMessages << m_lang;
+  if (m_locale.isEmpty() || isUntranslated(m_locale)) {
+    return {};
+  }
+  const QByteArrayList values = m_language.split(':') << m_locale;
   QStringList languages;
   for (const QByteArray& value : values) {
+    if (isUntranslated(value)) {
+      languages.append(u"en"_s);
+      break;
+    }
     if (const QString language = languageOf(value); !language.isEmpty()) {
       languages.append(language);
     }
@@ -68,12 +81,7 @@ QStringList LocaleVariables::preferredLocalizations(const QStringList& available
 }
 
 QString LocaleVariables::currentLocaleIdentifier() const {
-  for (const QByteArray& value : {m_lcAll, m_lcNumeric, m_lang}) {
-    if (!value.isEmpty()) {
-      return languageOf(value);
-    }
-  }
-  return {};
+  return languageOf(m_locale);
 }
 
 }  // namespace mireval

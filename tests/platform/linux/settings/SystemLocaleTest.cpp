@@ -86,8 +86,8 @@ TEST_F(SystemLocaleTest, WithoutABusTheEnvironmentIsReadAfresh) {
   EXPECT_EQ(locale.preferredLocalizations(available), QStringList());
   EXPECT_EQ(locale.currentLocaleIdentifier(), u"de_DE"_s);
   qputenv("LANGUAGE", "ja:zh_TW");
-  qputenv("LC_NUMERIC", "fr_FR");
-  EXPECT_EQ(locale.preferredLanguages(), (QStringList{u"ja"_s, u"zh_TW"_s, u"de_DE"_s}));
+  qputenv("LC_MESSAGES", "fr_FR");
+  EXPECT_EQ(locale.preferredLanguages(), (QStringList{u"ja"_s, u"zh_TW"_s, u"fr_FR"_s}));
   EXPECT_EQ(locale.preferredLocalizations(available), (QStringList{u"ja"_s, u"zh-Hant"_s}));
   EXPECT_EQ(locale.currentLocaleIdentifier(), u"fr_FR"_s);
 }
@@ -101,9 +101,9 @@ TEST_F(SystemLocaleTest, AnAnnouncementReplacesTheEnvironmentAsAWhole) {
                    [&] { seenDuringTheSignal = m_locale->preferredLanguages(); });
   announceLocale({u"LANG=ja_JP.UTF-8"_s, u"LC_MESSAGES=zh_TW.UTF-8"_s, u"LC_NUMERIC=en_GB.UTF-8"_s});
   ASSERT_TRUE(changes());
-  EXPECT_EQ(m_locale->preferredLanguages(), (QStringList{u"zh_TW"_s, u"ja_JP"_s}));
-  EXPECT_EQ(m_locale->preferredLocalizations(available), (QStringList{u"zh-Hant"_s, u"ja"_s}));
-  EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"en_GB"_s);
+  EXPECT_EQ(m_locale->preferredLanguages(), QStringList{u"zh_TW"_s});
+  EXPECT_EQ(m_locale->preferredLocalizations(available), QStringList{u"zh-Hant"_s});
+  EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"zh_TW"_s);
   EXPECT_EQ(seenDuringTheSignal, m_locale->preferredLanguages());
   // Among other properties.
   announce({{u"Aaa"_s, QVariantMap{{u"x"_s, 1}}},
