@@ -31,11 +31,26 @@ std::optional<QByteArrayList> readTextsOfVariant(sd_bus_message* message) {
   return texts;
 }
 
+/// Empty where the variable is not among the assignments.
+QByteArray valueIn(const QByteArrayList& assignments, const char* name) {
+  const QByteArray start = QByteArray(name) + '=';
+  for (const QByteArray& assignment : assignments) {
+    if (assignment.startsWith(start)) {
+      return assignment.mid(start.size());
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 SystemLocale::SystemLocale() {
   m_bus.attach(this, [this] {
     m_rule = m_bus.listen(announcementRule, messageHandler<&SystemLocale::handleAnnouncement>, this);
+    if (!m_announced && (isUsers("LANGUAGE") || isUsers("LC_ALL"))) {
+      m_initialQuestion = m_bus.call(getProperty, {localeService, localeProperty}, MessageBus::Start::yes,
+                                     messageHandler<&SystemLocale::handleInitialLocale>, this);
+    }
   });
 }
 
@@ -61,7 +76,8 @@ void SystemLocale::handleAnnouncement(sd_bus_message* message) {
   if (announced) {
     setAnnounced(*std::move(announced));
   } else if (readTexts(message).contains(localeProperty)) {
-    ask();
+    m_question = m_bus.call(getProperty, {localeService, localeProperty}, MessageBus::Start::yes,
+                            messageHandler<&SystemLocale::handleAnswer>, this);
   }
 }
 
@@ -71,23 +87,26 @@ void SystemLocale::handleAnswer(sd_bus_message* reply) {
   }
 }
 
-void SystemLocale::ask() {
-  m_question = m_bus.call(getProperty, {localeService, localeProperty}, MessageBus::Start::yes,
-                          messageHandler<&SystemLocale::handleAnswer>, this);
+void SystemLocale::handleInitialLocale(sd_bus_message* reply) {
+  if (m_announced) {
+    return;
+  }
+  if (std::optional<QByteArrayList> initial = readTextsOfVariant(reply)) {
+    m_initial = *std::move(initial);
+  }
+}
+
+/// Whether the environment's variable overrides the system's.
+bool SystemLocale::isUsers(const char* name) const {
+  const QByteArray value = qgetenv(name);
+  return !value.isEmpty() && value != valueIn(m_initial, name);
 }
 
 LocaleVariables SystemLocale::variables() const {
   return LocaleVariables([this](const char* name) {
-    if (!m_announced) {
-      return qgetenv(name);
-    }
-    const QByteArray start = QByteArray(name) + '=';
-    for (const QByteArray& assignment : *m_announced) {
-      if (assignment.startsWith(start)) {
-        return assignment.mid(start.size());
-      }
-    }
-    return QByteArray();
+    const bool canBeUsers = qstrcmp(name, "LANGUAGE") == 0 || qstrcmp(name, "LC_ALL") == 0;
+    const bool isOfEnvironment = !m_announced || (canBeUsers && isUsers(name));
+    return isOfEnvironment ? qgetenv(name) : valueIn(*m_announced, name);
   });
 }
 

@@ -50,6 +50,15 @@ class SystemLocaleTest : public BusFixture {
     ASSERT_TRUE(waitFor([this] { return m_service->isListenedTo(); }));
   }
 
+  /// The same. The service says that this is the system's locale, and the question is answered.
+  void listenFrom(const QStringList& assignments) {
+    listen();
+    ASSERT_TRUE(waitFor([this] { return !m_service->calls().empty(); }));
+    EXPECT_EQ(m_service->calls(), QStringList{u"Get org.freedesktop.locale1 Locale"_s});
+    m_service->answer = answering(QVariant::fromValue(QDBusVariant(assignments)));
+    m_service->answerUnanswered();
+  }
+
   bool changes(qsizetype times = 1) {
     return waitFor([this, times] { return m_changes->size() == times; });
   }
@@ -92,9 +101,8 @@ TEST_F(SystemLocaleTest, WithoutABusTheEnvironmentIsReadAfresh) {
   EXPECT_EQ(locale.currentLocaleIdentifier(), u"fr_FR"_s);
 }
 
-TEST_F(SystemLocaleTest, AnAnnouncementReplacesTheEnvironmentAsAWhole) {
-  qputenv("LANGUAGE", "fr");
-  qputenv("LC_ALL", "fr_FR.UTF-8");
+TEST_F(SystemLocaleTest, AnAnnouncementReplacesTheLocaleAsAWhole) {
+  qputenv("LC_MESSAGES", "fr_FR.UTF-8");
   listen();
   QStringList seenDuringTheSignal;
   QObject::connect(m_locale.get(), &LocaleChanges::currentLocaleDidChange, m_locale.get(),
@@ -113,6 +121,67 @@ TEST_F(SystemLocaleTest, AnAnnouncementReplacesTheEnvironmentAsAWhole) {
   ASSERT_TRUE(changes(2));
   EXPECT_EQ(m_locale->preferredLanguages(), QStringList{u"de_DE"_s});
   EXPECT_EQ(m_service->calls(), QStringList());
+}
+
+// Logins copy the system's variables. Only what the user has changed is the user's.
+TEST_F(SystemLocaleTest, CopiesOfTheSystemsVariablesAreReplaced) {
+  qputenv("LANGUAGE", "de:fr");
+  qputenv("LC_ALL", "de_DE.UTF-8");
+  listenFrom({u"LANG=de_DE.UTF-8"_s, u"LC_ALL=de_DE.UTF-8"_s, u"LANGUAGE=de:fr"_s});
+  announceLocale({u"LANG=ja_JP.UTF-8"_s});
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(m_locale->preferredLanguages(), QStringList{u"ja_JP"_s});
+  announceLocale({u"LANG=ja_JP.UTF-8"_s, u"LANGUAGE=zh_TW"_s});
+  ASSERT_TRUE(changes(2));
+  EXPECT_EQ(m_locale->preferredLanguages(), (QStringList{u"zh_TW"_s, u"ja_JP"_s}));
+}
+
+TEST_F(SystemLocaleTest, TheUsersOwnLanguageStays) {
+  qputenv("LANGUAGE", "zh_TW");
+  listenFrom({u"LANG=de_DE.UTF-8"_s, u"LANGUAGE=de"_s});
+  announceLocale({u"LANG=ja_JP.UTF-8"_s, u"LANGUAGE=ja"_s});
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(m_locale->preferredLanguages(), (QStringList{u"zh_TW"_s, u"ja_JP"_s}));
+  // Also when the system comes to have the same.
+  announceLocale({u"LANG=ja_JP.UTF-8"_s, u"LANGUAGE=zh_TW"_s});
+  announceLocale({u"LANG=fr_FR.UTF-8"_s});
+  ASSERT_TRUE(changes(3));
+  EXPECT_EQ(m_locale->preferredLanguages(), (QStringList{u"zh_TW"_s, u"fr_FR"_s}));
+}
+
+TEST_F(SystemLocaleTest, TheUsersOwnLocaleStays) {
+  qputenv("LC_ALL", "fr_FR.UTF-8");
+  listenFrom({u"LANG=de_DE.UTF-8"_s});
+  announceLocale({u"LANG=ja_JP.UTF-8"_s, u"LC_MESSAGES=zh_TW.UTF-8"_s});
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(m_locale->preferredLanguages(), QStringList{u"fr_FR"_s});
+  EXPECT_EQ(m_locale->currentLocaleIdentifier(), u"fr_FR"_s);
+}
+
+TEST_F(SystemLocaleTest, WhatCannotBeComparedIsTheUsers) {
+  qputenv("LANGUAGE", "zh_TW");
+  listen();
+  ASSERT_TRUE(waitFor([this] { return !m_service->calls().empty(); }));
+  m_service->answer = [](const QDBusMessage& call) {
+    return call.createErrorReply(QDBusError::AccessDenied, u"not you"_s);
+  };
+  m_service->answerUnanswered();
+  announceLocale({u"LANG=ja_JP.UTF-8"_s});
+  ASSERT_TRUE(changes());
+  EXPECT_EQ(m_locale->preferredLanguages(), (QStringList{u"zh_TW"_s, u"ja_JP"_s}));
+}
+
+TEST_F(SystemLocaleTest, AnAnswerAfterAnAnnouncementIsTooLate) {
+  qputenv("LANGUAGE", "zh_TW");
+  listen();
+  ASSERT_TRUE(waitFor([this] { return !m_service->calls().empty(); }));
+  announceLocale({u"LANG=ja_JP.UTF-8"_s, u"LANGUAGE=zh_TW"_s});
+  ASSERT_TRUE(changes());
+  m_service->answer = answering(QVariant::fromValue(QDBusVariant(QStringList{u"LANGUAGE=zh_TW"_s})));
+  m_service->answerUnanswered();
+  announceLocale({u"LANG=fr_FR.UTF-8"_s});
+  ASSERT_TRUE(changes(2));
+  EXPECT_EQ(m_locale->preferredLanguages(), (QStringList{u"zh_TW"_s, u"fr_FR"_s}));
 }
 
 TEST_F(SystemLocaleTest, EmptyAndOddListsAreSurvived) {
