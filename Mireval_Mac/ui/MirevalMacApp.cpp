@@ -22,7 +22,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <cstdio>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -34,7 +33,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 int print(std::string_view text, Notices& notices) {
-  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+  if (!LinuxDesktop::print(text)) {
     notices.say("standard output cannot be written");
     return 1;
   }

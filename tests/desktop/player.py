@@ -12,8 +12,11 @@ OBJECT_HAS_GONE = "qt.accessibility.atspi: Could not find accessible on path: "
 
 
 class Player:
-    def __init__(self, session, program, resources=None, *, arguments=(), name="player", environment=None):
-        """Players that run at the same time need different names."""
+    def __init__(self, session, program, resources=None, *, arguments=(), name="player", environment=None,
+                 output=None, shell=None):
+        """Players that run at the same time need different names. All output may go to one file; a shell may start
+        the program, "$0", with its arguments.
+        """
         self._session = session
         self._stdout = session.folder / f"{name}.out"
         self._stderr = session.folder / f"{name}.err"
@@ -21,7 +24,9 @@ class Player:
         if resources:
             environment["MIREVAL_RESOURCES"] = str(resources)
         with open(self._stdout, "wb") as stdout, open(self._stderr, "wb") as stderr:
-            self.process = session.start([program, *arguments], environment=environment, stdout=stdout, stderr=stderr)
+            command = ["sh", "-c", shell, program] if shell else [program]
+            self.process = session.start([*command, *arguments], environment=environment, stdout=output or stdout,
+                                         stderr=output or stderr)
 
     @property
     def output(self):

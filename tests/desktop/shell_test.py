@@ -3,6 +3,7 @@
 import configparser
 import os
 import shlex
+import shutil
 import signal
 import subprocess
 import time
@@ -23,6 +24,10 @@ def read_desktop_file():
     content.optionxform = str
     content.read(DESKTOP_FILE, encoding="utf-8")
     return content
+
+
+def non_blocking(path, flags):
+    return os.open(path, flags & ~(os.O_CREAT | os.O_TRUNC) | os.O_NONBLOCK)
 
 
 def arguments_in(group):
@@ -190,6 +195,41 @@ class SettingsWithoutTrayTest(ShellCase):
         self.focus(panel)
         self.session.press_key("alt+F4")
         self.assertEqual(player.exit_status(), 0)
+
+
+class OutputTest(ShellCase):
+    """Without tracks, each press of a mode is a line on standard output."""
+
+    desktop = {"tray": False, "sound": False}
+
+    def setUp(self):
+        super().setUp()
+        self.resources = self.session.folder / "resources"
+        self.resources.mkdir()
+        shutil.copy(BUNDLE / "MenuBarIcon.png", self.resources)
+
+    def fail_to_load(self, player):
+        player.wait_for_text("Select a mode")
+        for mode in ("Focus", "Tempo", "Relax"):
+            self.assertTrue(self.session.accessibility.press(player.find_button(mode)))
+        player.wait_for_text("1 / 16")
+        self.assertTrue(self.session.accessibility.press(player.find_button("Quit")))
+        self.assertEqual(player.exit_status(), 0)
+
+    def test_a_reader_that_does_not_read(self):
+        reader, writer = os.pipe()
+        self.addCleanup(os.close, reader)
+        # The player's end stays a blocking one.
+        with open(writer, "wb") as output, open(f"/proc/self/fd/{writer}", "wb", 0, opener=non_blocking) as filler:
+            while filler.write(bytes(4096)):
+                pass
+            player = self.start_copy(output=output)
+        self.fail_to_load(player)
+
+    def test_closed_output(self):
+        player = self.start_copy(shell='exec "$0" "$@" <&- >&- 2>&-')
+        self.fail_to_load(player)
+        self.assertEqual((self.session.folder / "run/mireval/lock").read_bytes(), b"")
 
 
 class OptionsTest(ShellCase):

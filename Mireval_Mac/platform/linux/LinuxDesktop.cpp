@@ -20,14 +20,22 @@
 #include "platform/qt/QtImageDecoder.h"
 #include "platform/qt/QtMainThread.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/qt/StandardDescriptors.h"
 #include "platform/qt/StandardOutput.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
 
+#include <chrono>
+
+#include <unistd.h>
+
 namespace mireval {
 
-LinuxDesktop::LinuxDesktop() = default;
+LinuxDesktop::LinuxDesktop() {
+  openMissingStandardDescriptors();
+  StandardError::takeQtMessages();
+}
 
 LinuxDesktop::~LinuxDesktop() = default;
 
@@ -106,6 +114,10 @@ void LinuxDesktop::Services::request(SingleInstance::Request request) {
       Q_EMIT showRequests.settingsRequested();
       break;
   }
+}
+
+bool LinuxDesktop::print(std::string_view text) {
+  return writeWithoutBlocking(STDOUT_FILENO, text, std::chrono::seconds(3));
 }
 
 std::optional<int> LinuxDesktop::prepare(Start start) {

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <string_view>
 
 namespace mireval {
 
@@ -15,6 +16,7 @@ class SilentBusGuard;
 /// supplies. Lives on the UI thread, and longer than the application object.
 class LinuxDesktop final {
  public:
+  /// Makes sure that the descriptors 0 to 2 are open. To be constructed before any file is opened.
   LinuxDesktop();
   ~LinuxDesktop();
 
@@ -27,6 +29,9 @@ class LinuxDesktop final {
   };
 
   Notices& notices() { return m_notices; }
+
+  /// Writes the text to standard output. False if it cannot be written, or if nobody takes it within 3 s.
+  static bool print(std::string_view text);
 
   /// Does what comes before the application object. Returns the process's exit status where nothing is left
   /// to do: a running copy shows what is wanted or does not answer, or no display answers. Takes a few

@@ -1,15 +1,16 @@
 #include "platform/qt/StandardOutput.h"
 
+#include "platform/qt/StandardDescriptors.h"
+
 #include <QByteArray>
 
-#include <cstdio>
+#include <unistd.h>
 
 namespace mireval {
 
 void StandardOutput::writeLine(QStringView line) {
   const QByteArray bytes = line.toUtf8() + '\n';
-  std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
-  std::fflush(stdout);
+  writeWithoutBlocking(STDOUT_FILENO, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 }  // namespace mireval
