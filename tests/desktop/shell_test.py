@@ -156,6 +156,15 @@ class CopiesTest(ShellCase):
         third.wait_for_text("Select a mode")
         self.assertEqual(third.errors, "")
 
+    def test_without_a_folder_of_the_session(self):
+        environment = {"XDG_RUNTIME_DIR": "", "TMPDIR": str(self.session.folder)}
+        first = self.start_copy(environment=environment)
+        first.find_icon()
+        second = self.start_copy(environment={**environment, **NO_DISPLAY})
+        self.assertEqual(second.exit_status(), 0)
+        self.assertRegex(second.errors, r"\Amireval: XDG_RUNTIME_DIR is not set; [^\n]*/mireval-\d+\n\Z")
+        first.wait_for_text("Select a mode")
+
     def test_ten_at_once(self):
         copies = [self.start_copy() for _ in range(10)]
         wait_for(lambda: sum(copy.is_running() for copy in copies) == 1, "all but one to leave", 30)

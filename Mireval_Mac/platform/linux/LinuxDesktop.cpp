@@ -140,6 +140,9 @@ std::optional<int> LinuxDesktop::prepare(Start start) {
 
 std::optional<int> LinuxDesktop::handOver() {
   using Request = SingleInstance::Request;
+  if (m_instance.usesTemporaryFolder()) {
+    m_notices.say("XDG_RUNTIME_DIR is not set; copies find each other in " + m_instance.folder().native());
+  }
   const auto outcome =
       m_instance.elect(m_start == Start::forSettings ? Request::showSettings : Request::showPanel);
   if (!outcome) {
@@ -148,7 +151,6 @@ std::optional<int> LinuxDesktop::handOver() {
   }
   switch (*outcome) {
     case SingleInstance::Outcome::elected:
-    case SingleInstance::Outcome::independent:
       break;
     case SingleInstance::Outcome::handedOver:
       if (m_start == Start::byBus) {

@@ -49,17 +49,18 @@ SingleInstance::SingleInstance(std::filesystem::path folder) : m_folder(std::mov
 
 SingleInstance SingleInstance::forCurrentUser() {
   const char* const runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
-  if (runtimeFolder == nullptr || *runtimeFolder == '\0') {
-    return SingleInstance({});
+  if (runtimeFolder != nullptr && *runtimeFolder != '\0') {
+    return SingleInstance(std::filesystem::path(runtimeFolder) / "mireval");
   }
-  return SingleInstance(std::filesystem::path(runtimeFolder) / "mireval");
+  std::error_code error;
+  const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
+  SingleInstance instance((error ? "/tmp" : temporary) / ("mireval-" + std::to_string(geteuid())));
+  instance.m_usesTemporaryFolder = true;
+  return instance;
 }
 
 tl::expected<SingleInstance::Outcome, std::string> SingleInstance::elect(Request request,
                                                                          std::chrono::milliseconds patience) {
-  if (m_folder.empty()) {
-    return Outcome::independent;
-  }
   return prepareFolder()
       .and_then([this] { return openLock(); })
       .and_then([&] { return contend(request, patience); })

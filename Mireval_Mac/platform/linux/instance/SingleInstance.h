@@ -20,8 +20,6 @@ class SingleInstance final {
   enum class Outcome {
     /// This copy is the first.
     elected,
-    /// There is no folder, so this copy is on its own.
-    independent,
     /// The first copy has done what was asked.
     handedOver,
     /// The first copy did not answer.
@@ -29,11 +27,16 @@ class SingleInstance final {
   };
 
   /// The copies of one folder find each other. The folder is created if it is missing; it must belong to the
-  /// user, and nobody else may enter it. An empty path makes every copy independent.
+  /// user, and nobody else may enter it.
   explicit SingleInstance(std::filesystem::path folder);
 
-  /// With the folder below XDG_RUNTIME_DIR, or none if that is unset.
+  /// With the folder below XDG_RUNTIME_DIR. If that is not set, with one for temporary files that has the
+  /// user's number in its name, below TMPDIR or /tmp.
   static SingleInstance forCurrentUser();
+
+  /// True if the folder stands in for XDG_RUNTIME_DIR.
+  bool usesTemporaryFolder() const { return m_usesTemporaryFolder; }
+  const std::filesystem::path& folder() const { return m_folder; }
 
   /// Decides what this copy is. Immediate for the first copy; a later one waits at most `patience` for the
   /// answer of the first, and may become the first if that one ends meanwhile. The error says why copies
@@ -54,6 +57,7 @@ class SingleInstance final {
   bool handOver(Request request, std::chrono::steady_clock::time_point deadline) const;
 
   std::filesystem::path m_folder;
+  bool m_usesTemporaryFolder = false;
   FileDescriptor m_lock;
   FileDescriptor m_socket;
 };

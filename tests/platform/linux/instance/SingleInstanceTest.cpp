@@ -336,18 +336,32 @@ TEST_F(SingleInstanceTest, DescriptorsAreNotLeftToOtherPrograms) {
   EXPECT_GE(ours, 4);
 }
 
-TEST_F(SingleInstanceTest, WithoutTheSessionsFolderEveryCopyIsOnItsOwn) {
+TEST_F(SingleInstanceTest, TheFolderIsThatOfTheSession) {
   qputenv("XDG_RUNTIME_DIR", m_parent.path().c_str());
   SingleInstance first = SingleInstance::forCurrentUser();
+  EXPECT_FALSE(first.usesTemporaryFolder());
   EXPECT_EQ(first.elect(Request::showPanel), Outcome::elected);
   EXPECT_TRUE(fs::exists(folder() / "lock"));
+}
+
+TEST_F(SingleInstanceTest, WithoutTheSessionsFolderATemporaryOneServes) {
+  qputenv("TMPDIR", m_parent.path().c_str());
   for (const char* const none : {"", static_cast<const char*>(nullptr)}) {
     none != nullptr ? qputenv("XDG_RUNTIME_DIR", none) : qunsetenv("XDG_RUNTIME_DIR");
-    SingleInstance alone = SingleInstance::forCurrentUser();
-    SingleInstance another = SingleInstance::forCurrentUser();
-    EXPECT_EQ(alone.elect(Request::showPanel), Outcome::independent);
-    EXPECT_EQ(another.elect(Request::showPanel), Outcome::independent);
+    SingleInstance first = SingleInstance::forCurrentUser();
+    EXPECT_TRUE(first.usesTemporaryFolder());
+    EXPECT_EQ(first.folder(), m_parent.path() / ("mireval-" + std::to_string(geteuid())));
+    EXPECT_EQ(first.elect(Request::showPanel), Outcome::elected);
+    EXPECT_EQ(fs::status(first.folder()).permissions(), fs::perms::owner_all);
+    SingleInstance later = SingleInstance::forCurrentUser();
+    EXPECT_EQ(later.elect(Request::showPanel, 20ms), Outcome::unanswered);
   }
+  // Another user may have made it, to listen in.
+  fs::permissions(SingleInstance::forCurrentUser().folder(), fs::perms::all);
+  EXPECT_FALSE(SingleInstance::forCurrentUser().elect(Request::showPanel, 0ms));
+  qputenv("TMPDIR", (m_parent.path() / "gone").c_str());
+  EXPECT_EQ(SingleInstance::forCurrentUser().folder(), "/tmp/mireval-" + std::to_string(geteuid()));
+  qunsetenv("TMPDIR");
 }
 
 /// With an unusable folder the copy is on its own, says why, and holds no lock and no socket.
