@@ -1,5 +1,7 @@
 """Uses the player as its user does: with a pointer on a screen, and by listening."""
 
+import os
+import socket
 import time
 
 from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
@@ -125,6 +127,25 @@ class WithoutDisplayTest(DesktopTest):
 
     def test_named_ones_do_not_answer(self):
         self.assert_refuses({"DISPLAY": ":9877", "WAYLAND_DISPLAY": "wayland-9877"})
+
+    def test_a_server_that_never_answers(self):
+        # It accepts the connection. The number is that of this process, which no other display has.
+        with socket.socket(socket.AF_UNIX) as server:
+            server.bind(f"\0/tmp/.X11-unix/X{os.getpid()}")
+            server.listen()
+            start = time.monotonic()
+            self.assert_refuses({"DISPLAY": f":{os.getpid()}"})
+            self.assertGreater(time.monotonic() - start, 2.5)
+
+
+class WithoutScreenTest(DesktopTest):
+    desktop = {"tray": False, "sound": False}
+
+    def test_the_display_has_no_such_screen(self):
+        display = self.session.environment["DISPLAY"]
+        player = Player(self.session, PROGRAM, BUNDLE, environment={"DISPLAY": f"{display}.1"})
+        self.assertEqual(player.exit_status(), 1)
+        self.assertEqual(player.errors, "mireval: no display answers; set DISPLAY or WAYLAND_DISPLAY\n")
 
 
 class WithoutSoundServerTest(DesktopTest):

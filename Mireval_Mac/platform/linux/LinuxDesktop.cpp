@@ -126,16 +126,29 @@ std::optional<int> LinuxDesktop::prepare(Start start) {
     return exitStatus;
   }
   useMmapForLargeBlocks();
-  if (!displayServerAnswers()) {
-    m_notices.say("no display answers; set DISPLAY or WAYLAND_DISPLAY");
+  if (!chooseDisplay()) {
     return 1;
-  }
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-    // Only X11, also the one inside a Wayland session, lets a window choose its place.
-    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   }
   m_silentBusGuard = std::make_unique<SilentBusGuard>();
   return std::nullopt;
+}
+
+bool LinuxDesktop::chooseDisplay() {
+  QByteArray wanted = qgetenv("QT_QPA_PLATFORM");
+  if (wanted.isEmpty()) {
+    // Only X11, also the one inside a Wayland session, lets a window choose its place.
+    wanted = "xcb;wayland";
+  }
+  const UsableDisplays displays = findUsableDisplays(wanted);
+  if (displays.platforms.isEmpty()) {
+    m_notices.say("no display answers; set DISPLAY or WAYLAND_DISPLAY");
+    return false;
+  }
+  if (displays.x11IsSilent) {
+    m_notices.say("the X server does not answer; the windows are shown without it");
+  }
+  qputenv("QT_QPA_PLATFORM", displays.platforms);
+  return true;
 }
 
 std::optional<int> LinuxDesktop::handOver() {

@@ -35,7 +35,7 @@ class LinuxDesktop final {
 
   /// Does what comes before the application object. Returns the process's exit status where nothing is left
   /// to do: a running copy shows what is wanted or does not answer, or no display answers. Takes a few
-  /// milliseconds for the first copy.
+  /// milliseconds for the first copy, and 3 s if the X server is silent.
   std::optional<int> prepare(Start start);
 
   /// Makes what the desktop supplies. Called once, after `prepare` and with the application object, which
@@ -46,6 +46,7 @@ class LinuxDesktop final {
   struct Services;
 
   std::optional<int> handOver();
+  bool chooseDisplay();
 
   StandardError m_notices;
   /// From `prepare` to `connect`, so while the application object is made.

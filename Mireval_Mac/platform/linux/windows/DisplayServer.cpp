@@ -7,21 +7,54 @@
 #include <QByteArrayList>
 
 #include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
 
-#include <algorithm>
+#include <cerrno>
+#include <csignal>
 
 namespace mireval {
 namespace {
 
+enum class Answer { yes, no, notInTime };
+
 bool x11Answers() {
+  int screen = 0;
+  xcb_connection_t* const connection = xcb_connect(nullptr, &screen);
+  // That is an error, too, if the display has no such screen.
+  return xcb_connection_has_error(connection) == 0;
+}
+
+/// In a child process, which a signal ends where the server is silent: the call itself has no time limit.
+Answer askX11(std::chrono::seconds patience) {
   if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-    return false;
+    return Answer::no;
   }
-  xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
-  const bool answers = xcb_connection_has_error(connection) == 0;
-  xcb_disconnect(connection);
-  return answers;
+  const pid_t child = fork();
+  if (child < 0) {
+    return x11Answers() ? Answer::yes : Answer::no;
+  }
+  if (child == 0) {
+    std::signal(SIGALRM, SIG_DFL);
+    sigset_t alarmOnly{};
+    sigemptyset(&alarmOnly);
+    sigaddset(&alarmOnly, SIGALRM);
+    sigprocmask(SIG_UNBLOCK, &alarmOnly, nullptr);
+    alarm(static_cast<unsigned int>(patience.count()));
+    _exit(x11Answers() ? 0 : 1);
+  }
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0) {
+    if (errno != EINTR) {
+      // Somebody made the system forget the exit status of children.
+      return x11Answers() ? Answer::yes : Answer::no;
+    }
+  }
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM) {
+    return Answer::notInTime;
+  }
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Answer::yes : Answer::no;
 }
 
 bool waylandAnswers() {
@@ -40,18 +73,25 @@ bool waylandAnswers() {
 
 }  // namespace
 
-bool displayServerAnswers() {
-  QByteArray chosen = qgetenv("QT_QPA_PLATFORM");
-  if (chosen.isEmpty()) {
-    chosen = "xcb;wayland";
-  }
-  const QByteArrayList platforms = chosen.split(';');
-  return std::ranges::any_of(platforms, [](const QByteArray& platform) {
+UsableDisplays findUsableDisplays(const QByteArray& platforms, std::chrono::seconds patience) {
+  UsableDisplays displays;
+  QByteArrayList left = platforms.split(';');
+  while (!left.isEmpty()) {
+    const QByteArray& platform = left.constFirst();
+    Answer answer = Answer::yes;
     if (platform.startsWith("xcb")) {
-      return x11Answers();
+      answer = askX11(patience);
+      displays.x11IsSilent |= answer == Answer::notInTime;
+    } else if (platform.startsWith("wayland")) {
+      answer = waylandAnswers() ? Answer::yes : Answer::no;
     }
-    return !platform.startsWith("wayland") || waylandAnswers();
-  });
+    if (answer == Answer::yes) {
+      break;
+    }
+    left.removeFirst();
+  }
+  displays.platforms = left.join(';');
+  return displays;
 }
 
 }  // namespace mireval
