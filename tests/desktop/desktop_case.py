@@ -81,8 +81,8 @@ class DesktopTest(unittest.TestCase):
         self.assertEqual((copy.output, copy.errors), ("", ""))
 
     def windows(self):
-        """The player's windows on the X server."""
-        return self.session.windows("--name", "Mireval$")
+        """The player's windows on the X server: the panel and the settings, whose title ends with the name."""
+        return self.session.windows("--name", "(^| )Mireval$")
 
     def panel(self):
         """The rectangle of the player's only window; None while there is none."""
