@@ -1,5 +1,7 @@
 """Uses the player on a Wayland desktop: the icon in its bars, and the panel beside them."""
 
+import os
+import socket
 
 from sway_session import SECOND_SCREEN, SwaybarSession, WaybarSession, leave_root
 from wayland_case import FIRST_TRACK, LONG_CLICK_SECONDS, BarTests, MusicTests, OtherWindowTests, WaylandCase
@@ -77,6 +79,26 @@ class SwayNativeTest(OtherWindowTests, SwayCase):
         self.player.wait_for_text(FIRST_TRACK, 5)
         self.session.press_key("Escape")
         self.assert_closes()
+
+
+class SwaySilentX11Test(SwayCase):
+    """Xwayland accepts connections, but never answers."""
+
+    known_errors = ("the X server does not answer; the windows are shown without it",)
+
+    def setUp(self):
+        self.server = socket.socket(socket.AF_UNIX)
+        self.addCleanup(self.server.close)
+        # The number is that of this process, which no other display has.
+        self.server.bind(f"\0/tmp/.X11-unix/X{os.getpid()}")
+        self.server.listen()
+        self.environment = {"DISPLAY": f":{os.getpid()}"}
+        super().setUp()
+
+    def test_wayland_takes_its_place(self):
+        self.open_panel()
+        self.assertIn(self.known_errors[0], self.player.errors)
+        self.session.window("Mireval")
 
 
 class SwayMusicTest(MusicTests, SwayCase):
