@@ -489,6 +489,75 @@ class BarCrashTest(TrayCase):
         self.assertEqual((player.output, player.errors), ("", ""))
 
 
+class LostIconTest(TrayCase):
+    """The bar, or the bus, goes while the panel is open."""
+
+    LONGEST_SILENCE = 0.15
+    SECONDS_UNTIL_CLOSED = 1.5
+    desktop = {"tray": False}
+
+    def setUp(self):
+        super().setUp()
+        self.resources = make_tones(self.session.folder / "resources", 90)
+
+    def wait_until_closed_soon(self):
+        wait_for(lambda: not self.panel(), "the panel to close by itself", self.SECONDS_UNTIL_CLOSED)
+
+    def reopen(self, bar):
+        """Waits until the icon is back, and opens the panel with it."""
+        icon = centre_of(self.find_icon(bar, "the icon, back on its bar"))
+        time.sleep(0.5)
+        self.assertIsNone(self.panel(), "no window without need")
+        self.assert_beside(self.open_panel(icon), "top", bar, icon, SCREEN)
+
+    def test_the_panel_closes_and_the_music_goes_on(self):
+        bar = XfcePanel(self.session)
+        player = self.start_player()
+        self.open_panel(centre_of(self.find_icon(bar)))
+        player.press("Focus")
+        recorder = self.listen()
+        self.hear_sound(recorder)
+        start = recorder.mark()
+
+        with self.subTest("bar"):
+            bar.kill()
+            self.wait_until_closed_soon()
+            self.session.press_key("Escape")
+            bar.start()
+            self.reopen(bar)
+
+        with self.subTest("bus"):
+            self.session.stop_bus()
+            self.wait_until_closed_soon()
+            self.session.press_key("Escape")
+            self.session.start_bus()
+            bar.start()
+            self.reopen(bar)
+            self.close_panel()
+
+        self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
+        self.assertTrue(player.is_running())
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+    def test_an_embedded_icon(self):
+        bar = Tint2(self.session, 0x101010)
+        player = self.start_player()
+        self.open_panel(centre_of(self.find_icon(bar)))
+        player.press("Focus")
+        recorder = self.listen()
+        self.hear_sound(recorder)
+        start = recorder.mark()
+        bar.kill()
+        self.wait_until_closed_soon()
+        self.session.press_key("Escape")
+        bar.start()
+        icon = centre_of(self.find_icon(bar, "the icon, back on its bar"))
+        self.assert_beside(self.open_panel(icon), "bottom", bar, icon, SCREEN)
+        self.close_panel()
+        self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+
 class ThemelessTest(TrayCase):
     """Without an icon file for the theme the icon is shown from its pixels."""
 

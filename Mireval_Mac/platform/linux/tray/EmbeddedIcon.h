@@ -20,6 +20,9 @@ class EmbeddedIcon : public QObject {
   virtual bool isPlaced() const = 0;
 
  Q_SIGNALS:
+  /// `isPlaced` may have changed.
+  void placementChanged();
+
   /// The icon was clicked. `place` is its rectangle in the window system's own pixels, if that is known.
   void activated(std::optional<QRect> place);
 };

@@ -27,6 +27,8 @@ TrayMenuBarExtra::TrayMenuBarExtra(MessageBus& sessionBus, Services services)
     : m_sessionBus(sessionBus), m_services(std::move(services)) {
   m_embedLater.setSingleShot(true);
   connect(&m_embedLater, &QTimer::timeout, this, &TrayMenuBarExtra::embed);
+  m_patience.setSingleShot(true);
+  connect(&m_patience, &QTimer::timeout, this, [this] { m_handlers.missing(); });
 }
 
 TrayMenuBarExtra::~TrayMenuBarExtra() = default;
@@ -44,13 +46,8 @@ void TrayMenuBarExtra::show(const std::filesystem::path& image, Handlers handler
   connect(m_item.get(), &StatusNotifierItem::activated, this, &TrayMenuBarExtra::handleClickOnItem,
           Qt::QueuedConnection);
   m_item->setToolTip(m_toolTip);
+  m_patience.start(timeForBarToStart);
   m_item->appear();
-  QTimer::singleShot(timeForBarToStart, this, [this] {
-    // A desktop whose bar has crashed meanwhile does have one.
-    if (!isPlaced() && !m_itemHasBeenPlaced) {
-      m_handlers.missing();
-    }
-  });
 }
 
 void TrayMenuBarExtra::setToolTip(const QString& text) {
@@ -76,13 +73,29 @@ void TrayMenuBarExtra::followItem() {
   } else {
     m_embedLater.start(m_itemHasBeenPlaced ? timeForBarToStart : 0s);
   }
+  followPlacement();
 }
 
 void TrayMenuBarExtra::embed() {
   m_embedded = m_services.embed(m_image);
   if (m_embedded) {
     connect(m_embedded.get(), &EmbeddedIcon::activated, this, &TrayMenuBarExtra::handleClickOnEmbedded);
+    connect(m_embedded.get(), &EmbeddedIcon::placementChanged, this, &TrayMenuBarExtra::followPlacement);
     tellToolTip();
+    followPlacement();
+  }
+}
+
+void TrayMenuBarExtra::followPlacement() {
+  const bool placed = isPlaced();
+  if (std::exchange(m_wasPlaced, placed) == placed) {
+    return;
+  }
+  if (placed) {
+    m_patience.stop();
+  } else {
+    m_patience.start(m_services.patienceAfterLoss);
+    m_handlers.lost();
   }
 }
 

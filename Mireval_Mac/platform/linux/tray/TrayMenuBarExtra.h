@@ -10,6 +10,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -29,6 +30,8 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
     std::function<std::optional<QPoint>()> pointer;
     /// Makes an icon for trays that do not use the bus, showing the image; nothing where there are none.
     std::function<std::unique_ptr<EmbeddedIcon>(const std::filesystem::path& image)> embed;
+    /// How long a lost icon may be away before it is missing.
+    std::chrono::milliseconds patienceAfterLoss = std::chrono::seconds(30);
   };
 
   /// The bus has to outlive it.
@@ -42,6 +45,7 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
  private:
   void followItem();
   void embed();
+  void followPlacement();
   void handleClickOnItem(std::optional<QPoint> told);
   void handleClickOnEmbedded(std::optional<QRect> place);
   void tellToolTip();
@@ -55,6 +59,9 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
   bool m_itemHasBeenPlaced = false;
   std::unique_ptr<EmbeddedIcon> m_embedded;
   QTimer m_embedLater;
+  bool m_wasPlaced = false;
+  /// Runs while the icon waits for a place.
+  QTimer m_patience;
 };
 
 }  // namespace mireval

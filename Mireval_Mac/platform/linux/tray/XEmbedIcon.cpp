@@ -3,10 +3,13 @@
 #include "platform/ScreenArea.h"
 #include "platform/linux/tray/IconImages.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPixmap>
 #include <QScreen>
+
+#include <xcb/xcb.h>
 
 namespace mireval {
 namespace {
@@ -34,7 +37,21 @@ std::unique_ptr<EmbeddedIcon> XEmbedIcon::make(const std::filesystem::path& imag
 
 XEmbedIcon::XEmbedIcon(const std::filesystem::path& image) : m_icon(iconFrom(image)) {
   connect(&m_icon, &QSystemTrayIcon::activated, this, [this] { Q_EMIT activated(place()); });
+  QCoreApplication::instance()->installNativeEventFilter(this);
   m_icon.show();
+}
+
+bool XEmbedIcon::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
+  if (type == "xcb_generic_event_t") {
+    constexpr unsigned int typeMask = 0x7f;  // The other bit says that a client has sent the event.
+    const unsigned int kind = static_cast<const xcb_generic_event_t*>(message)->response_type & typeMask;
+    // A tray that comes sends a message; one that goes loses its window. Queued, since Qt handles the event
+    // after this.
+    if (kind == XCB_CLIENT_MESSAGE || kind == XCB_DESTROY_NOTIFY) {
+      QMetaObject::invokeMethod(this, &EmbeddedIcon::placementChanged, Qt::QueuedConnection);
+    }
+  }
+  return false;
 }
 
 std::optional<QRect> XEmbedIcon::place() const {

@@ -2,6 +2,8 @@
 
 #include "platform/linux/tray/EmbeddedIcon.h"
 
+#include <QAbstractNativeEventFilter>
+#include <QByteArray>
 #include <QSystemTrayIcon>
 
 #include <filesystem>
@@ -10,7 +12,7 @@
 namespace mireval {
 
 /// An icon in an X11 tray, drawn by Qt. Any click activates it; there is no menu.
-class XEmbedIcon final : public EmbeddedIcon {
+class XEmbedIcon final : public EmbeddedIcon, private QAbstractNativeEventFilter {
   Q_OBJECT
 
  public:
@@ -25,6 +27,7 @@ class XEmbedIcon final : public EmbeddedIcon {
   explicit XEmbedIcon(const std::filesystem::path& image);
 
   std::optional<QRect> place() const;
+  bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
   QSystemTrayIcon m_icon;
 };

@@ -23,6 +23,9 @@ using Place = std::optional<QRect>;
 
 const QVariantList somewhere{1155, 13};
 
+// Longer than it takes until an icon is embedded.
+constexpr auto patienceAfterLoss = 2500ms;
+
 /// An icon for a tray that the test makes come.
 class FakeEmbeddedIcon final : public EmbeddedIcon {
  public:
@@ -30,7 +33,10 @@ class FakeEmbeddedIcon final : public EmbeddedIcon {
   bool isPlaced() const override { return m_placed; }
 
   const QString& toolTip() const { return m_toolTip; }
-  void place() { m_placed = true; }
+  void place(bool placed = true) {
+    m_placed = placed;
+    Q_EMIT placementChanged();
+  }
   void click(Place place) { Q_EMIT activated(place); }
 
  private:
@@ -64,6 +70,9 @@ class TrayMenuBarExtraTest : public BusFixture {
       return nullptr;
     }
     auto icon = std::make_unique<FakeEmbeddedIcon>();
+    if (m_placesEmbedded) {
+      icon->place();
+    }
     m_embedded = icon.get();
     return icon;
   }
@@ -71,6 +80,7 @@ class TrayMenuBarExtraTest : public BusFixture {
   void show() {
     m_sinceShown.start();
     m_extra.show("folder/icon.png", {.activated = [this](Place place) { m_places.push_back(place); },
+                                     .lost = [this] { ++m_lost; },
                                      .missing = [this] { ++m_missing; }});
   }
 
@@ -103,15 +113,19 @@ class TrayMenuBarExtraTest : public BusFixture {
   std::unique_ptr<MockTrayHost> m_host;
   std::optional<QPoint> m_pointer;
   bool m_canEmbed = true;
+  /// Whether a tray is there as soon as the icon is embedded.
+  bool m_placesEmbedded = false;
   int m_embeddings = 0;
   std::filesystem::path m_image;
   QPointer<EmbeddedIcon> m_embedded;
   std::vector<Place> m_places;
+  int m_lost = 0;
   int m_missing = 0;
   QElapsedTimer m_sinceShown;
   TrayMenuBarExtra m_extra{m_connection,
                            {.pointer = [this] { return m_pointer; },
-                            .embed = [this](const std::filesystem::path& image) { return embed(image); }}};
+                            .embed = [this](const std::filesystem::path& image) { return embed(image); },
+                            .patienceAfterLoss = patienceAfterLoss}};
 
   FakeEmbeddedIcon& embedded() { return static_cast<FakeEmbeddedIcon&>(*m_embedded); }
 };
@@ -145,6 +159,7 @@ TEST_F(TrayMenuBarExtraTest, TheHostsAnswerComesBeforeThePanel) {
       anotherBus, {.pointer = [] { return std::nullopt; }, .embed = [](const auto&) { return nullptr; }});
   another.show("icon.png",
                {.activated = [&](Place) { hostWasAnswered = m_host->item().property(u"Status"_s).isValid(); },
+                .lost = [] {},
                 .missing = [] {}});
   ASSERT_TRUE(waitFor([&another] { return another.isPlaced(); }));
   m_host->item().call(u"Activate"_s, somewhere);
@@ -213,8 +228,9 @@ TEST_F(TrayMenuBarExtraTest, AHostThatCrashedIsGivenTimeToComeBack) {
     ASSERT_TRUE(becomesPlaced()) << i;
     EXPECT_TRUE(clickItem());
   }
-  EXPECT_TRUE(nothingIsEmbeddedFor(2500ms));
+  EXPECT_TRUE(nothingIsEmbeddedFor(patienceAfterLoss + 500ms));
   EXPECT_EQ(m_embeddings, 0);
+  EXPECT_EQ(m_lost, 20);
   EXPECT_EQ(m_missing, 0);
 }
 
@@ -243,18 +259,92 @@ TEST_F(TrayMenuBarExtraTest, WhileItIsNotKnownWhetherThereIsAHostNothingIsEmbedd
   EXPECT_EQ(m_embeddings, 0);
 }
 
-TEST_F(TrayMenuBarExtraTest, WhenNothingShowsTheIconThatIsSaidOnce) {
+TEST_F(TrayMenuBarExtraTest, WhenNothingShowsTheIconThatIsSaidOnceForEachLoss) {
   m_canEmbed = false;
   startBusAndWatcher();
   show();
   EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, 1500ms));
   EXPECT_TRUE(waitFor([this] { return m_missing > 0; }));
-  m_host->appear();
-  EXPECT_TRUE(becomesPlaced());
-  m_host->disappear();
-  EXPECT_TRUE(becomesPlaced(false));
-  EXPECT_FALSE(waitFor([this] { return m_missing > 1; }, 2500ms));
+  for (int losses = 1; losses <= 2; ++losses) {
+    m_host->appear();
+    ASSERT_TRUE(becomesPlaced());
+    EXPECT_EQ(m_lost, losses - 1);
+    m_host->disappear();
+    ASSERT_TRUE(becomesPlaced(false));
+    EXPECT_EQ(m_lost, losses);
+    EXPECT_FALSE(waitFor([&] { return m_missing > losses; }, patienceAfterLoss - 300ms));
+    EXPECT_TRUE(waitFor([&] { return m_missing > losses; }));
+  }
+  EXPECT_FALSE(waitFor([this] { return m_missing > 3; }, patienceAfterLoss + 500ms));
+  EXPECT_EQ(m_lost, 2);
   m_extra.setToolTip(u"Drift"_s);
+}
+
+TEST_F(TrayMenuBarExtraTest, AnIconThatNeverHadAPlaceIsNotLost) {
+  showEmbedded();
+  EXPECT_TRUE(waitFor([this] { return m_missing > 0; }));
+  EXPECT_FALSE(waitFor([this] { return m_lost > 0 || m_missing > 1; }, patienceAfterLoss + 500ms));
+}
+
+TEST_F(TrayMenuBarExtraTest, AHostThatCrashesRightAfterTheStartIsALossAsLater) {
+  m_canEmbed = false;
+  showOnHost();
+  m_host->disappear();
+  EXPECT_TRUE(waitFor([this] { return m_lost == 1; }));
+  ASSERT_LT(m_sinceShown.elapsed(), 1500);
+  QElapsedTimer sinceLoss;
+  sinceLoss.start();
+  EXPECT_TRUE(waitFor([this] { return m_missing > 0; }));
+  // Later than the patience at the start would end. Timers may be a twentieth early.
+  EXPECT_GT(sinceLoss.elapsed(), 2300);
+  EXPECT_FALSE(waitFor([this] { return m_missing > 1; }, patienceAfterLoss));
+  EXPECT_EQ(m_lost, 1);
+}
+
+TEST_F(TrayMenuBarExtraTest, ATrayOfTheEmbeddedIconMayGoAndComeBack) {
+  showEmbedded();
+  embedded().place();
+  embedded().place(false);
+  EXPECT_EQ(m_lost, 1);
+  embedded().place();
+  embedded().place();
+  EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, patienceAfterLoss + 500ms));
+  EXPECT_EQ(m_lost, 1);
+  embedded().place(false);
+  EXPECT_EQ(m_lost, 2);
+  EXPECT_TRUE(waitFor([this] { return m_missing == 1; }));
+}
+
+TEST_F(TrayMenuBarExtraTest, TheEmbeddedIconMayTakeOverAndGiveBackWithoutALoss) {
+  m_placesEmbedded = true;
+  showOnHost();
+  m_host->disappear();
+  ASSERT_TRUE(becomesPlaced(false));
+  EXPECT_EQ(m_lost, 1);
+  ASSERT_TRUE(isEmbedded());
+  EXPECT_TRUE(m_extra.isPlaced());
+  m_host->appear();
+  EXPECT_TRUE(waitFor([this] { return m_embedded == nullptr; }));
+  EXPECT_TRUE(m_extra.isPlaced());
+  EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, patienceAfterLoss));
+  EXPECT_EQ(m_lost, 1);
+}
+
+TEST_F(TrayMenuBarExtraTest, ALostBusIsALossToo) {
+  m_canEmbed = false;
+  showOnHost();
+  m_bus.kill();
+  EXPECT_TRUE(waitFor([this] { return m_lost == 1; }));
+  EXPECT_FALSE(m_extra.isPlaced());
+  m_host.reset();
+  startBusAndWatcher();
+  m_host->appear();
+  ASSERT_TRUE(becomesPlaced());
+  EXPECT_TRUE(clickItem());
+  EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, patienceAfterLoss + 500ms));
+  m_bus.kill();
+  EXPECT_TRUE(waitFor([this] { return m_missing == 1; }));
+  EXPECT_EQ(m_lost, 2);
 }
 
 }  // namespace
