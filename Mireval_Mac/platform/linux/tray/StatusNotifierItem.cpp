@@ -44,10 +44,14 @@ QByteArray processName(std::uint32_t process) {
 
 const sd_bus_vtable StatusNotifierItem::itemTable[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD("Activate", "ii", "", methodHandler<&StatusNotifierItem::handleClick>, 0),
-    SD_BUS_METHOD("SecondaryActivate", "ii", "", methodHandler<&StatusNotifierItem::handleClick>, 0),
-    SD_BUS_METHOD("ContextMenu", "ii", "", methodHandler<&StatusNotifierItem::handleClick>, 0),
-    SD_BUS_METHOD("Scroll", "is", "", ignoreCall, 0),
+    SD_BUS_METHOD_WITH_ARGS("Activate", SD_BUS_ARGS("i", x, "i", y), SD_BUS_NO_RESULT,
+                            methodHandler<&StatusNotifierItem::handleClick>, 0),
+    SD_BUS_METHOD_WITH_ARGS("SecondaryActivate", SD_BUS_ARGS("i", x, "i", y), SD_BUS_NO_RESULT,
+                            methodHandler<&StatusNotifierItem::handleClick>, 0),
+    SD_BUS_METHOD_WITH_ARGS("ContextMenu", SD_BUS_ARGS("i", x, "i", y), SD_BUS_NO_RESULT,
+                            methodHandler<&StatusNotifierItem::handleClick>, 0),
+    SD_BUS_METHOD_WITH_ARGS("Scroll", SD_BUS_ARGS("i", delta, "s", orientation), SD_BUS_NO_RESULT, ignoreCall,
+                            0),
     SD_BUS_SIGNAL("NewToolTip", "", 0),
     SD_BUS_PROPERTY("Category", "s", textGetter<"ApplicationStatus">, 0, constant),
     SD_BUS_PROPERTY("Id", "s", textGetter<"mireval">, 0, constant),
@@ -75,7 +79,8 @@ const sd_bus_vtable StatusNotifierItem::menuPropertyTable[] = {
 
 const sd_bus_vtable StatusNotifierItem::tokenMethodTable[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD("ProvideXdgActivationToken", "s", "", methodHandler<&StatusNotifierItem::handleToken>, 0),
+    SD_BUS_METHOD_WITH_ARGS("ProvideXdgActivationToken", SD_BUS_ARGS("s", token), SD_BUS_NO_RESULT,
+                            methodHandler<&StatusNotifierItem::handleToken>, 0),
     SD_BUS_VTABLE_END,
 };
 

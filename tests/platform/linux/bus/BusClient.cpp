@@ -6,6 +6,7 @@
 #include <QDBusArgument>
 #include <QDBusVariant>
 #include <QUuid>
+#include <QXmlStreamReader>
 
 #include <utility>
 
@@ -68,6 +69,35 @@ QVariantMap BusClient::properties(const QString& interface) const {
       call({m_object.service, m_object.path, standardProperties}, u"GetAll"_s, {interface})
           .arguments()
           .value(0));
+}
+
+QStringList BusClient::membersWithArguments() const {
+  QXmlStreamReader xml(
+      call({m_object.service, m_object.path, u"org.freedesktop.DBus.Introspectable"_s}, u"Introspect"_s)
+          .arguments()
+          .value(0)
+          .toString());
+  QStringList members;
+  bool isOurs = false;
+  QString member;
+  QStringList arguments;
+  while (!xml.atEnd()) {
+    xml.readNext();
+    const QString name = xml.attributes().value("name"_L1).toString();
+    if (xml.isStartElement() && xml.name() == "interface"_L1) {
+      isOurs = name == m_object.interface;
+    } else if (xml.isStartElement() && (xml.name() == "method"_L1 || xml.name() == "signal"_L1)) {
+      member = name;
+      arguments.clear();
+    } else if (xml.isStartElement() && xml.name() == "arg"_L1) {
+      arguments.append(u"%1 %2"_s.arg(xml.attributes().value("type"_L1), name));
+    } else if (xml.isEndElement() && (xml.name() == "method"_L1 || xml.name() == "signal"_L1)) {
+      if (isOurs && !arguments.isEmpty()) {
+        members.append(u"%1(%2)"_s.arg(member, arguments.join(", "_L1)));
+      }
+    }
+  }
+  return members;
 }
 
 QVariant BusClient::askBus(const QString& method, const QVariantList& arguments) const {

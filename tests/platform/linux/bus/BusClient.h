@@ -41,6 +41,9 @@ class BusClient final : public QObject {
   QVariantMap properties() const;
   QVariantMap properties(const QString& interface) const;
 
+  /// The methods and signals that have arguments, as introspection describes them: "Member(type name, ...)".
+  QStringList membersWithArguments() const;
+
   /// Calls the bus itself and gives the first argument of the answer.
   QVariant askBus(const QString& method, const QVariantList& arguments = {}) const;
   bool hasOwner(const QString& name) const;

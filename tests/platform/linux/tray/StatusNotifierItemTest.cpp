@@ -399,6 +399,14 @@ TEST_F(StatusNotifierItemTest, EachKindOfClickActivatesIt) {
   EXPECT_TRUE(m_toldAt.empty());
 }
 
+TEST_F(StatusNotifierItemTest, IntrospectionNamesTheArguments) {
+  settle();
+  EXPECT_EQ(
+      m_host->item().membersWithArguments(),
+      (QStringList{u"Activate(i x, i y)"_s, u"SecondaryActivate(i x, i y)"_s, u"ContextMenu(i x, i y)"_s,
+                   u"Scroll(i delta, s orientation)"_s, u"ProvideXdgActivationToken(s token)"_s}));
+}
+
 TEST_F(StatusNotifierItemTest, WrongCallsAreRefused) {
   settle();
   for (const QVariantList& arguments :

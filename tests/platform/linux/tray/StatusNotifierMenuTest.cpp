@@ -147,6 +147,18 @@ TEST_F(StatusNotifierMenuTest, DescribesItself) {
                                                  {u"Version"_s, 3U}}));
 }
 
+TEST_F(StatusNotifierMenuTest, IntrospectionNamesTheArguments) {
+  EXPECT_EQ(m_client->membersWithArguments(),
+            (QStringList{
+                u"GetLayout(i parentId, i recursionDepth, as propertyNames, u revision, (ia{sv}av) layout)"_s,
+                u"GetGroupProperties(ai ids, as propertyNames, a(ia{sv}) properties)"_s,
+                u"GetProperty(i id, s name, v value)"_s, u"Event(i id, s eventId, v data, u timestamp)"_s,
+                u"EventGroup(a(isvu) events, ai idErrors)"_s, u"AboutToShow(i id, b needUpdate)"_s,
+                u"AboutToShowGroup(ai ids, ai updatesNeeded, ai idErrors)"_s,
+                u"ItemsPropertiesUpdated(a(ia{sv}) updatedProps, a(ias) removedProps)"_s,
+                u"LayoutUpdated(u revision, i parent)"_s, u"ItemActivationRequested(i id, u timestamp)"_s}));
+}
+
 TEST_F(StatusNotifierMenuTest, ItsEntryIsChosenByAClick) {
   EXPECT_EQ(m_client->error(u"Event"_s, event(1, u"clicked"_s)), QString());
   EXPECT_EQ(m_choices.size(), 1);
