@@ -98,6 +98,7 @@ void connectScenes(MenuBarScene& scene, SettingsScene& settings, const Desktop& 
     desktop.releaseUnusedMemory();
   });
   QObject::connect(&desktop.showRequests, &ShowRequests::panelRequested, &scene, &MenuBarScene::showPanel);
+  QObject::connect(&desktop.showRequests, &ShowRequests::quitRequested, &scene, &MenuBarScene::quitRequested);
   QObject::connect(&desktop.showRequests, &ShowRequests::settingsRequested, &settings, &SettingsScene::show);
 }
 

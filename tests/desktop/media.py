@@ -83,15 +83,16 @@ class MediaPlayer:
         return json.loads(reply.stdout)["data"][0]
 
     def introspect(self):
-        """The interfaces by name, each with {"methods", "properties", "signals"} by name."""
+        """The interfaces by name, each with {"methods", "properties", "signals"} by name. Arguments are
+        "type name, type name"."""
+        def arguments(member):
+            return ", ".join(f"{argument.get('type')} {argument.get('name')}" for argument in member.findall("arg"))
         xml_text = self._session.run("busctl", "--user", "introspect", "--xml-interface", self.name, PATH).stdout
         return {node.get("name"): {
-            "methods": {method.get("name"): "".join(argument.get("type") for argument in method.findall("arg"))
-                        for method in node.findall("method")},
+            "methods": {method.get("name"): arguments(method) for method in node.findall("method")},
             "properties": {entry.get("name"): (entry.get("type"), entry.get("access"))
                            for entry in node.findall("property")},
-            "signals": {signal.get("name"): "".join(argument.get("type") for argument in signal.findall("arg"))
-                        for signal in node.findall("signal")},
+            "signals": {signal.get("name"): arguments(signal) for signal in node.findall("signal")},
         } for node in xml.etree.ElementTree.fromstring(xml_text).findall("interface")}
 
     def wait_for_status(self, status, seconds=5):

@@ -19,7 +19,7 @@ from sound import longest_silence
 APPLICATION_PROPERTIES = {
     "Identity": ("s", "read", "Mireval"),
     "DesktopEntry": ("s", "read", "org.mireval.Mireval"),
-    "CanQuit": ("b", "read", False),
+    "CanQuit": ("b", "read", True),
     "CanRaise": ("b", "read", True),
     "HasTrackList": ("b", "read", False),
     "SupportedUriSchemes": ("as", "read", []),
@@ -42,8 +42,8 @@ PLAYER_PROPERTIES = {
     "CanControl": ("b", "read", True),
 }
 APPLICATION_METHODS = {"Raise": "", "Quit": ""}
-PLAYER_METHODS = {"Play": "", "Pause": "", "PlayPause": "", "Stop": "", "Next": "", "Previous": "", "Seek": "x",
-                  "SetPosition": "ox", "OpenUri": "s"}
+PLAYER_METHODS = {"Play": "", "Pause": "", "PlayPause": "", "Stop": "", "Next": "", "Previous": "",
+                  "Seek": "x Offset", "SetPosition": "o TrackId, x Position", "OpenUri": "s Uri"}
 NO_TRACK = "/org/mpris/MediaPlayer2/TrackList/NoTrack"
 
 
@@ -119,7 +119,6 @@ class MediaControlsTest(MediaControlsCase):
                                    ("SetPosition", "ox", controls.metadata["mpris:trackid"], "40000000"),
                                    ("OpenUri", "s", "file:///dev/null")):
             self.assertEqual(controls.attempt(PLAYER, method, *arguments), "", method)
-        self.assertEqual(controls.attempt(APPLICATION, "Quit"), "")
         self.assertEqual(longest_silence(recorder.next(1)), 0)
         self.assertEqual((controls.status, controls.title), ("Playing", title))
         self.assertAlmostEqual(controls.position_seconds, position + 1.5, delta=1.5)
@@ -174,7 +173,7 @@ class MediaPropertiesTest(MediaControlsCase):
         interfaces = controls.introspect()
         for interface, properties, methods, signals in (
                 (APPLICATION, APPLICATION_PROPERTIES, APPLICATION_METHODS, {}),
-                (PLAYER, PLAYER_PROPERTIES, PLAYER_METHODS, {"Seeked": "x"})):
+                (PLAYER, PLAYER_PROPERTIES, PLAYER_METHODS, {"Seeked": "x Position"})):
             described = interfaces[interface]
             self.assertEqual(described["methods"], methods)
             self.assertEqual(described["signals"], signals)
@@ -214,15 +213,31 @@ class MediaPropertiesTest(MediaControlsCase):
         player, recorder, controls = self.start_playing()
         monitor = SignalMonitor(self.session, controls)
         before = max(recorder.next(0.5))
-        for name, value in (("Volume", "0"), ("Volume", "1"), ("Volume", "-3"), ("Volume", "nan"), ("Rate", "0"),
-                            ("Rate", "2"), ("Rate", "inf")):
-            self.assertEqual(controls.attempt_to_set(PLAYER, name, "d", value), "", (name, value))
+        for value in ("2", "inf", "nan", "-1", "0.5"):
+            self.assertEqual(controls.attempt_to_set(PLAYER, "Rate", "d", value), "", value)
+        self.assertEqual(monitor.members(), {})
+        volumes = ("0", "1", "-3", "nan")
+        for count, value in enumerate(volumes, 1):
+            self.assertEqual(controls.attempt_to_set(PLAYER, "Volume", "d", value), "", value)
+            # A slider that shows the written value learns of the real one.
+            wait_for(lambda: monitor.members() == {"PropertiesChanged": count}, "the volume in effect", 3)
         position, started = controls.position_seconds, time.monotonic()
         self.assertAlmostEqual(max(recorder.next(1)), before, delta=before / 20)
         self.assertAlmostEqual(controls.position_seconds - position, time.monotonic() - started, delta=0.3)
         self.assertEqual((controls.status, controls.get("Volume")["data"], controls.get("Rate")["data"]),
                          ("Playing", 0.65, 1.0))
-        self.assertEqual(monitor.members(), {})
+        self.assertEqual(monitor.members(), {"PropertiesChanged": len(volumes)})
+        self.end(player)
+
+    def test_a_rate_of_zero_pauses(self):
+        player, recorder, controls = self.start_playing()
+        for _ in range(2):
+            self.assertEqual(controls.attempt_to_set(PLAYER, "Rate", "d", "0"), "")
+            controls.wait_for_status("Paused")
+        self.hear_silence(recorder)
+        self.assertEqual(controls.get("Rate")["data"], 1.0)
+        controls.command("Play")
+        self.hear_sound(recorder)
         self.end(player)
 
 
@@ -290,6 +305,24 @@ class RaiseTest(MediaControlsCase):
         self.session.press_key("Escape")
         player.wait_until_closed()
         self.end(player)
+
+
+class QuitTest(MediaControlsCase):
+    def quit(self, player, controls):
+        self.assertEqual(controls.attempt(APPLICATION, "Quit"), "")
+        self.assertEqual(player.exit_status(), 0)
+        self.assertEqual((player.output, player.errors), ("", ""))
+        self.assertEqual(player_names(self.session), [])
+
+    def test_while_the_panel_is_open(self):
+        player, _, controls = self.start_playing()
+        self.quit(player, controls)
+
+    def test_while_the_panel_is_closed(self):
+        player, _, controls = self.start_playing()
+        self.session.press_key("Escape")
+        player.wait_until_closed()
+        self.quit(player, controls)
 
 
 class SecondCopyTest(MediaControlsCase):

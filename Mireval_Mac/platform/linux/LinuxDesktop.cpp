@@ -99,6 +99,8 @@ LinuxDesktop::Services::Services(const SingleInstance& instance, Start start, No
   QObject::connect(&busActivation, &BusActivation::requested, &showRequests, pass, Qt::QueuedConnection);
   QObject::connect(&mediaControls, &MprisMediaControls::raiseRequested, &showRequests,
                    &ShowRequests::panelRequested, Qt::QueuedConnection);
+  QObject::connect(&mediaControls, &MprisMediaControls::quitRequested, &showRequests,
+                   &ShowRequests::quitRequested, Qt::QueuedConnection);
   // The bus that started a later copy may have come back unnoticed.
   QObject::connect(&laterCopies, &SingleInstanceServer::requested, &sessionBus, &MessageBus::tryAgain);
   // Not before the event loop runs, when the application is ready for requests.

@@ -18,10 +18,7 @@ constexpr std::uint64_t told = SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE;
 
 constexpr sd_bus_property_get_t normalRate = constantGetter<1, double>;
 
-int ignoreValue(sd_bus*, const char*, const char*, const char*, sd_bus_message* value, void*, sd_bus_error*) {
-  // A value that is left unread would end the connection.
-  return sd_bus_message_skip(value, nullptr);
-}
+constexpr const char* commandFailed = "The command could not be obeyed";
 
 QByteArray busNameOf(const MprisMediaControls::Application& application) {
   return "org.mpris.MediaPlayer2." + application.busName;
@@ -32,8 +29,8 @@ QByteArray busNameOf(const MprisMediaControls::Application& application) {
 const sd_bus_vtable MprisMediaControls::applicationTable[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("Raise", "", "", methodHandler<&MprisMediaControls::raiseRequested>, 0),
-    SD_BUS_METHOD("Quit", "", "", ignoreCall, 0),
-    SD_BUS_PROPERTY("CanQuit", "b", constantGetter<false>, 0, told),
+    SD_BUS_METHOD("Quit", "", "", methodHandler<&MprisMediaControls::quitRequested>, 0),
+    SD_BUS_PROPERTY("CanQuit", "b", constantGetter<true>, 0, told),
     SD_BUS_PROPERTY("CanRaise", "b", constantGetter<true>, 0, told),
     SD_BUS_PROPERTY("HasTrackList", "b", constantGetter<false>, 0, told),
     SD_BUS_PROPERTY("Identity", "s", propertyGetter<&MprisMediaControls::identity>, 0, told),
@@ -51,14 +48,15 @@ const sd_bus_vtable MprisMediaControls::playerTable[] = {
     SD_BUS_METHOD("PlayPause", "", "", methodHandler<&MprisMediaControls::playPause>, 0),
     SD_BUS_METHOD("Stop", "", "", ignoreCall, 0),
     SD_BUS_METHOD("Play", "", "", methodHandler<&MprisMediaControls::play>, 0),
-    SD_BUS_METHOD("Seek", "x", "", ignoreCall, 0),
-    SD_BUS_METHOD("SetPosition", "ox", "", ignoreCall, 0),
-    SD_BUS_METHOD("OpenUri", "s", "", ignoreCall, 0),
-    SD_BUS_SIGNAL("Seeked", "x", 0),
+    SD_BUS_METHOD_WITH_ARGS("Seek", SD_BUS_ARGS("x", Offset), SD_BUS_NO_RESULT, ignoreCall, 0),
+    SD_BUS_METHOD_WITH_ARGS("SetPosition", SD_BUS_ARGS("o", TrackId, "x", Position), SD_BUS_NO_RESULT,
+                            ignoreCall, 0),
+    SD_BUS_METHOD_WITH_ARGS("OpenUri", SD_BUS_ARGS("s", Uri), SD_BUS_NO_RESULT, ignoreCall, 0),
+    SD_BUS_SIGNAL_WITH_ARGS("Seeked", SD_BUS_ARGS("x", Position), 0),
     SD_BUS_PROPERTY("PlaybackStatus", "s", propertyGetter<&MprisMediaControls::playbackStatus>, 0, told),
-    SD_BUS_WRITABLE_PROPERTY("Rate", "d", normalRate, ignoreValue, 0, told),
+    SD_BUS_WRITABLE_PROPERTY("Rate", "d", normalRate, receiveRate, 0, told),
     SD_BUS_PROPERTY("Metadata", "a{sv}", propertyGetter<&MprisMediaControls::appendMetadata>, 0, told),
-    SD_BUS_WRITABLE_PROPERTY("Volume", "d", propertyGetter<&MprisMediaControls::m_volume>, ignoreValue, 0,
+    SD_BUS_WRITABLE_PROPERTY("Volume", "d", propertyGetter<&MprisMediaControls::m_volume>, receiveVolume, 0,
                              told),
     SD_BUS_PROPERTY("Position", "x", propertyGetter<&MprisMediaControls::position>, 0, 0),
     SD_BUS_PROPERTY("MinimumRate", "d", normalRate, 0, told),
@@ -98,15 +96,38 @@ void MprisMediaControls::Command::addHandler(Handler handler) {
   m_controls.appear();
 }
 
-int MprisMediaControls::Command::send(sd_bus_message* call) const {
-  bool failed = false;
+bool MprisMediaControls::Command::send() const {
+  bool succeeded = true;
   if (m_enabled) {
     for (const Handler& handler : m_handlers) {
-      failed = handler() != RemoteCommandHandlerStatus::success || failed;
+      succeeded = handler() == RemoteCommandHandlerStatus::success && succeeded;
     }
   }
-  return failed ? sd_bus_reply_method_errorf(call, SD_BUS_ERROR_FAILED, "The command could not be obeyed")
-                : sd_bus_reply_method_return(call, nullptr);
+  return succeeded;
+}
+
+int MprisMediaControls::Command::send(sd_bus_message* call) const {
+  return send() ? sd_bus_reply_method_return(call, nullptr)
+                : sd_bus_reply_method_errorf(call, SD_BUS_ERROR_FAILED, commandFailed);
+}
+
+/// MPRIS wants a rate of 0 to pause. The music has no other rate than 1.
+int MprisMediaControls::receiveRate(sd_bus*, const char*, const char*, const char*, sd_bus_message* value,
+                                    void* controls, sd_bus_error* error) {
+  const auto* const self = static_cast<const MprisMediaControls*>(controls);
+  double rate = 1;
+  sd_bus_message_read(value, "d", &rate);
+  const bool pauses = rate == 0 && self->m_playing;
+  return !pauses || self->m_pause.send() ? 0 : sd_bus_error_set(error, SD_BUS_ERROR_FAILED, commandFailed);
+}
+
+/// Clients cannot change the volume. The announcement puts a slider back that a user has moved.
+int MprisMediaControls::receiveVolume(sd_bus*, const char*, const char*, const char*, sd_bus_message* value,
+                                      void* controls, sd_bus_error*) {
+  // A value that is left unread would end the connection.
+  const int result = sd_bus_message_skip(value, nullptr);
+  static_cast<MprisMediaControls*>(controls)->announce({"Volume"});
+  return result;
 }
 
 void MprisMediaControls::setNowPlayingInfo(const std::optional<NowPlayingInfo>& info) {

@@ -54,6 +54,10 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
   /// Somebody on the desktop wants to see the application.
   void raiseRequested();
 
+  /// Somebody on the desktop wants the application to end. Emitted before the call is answered, so connect it
+  /// queued.
+  void quitRequested();
+
  private:
   class Command final : public RemoteCommand {
    public:
@@ -65,7 +69,9 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
     void addHandler(Handler handler) override;
 
     bool isEnabled() const { return m_enabled; }
-    /// Calls the handlers and answers the call.
+    /// Calls the handlers, if the command is enabled. False if one of them fails.
+    bool send() const;
+    /// The same; answers the call.
     int send(sd_bus_message* call) const;
 
    private:
@@ -90,6 +96,10 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
   int play(sd_bus_message* call) { return m_play.send(call); }
   int pause(sd_bus_message* call) { return m_pause.send(call); }
   int playPause(sd_bus_message* call) { return m_playPause.send(call); }
+  static int receiveRate(sd_bus* bus, const char* path, const char* interface, const char* property,
+                         sd_bus_message* value, void* controls, sd_bus_error* error);
+  static int receiveVolume(sd_bus* bus, const char* path, const char* interface, const char* property,
+                           sd_bus_message* value, void* controls, sd_bus_error* error);
   void handleNameReply(sd_bus_message* reply);
 
   void appear();

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cmath>
 #include <memory>
 
 namespace mireval {
@@ -110,7 +111,7 @@ TEST_F(MprisMediaControlsTest, EveryPropertyAnswers) {
   appear();
   m_controls->setVolume(0.65);
   EXPECT_EQ(m_client->properties(applicationInterface),
-            (QVariantMap{{u"CanQuit"_s, false},
+            (QVariantMap{{u"CanQuit"_s, true},
                          {u"CanRaise"_s, true},
                          {u"DesktopEntry"_s, u"org.mireval.Mireval"_s},
                          {u"HasTrackList"_s, false},
@@ -243,9 +244,9 @@ TEST_F(MprisMediaControlsTest, WhatCannotBeDoneDoesNothing) {
   EXPECT_EQ(m_client->error(u"Seek"_s, {qlonglong{5}}), QString());
   EXPECT_EQ(m_client->error(u"SetPosition"_s, {path, qlonglong{5}}), QString());
   EXPECT_EQ(m_client->error(u"OpenUri"_s, {u"file:///a"_s}), QString());
-  EXPECT_EQ(errorIn(m_client->call({playerName, player.path, applicationInterface}, u"Quit"_s)), QString());
-  EXPECT_EQ(m_client->setProperty(u"Volume"_s, 0.1), QString());
-  EXPECT_EQ(m_client->setProperty(u"Rate"_s, 0.1), QString());
+  for (const double rate : {0.1, 1.0, 2.0, -1.0, std::nan("")}) {
+    EXPECT_EQ(m_client->setProperty(u"Rate"_s, rate), QString());
+  }
   EXPECT_EQ(m_commands, (QList{0, 0, 0}));
   EXPECT_EQ(m_client->takeSignals(), QStringList());
   for (const QString& name : {u"PlaybackStatus"_s, u"Volume"_s, u"Rate"_s}) {
@@ -253,11 +254,56 @@ TEST_F(MprisMediaControlsTest, WhatCannotBeDoneDoesNothing) {
   }
 }
 
-TEST_F(MprisMediaControlsTest, RaiseIsPassedOn) {
+TEST_F(MprisMediaControlsTest, AVolumeThatAClientWritesIsAnsweredWithTheRealOne) {
+  appear();
+  m_controls->setVolume(0.65);
+  m_client->takeSignals();
+  for (const double volume : {0.1, 0.65, 3.0}) {
+    EXPECT_EQ(m_client->setProperty(u"Volume"_s, volume), QString());
+    EXPECT_EQ(m_client->takeSignals(), QStringList{u"PropertiesChanged Volume"_s});
+    EXPECT_EQ(m_client->property(u"Volume"_s), 0.65);
+  }
+}
+
+TEST_F(MprisMediaControlsTest, ARateOfZeroPauses) {
+  appear();
+  EXPECT_EQ(m_client->setProperty(u"Rate"_s, 0.0), QString());
+  EXPECT_EQ(m_commands, (QList{0, 1, 0}));
+  EXPECT_EQ(m_client->property(u"Rate"_s), 1.0);
+
+  m_answer = RemoteCommandHandlerStatus::commandFailed;
+  EXPECT_EQ(m_client->setProperty(u"Rate"_s, 0.0), u"org.freedesktop.DBus.Error.Failed"_s);
+  EXPECT_EQ(m_commands, (QList{0, 2, 0}));
+
+  m_controls->pauseCommand().setEnabled(false);
+  EXPECT_EQ(m_client->setProperty(u"Rate"_s, 0.0), QString());
+  m_controls->pauseCommand().setEnabled(true);
+  NowPlayingInfo info = makeInfo();
+  info.playbackRate = 0;
+  m_controls->setNowPlayingInfo(info);
+  EXPECT_EQ(m_client->setProperty(u"Rate"_s, 0.0), QString());
+  m_controls->setNowPlayingInfo(std::nullopt);
+  EXPECT_EQ(m_client->setProperty(u"Rate"_s, 0.0), QString());
+  EXPECT_EQ(m_commands, (QList{0, 2, 0}));
+}
+
+TEST_F(MprisMediaControlsTest, RaiseAndQuitArePassedOn) {
   appear();
   const QSignalSpy raised(m_controls.get(), &MprisMediaControls::raiseRequested);
+  const QSignalSpy quit(m_controls.get(), &MprisMediaControls::quitRequested);
   EXPECT_EQ(errorIn(m_client->call({playerName, player.path, applicationInterface}, u"Raise"_s)), QString());
   EXPECT_EQ(raised.size(), 1);
+  EXPECT_EQ(quit.size(), 0);
+  EXPECT_EQ(errorIn(m_client->call({playerName, player.path, applicationInterface}, u"Quit"_s)), QString());
+  EXPECT_EQ(raised.size(), 1);
+  EXPECT_EQ(quit.size(), 1);
+}
+
+TEST_F(MprisMediaControlsTest, IntrospectionNamesTheArguments) {
+  appear();
+  EXPECT_EQ(m_client->membersWithArguments(),
+            (QStringList{u"Seek(x Offset)"_s, u"SetPosition(o TrackId, x Position)"_s, u"OpenUri(s Uri)"_s,
+                         u"Seeked(x Position)"_s}));
 }
 
 TEST_F(MprisMediaControlsTest, WrongRequestsAreOrdinaryErrors) {
