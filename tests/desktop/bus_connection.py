@@ -37,11 +37,11 @@ class BusConnection:
         self._socket.close()
 
     def send(self, destination, path, interface, method, signature="", *values):
-        """Calls a method, the arguments of which are strings."""
+        """Calls a method, the arguments of which are strings and 32-bit integers."""
         self._serial += 1
         body = b""
         for value in values:
-            body = _align(body, 4) + _string(value)
+            body = _align(body, 4) + (_string(value) if isinstance(value, str) else struct.pack("<i", value))
         fields = b""
         for code, kind, value in ((1, "o", path), (2, "s", interface), (3, "s", method), (6, "s", destination)):
             fields = _align(fields, 8) + bytes([code]) + _signature(kind) + _string(value)

@@ -1,10 +1,13 @@
 """Looks for the icon on bars of all kinds, and for the panel beside it."""
 
 import json
+import threading
 import time
 
 from bars import EDGES, HORIZONTAL, Tint2, XfcePanel
+from bus_connection import BusConnection
 from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
+from media import PROPERTIES
 from player import Player
 from screen import ICON_COLOUR, centre_of
 from session import wait_for
@@ -54,12 +57,16 @@ class TrayCase(DesktopTest):
 
     # The icon
 
-    def item(self, name):
-        """A property of the icon, as bars read it."""
+    def item_place(self):
+        """The service and the path of the icon's item."""
         items = self.get(*WATCHER, "RegisteredStatusNotifierItems")
         self.assertEqual(len(items), 1)
         service, _, path = items[0].partition("/")
-        return self.get(service, f"/{path}", ITEM, name)
+        return service, f"/{path}"
+
+    def item(self, name):
+        """A property of the icon, as bars read it."""
+        return self.get(*self.item_place(), ITEM, name)
 
     def get(self, *place):
         result = self.session.run("busctl", "--user", "--json=short", "get-property", *place)
@@ -103,8 +110,8 @@ class TrayCase(DesktopTest):
 
     def wait_for_panel(self):
         panel = wait_for(self.panel, "the panel", 5)
-        # It is drawn a moment later.
-        time.sleep(0.3)
+        # It is drawn a moment later. And the next click is not the second one of a double click.
+        time.sleep(0.5)
         return panel
 
     def wait_until_closed(self):
@@ -556,6 +563,82 @@ class LostIconTest(TrayCase):
         self.close_panel()
         self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
         self.assertEqual((player.output, player.errors), ("", ""))
+
+
+class BusyItemTest(TrayCase):
+    """Programs call the icon's item far more often than bars do."""
+
+    PRESSES = 10_000
+    QUERIES_PER_SECOND = 1000
+    LONGEST_ANSWER = 1
+    LONGEST_SILENCE = 0.15
+    LARGEST_GROWTH = 1024  # Kilobytes.
+    desktop = {"tray": False}
+
+    def setUp(self):
+        super().setUp()
+        self.resources = make_tones(self.session.folder / "resources", 90)
+        self.bar = XfcePanel(self.session)
+        self.start_player()
+        self.icon = centre_of(self.find_icon(self.bar))
+
+    def connect(self):
+        client = BusConnection(self.session.environment["DBUS_SESSION_BUS_ADDRESS"])
+        self.addCleanup(client.close)
+        return client
+
+    def play(self):
+        """Starts the music, with the panel closed; returns the recorder."""
+        self.open_panel(self.icon)
+        self.player.press("Focus")
+        recorder = self.listen()
+        self.hear_sound(recorder)
+        self.close_panel()
+        return recorder
+
+    def test_many_presses(self):
+        recorder = self.play()
+        start = recorder.mark()
+        place = self.item_place()
+        presses, other = self.connect(), self.connect()
+        flood = threading.Thread(
+            target=lambda: [presses.send(*place, ITEM, "Activate", "ii", *self.icon) for _ in range(self.PRESSES)])
+        answers = []
+        flood.start()
+        while flood.is_alive() or len(answers) < 20:
+            asked = time.monotonic()
+            other.send(*place, PROPERTIES, "Get", "ss", ITEM, "Status")
+            self.assertEqual(other.receive_answers(1), 1)
+            answers.append(time.monotonic() - asked)
+        flood.join()
+        self.assertEqual(presses.receive_answers(self.PRESSES), self.PRESSES)
+        self.assertLess(max(answers), self.LONGEST_ANSWER, answers)
+        # They are one press.
+        self.wait_for_panel()
+        time.sleep(1)
+        self.assertIsNotNone(self.panel())
+        self.session.click(self.icon)
+        self.wait_until_closed()
+        time.sleep(1)
+        self.open_panel(self.icon)
+        self.close_panel()
+        self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
+        self.assertEqual(self.player.errors, "")
+
+    def test_many_queries(self):
+        place = self.item_place()
+        client = self.connect()
+        memory = []
+        for _ in range(1 + 5):
+            end = time.monotonic() + 1
+            for part in range(100):
+                for _ in range(self.QUERIES_PER_SECOND // 100):
+                    client.send(*place, PROPERTIES, "GetAll", "s", ITEM)
+                self.assertEqual(client.receive_answers(self.QUERIES_PER_SECOND // 100), self.QUERIES_PER_SECOND // 100)
+                time.sleep(max(0.0, end - 0.01 * (99 - part) - time.monotonic()))
+            memory.append(self.player.anonymous_kilobytes())
+        # The first second makes the pixels of the icon.
+        self.assertLess(memory[-1] - memory[0], self.LARGEST_GROWTH, memory)
 
 
 class ThemelessTest(TrayCase):

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QStyleHints>
 
 #include <chrono>
 #include <utility>
@@ -100,11 +101,25 @@ void TrayMenuBarExtra::followPlacement() {
 }
 
 void TrayMenuBarExtra::handleClickOnItem(std::optional<QPoint> told) {
-  m_handlers.activated(pixel(m_item->host().placeOf({.told = told, .pointer = m_services.pointer()})));
+  press([this, told] {
+    return pixel(m_item->host().placeOf({.told = told, .pointer = m_services.pointer()}));
+  });
 }
 
 void TrayMenuBarExtra::handleClickOnEmbedded(std::optional<QRect> place) {
-  m_handlers.activated(place ? place : pixel(m_services.pointer()));
+  press([this, place] { return place ? place : pixel(m_services.pointer()); });
+}
+
+void TrayMenuBarExtra::press(const std::function<std::optional<QRect>()>& findPlace) {
+  const bool continues =
+      m_sinceLastPress.isValid() &&
+      !m_sinceLastPress.hasExpired(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+  m_sinceLastPress.start();
+  if (!continues) {
+    m_handlers.activated(findPlace());
+    // Opening the panel takes time. Presses that came meanwhile are handled next.
+    m_sinceLastPress.start();
+  }
 }
 
 void TrayMenuBarExtra::tellToolTip() {

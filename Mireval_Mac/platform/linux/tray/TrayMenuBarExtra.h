@@ -4,6 +4,7 @@
 #include "platform/linux/tray/EmbeddedIcon.h"
 #include "platform/linux/tray/StatusNotifierItem.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPoint>
 #include <QRect>
@@ -20,6 +21,9 @@ namespace mireval {
 
 /// The icon in the desktop's tray: a status notifier item where a host shows those, or else an icon that is
 /// embedded into an X11 tray. Hosts and trays may come, go and take turns at any time.
+///
+/// A double click activates once. So do any number of presses without a pause of a double click's interval,
+/// and those that come while the handler runs.
 class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
   Q_OBJECT
 
@@ -48,6 +52,7 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
   void followPlacement();
   void handleClickOnItem(std::optional<QPoint> told);
   void handleClickOnEmbedded(std::optional<QRect> place);
+  void press(const std::function<std::optional<QRect>()>& findPlace);
   void tellToolTip();
 
   MessageBus& m_sessionBus;
@@ -62,6 +67,7 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
   bool m_wasPlaced = false;
   /// Runs while the icon waits for a place.
   QTimer m_patience;
+  QElapsedTimer m_sinceLastPress;
 };
 
 }  // namespace mireval

@@ -4,8 +4,12 @@
 #include "platform/linux/tray/MockTrayHost.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QPointer>
+#include <QStyleHints>
+#include <QThread>
 
 #include <chrono>
 #include <memory>
@@ -25,6 +29,8 @@ const QVariantList somewhere{1155, 13};
 
 // Longer than it takes until an icon is embedded.
 constexpr auto patienceAfterLoss = 2500ms;
+
+constexpr auto doubleClickInterval = 50ms;
 
 /// An icon for a tray that the test makes come.
 class FakeEmbeddedIcon final : public EmbeddedIcon {
@@ -46,7 +52,10 @@ class FakeEmbeddedIcon final : public EmbeddedIcon {
 
 class TrayMenuBarExtraTest : public BusFixture {
  protected:
-  TrayMenuBarExtraTest() { QCoreApplication::setApplicationName(u"Mireval"_s); }
+  TrayMenuBarExtraTest() {
+    QCoreApplication::setApplicationName(u"Mireval"_s);
+    QGuiApplication::styleHints()->setMouseDoubleClickInterval(doubleClickInterval.count());
+  }
 
   void makeHost() { m_host = std::make_unique<MockTrayHost>(m_bus.address()); }
 
@@ -79,7 +88,11 @@ class TrayMenuBarExtraTest : public BusFixture {
 
   void show() {
     m_sinceShown.start();
-    m_extra.show("folder/icon.png", {.activated = [this](Place place) { m_places.push_back(place); },
+    m_extra.show("folder/icon.png", {.activated =
+                                         [this](Place place) {
+                                           m_places.push_back(place);
+                                           QThread::msleep(m_openingTime.count());
+                                         },
                                      .lost = [this] { ++m_lost; },
                                      .missing = [this] { ++m_missing; }});
   }
@@ -104,7 +117,18 @@ class TrayMenuBarExtraTest : public BusFixture {
     return !waitFor([this] { return m_embedded != nullptr; }, time);
   }
 
+  /// Makes the next press one of its own.
+  static void pauseAfterPress() {
+    waitFor([] { return false; }, doubleClickInterval + 10ms);
+  }
+
+  void clickEmbedded(Place place) {
+    pauseAfterPress();
+    embedded().click(place);
+  }
+
   bool clickItem() {
+    pauseAfterPress();
     m_places.clear();
     m_host->item().call(u"Activate"_s, somewhere);
     return waitFor([this] { return !m_places.empty(); });
@@ -119,6 +143,8 @@ class TrayMenuBarExtraTest : public BusFixture {
   std::filesystem::path m_image;
   QPointer<EmbeddedIcon> m_embedded;
   std::vector<Place> m_places;
+  /// How long a press keeps the event loop.
+  std::chrono::milliseconds m_openingTime{0};
   int m_lost = 0;
   int m_missing = 0;
   QElapsedTimer m_sinceShown;
@@ -198,13 +224,61 @@ TEST_F(TrayMenuBarExtraTest, AnEmbeddedIconWithoutATraySaysWhatPlaysAndIsMissing
 
 TEST_F(TrayMenuBarExtraTest, ClicksOnTheEmbeddedIconSayWhere) {
   showEmbedded();
-  embedded().click(QRect(1109, 774, 22, 22));
-  embedded().click(std::nullopt);
+  clickEmbedded(QRect(1109, 774, 22, 22));
+  clickEmbedded(std::nullopt);
   m_pointer = QPoint(1120, 780);
-  embedded().click(QRect(1109, 774, 22, 22));
-  embedded().click(std::nullopt);
+  clickEmbedded(QRect(1109, 774, 22, 22));
+  clickEmbedded(std::nullopt);
   EXPECT_EQ(m_places, (std::vector<Place>{QRect(1109, 774, 22, 22), std::nullopt, QRect(1109, 774, 22, 22),
                                           QRect(1120, 780, 1, 1)}));
+}
+
+TEST_F(TrayMenuBarExtraTest, ADoubleClickIsOnePress) {
+  showOnHost();
+  for (int press = 1; press <= 2; ++press) {
+    pauseAfterPress();
+    for (const QString& method : {u"Activate"_s, u"ContextMenu"_s, u"Activate"_s}) {
+      EXPECT_EQ(m_host->item().error(method, somewhere), QString());
+    }
+    pauseAfterPress();
+    EXPECT_EQ(m_places, std::vector<Place>(press, QRect(1155, 13, 1, 1)));
+  }
+}
+
+TEST_F(TrayMenuBarExtraTest, ADoubleClickOnTheEmbeddedIconIsOnePress) {
+  showEmbedded();
+  const QRect icon(1109, 774, 22, 22);
+  for (int press = 1; press <= 2; ++press) {
+    clickEmbedded(icon);
+    embedded().click(icon);
+    EXPECT_EQ(m_places, std::vector<Place>(press, icon));
+  }
+}
+
+TEST_F(TrayMenuBarExtraTest, PressesWhileThePanelOpensAreOne) {
+  // Even if that takes longer than a double click.
+  m_openingTime = 4 * doubleClickInterval;
+  showOnHost();
+  constexpr int presses = 5000;
+  QDBusConnection connection = QDBusConnection::connectToBus(m_bus.address(), u"flood"_s);
+  QDBusMessage press =
+      QDBusMessage::createMethodCall(m_host->registrations().last(), u"/StatusNotifierItem"_s,
+                                     u"org.kde.StatusNotifierItem"_s, u"Activate"_s);
+  press.setArguments(somewhere);
+  for (int i = 0; i < presses; ++i) {
+    connection.send(press);
+  }
+  ASSERT_TRUE(waitFor([this] { return !m_places.empty(); }));
+  QElapsedTimer timer;
+  timer.start();
+  EXPECT_EQ(m_host->item().property(u"Status"_s), u"Active"_s);
+  EXPECT_LT(timer.elapsed(), 1000);
+  // An answer on the same connection comes after all presses.
+  waitForAnswer(connection.asyncCall(press));
+  pauseAfterPress();
+  EXPECT_EQ(m_places.size(), 1U);
+  EXPECT_TRUE(clickItem());
+  QDBusConnection::disconnectFromBus(u"flood"_s);
 }
 
 TEST_F(TrayMenuBarExtraTest, AHostThatComesLaterTakesOver) {
