@@ -9,6 +9,7 @@
 #include <QQuickItem>
 #include <QRegion>
 #include <QScreen>
+#include <QStyleHints>
 
 #include <vector>
 
@@ -27,7 +28,7 @@ DropDownPanel::DropDownPanel(const std::optional<QRect>& icon, const WindowSyste
   } else {
     setGround(colorScheme, Qt::white, Qt::black);
   }
-  connect(m_dropDown.get(), &DropDown::clickedOutside, this, [this] { dismiss(Dismissal::turnedAway); });
+  connect(m_dropDown.get(), &DropDown::clickedOutside, this, &DropDownPanel::handleClickOutside);
 }
 
 DropDownPanel::~DropDownPanel() = default;
@@ -35,6 +36,13 @@ DropDownPanel::~DropDownPanel() = default;
 void DropDownPanel::open() {
   place();
   m_dropDown->show();
+  m_sinceOpening.start();
+}
+
+void DropDownPanel::handleClickOutside() {
+  if (m_sinceOpening.elapsed() >= QGuiApplication::styleHints()->mouseDoubleClickInterval()) {
+    dismiss(Dismissal::turnedAway);
+  }
 }
 
 void DropDownPanel::place() {

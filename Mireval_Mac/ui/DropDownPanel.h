@@ -2,6 +2,7 @@
 
 #include "ui/PanelWindow.h"
 
+#include <QElapsedTimer>
 #include <QRect>
 
 #include <memory>
@@ -13,7 +14,8 @@ class DropDown;
 class WindowSystem;
 
 /// The panel without a frame, above all other windows, beside the icon. Dismissed by a click outside, by
-/// losing the keyboard focus and by Escape.
+/// losing the keyboard focus and by Escape. The second click of a double click on the icon does not dismiss
+/// it.
 class DropDownPanel final : public PanelWindow {
   Q_OBJECT
 
@@ -31,6 +33,7 @@ class DropDownPanel final : public PanelWindow {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void handleClickOutside();
   void dismiss(Dismissal how);
   void place();
   void cutCornersOff();
@@ -39,6 +42,7 @@ class DropDownPanel final : public PanelWindow {
   const WindowSystem& m_windowSystem;
   const bool m_blended;
   const std::unique_ptr<DropDown> m_dropDown;
+  QElapsedTimer m_sinceOpening;
 };
 
 }  // namespace mireval

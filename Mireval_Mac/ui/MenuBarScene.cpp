@@ -7,6 +7,10 @@
 #include "ui/DropDownPanel.h"
 #include "ui/FramedPanel.h"
 
+#include <QGuiApplication>
+#include <QStyleHints>
+
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -15,6 +19,12 @@ namespace {
 
 // A click on the icon may first take the focus away and so dismiss the panel that it is meant to close.
 constexpr qint64 reopeningGuardMs = 300;
+
+/// The guard's time. The second click of a double click that closes the panel does not reopen it either.
+qint64 reopeningTime() {
+  return std::max<qint64>(reopeningGuardMs, QGuiApplication::styleHints()->mouseDoubleClickInterval());
+}
+
 // The pointer's place is known when the button is released, and sometimes never. An earlier place is a good
 // second choice, so it is used soon.
 constexpr auto patienceWithKnownPlace = std::chrono::milliseconds(400);
@@ -45,7 +55,7 @@ void MenuBarScene::toggle(const std::optional<QRect>& place) {
     close();
     return;
   }
-  if (m_sinceTurningAway.isValid() && !m_sinceTurningAway.hasExpired(reopeningGuardMs)) {
+  if (m_sinceTurningAway.isValid() && !m_sinceTurningAway.hasExpired(reopeningTime())) {
     return;
   }
   if (place) {

@@ -4,10 +4,12 @@
 #include "ui/PanelFixture.h"
 
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QStyleHints>
 #include <QtTest/QTest>
 
 namespace mireval {
@@ -161,6 +163,18 @@ TEST_F(MenuBarSceneTest, ClickBesideThePanelClosesItAndDoesNotReopenIt) {
   // Some hosts report the same click as well.
   m_menuBarExtra.click(iconPlace);
   EXPECT_EQ(m_scene.panel(), nullptr);
+}
+
+TEST_F(MenuBarSceneTest, SecondClickOfASlowDoubleClickDoesNotReopenThePanel) {
+  m_menuBarExtra.click(iconPlace);
+  Q_EMIT m_windowSystem.dropDown()->clickedOutside();
+  QTest::qWait(350);
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
+  m_menuBarExtra.click(iconPlace);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(0);
+  m_menuBarExtra.click(iconPlace);
+  EXPECT_NE(m_scene.panel(), nullptr);
 }
 
 TEST_F(MenuBarSceneTest, KnownPlaceIsNotLookedFor) {

@@ -5,6 +5,8 @@
 #include "ui/FramedPanel.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
+#include <QStyleHints>
 #include <QtTest/QTest>
 
 #include <utility>
@@ -39,6 +41,8 @@ std::unique_ptr<PanelWindow> opened(std::unique_ptr<PanelWindow> panel) {
 PanelFixture::PanelFixture() : PanelFixture(std::make_unique<LocalLibraryProvider>()) {}
 
 PanelFixture::PanelFixture(std::unique_ptr<AudioLibraryProviding> provider) {
+  // Two clicks in a row are no double click.
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(0);
   constexpr int tracksPerMood = 16;
   for (const Mood mood : allMoods) {
     for (int number = 1; number <= tracksPerMood; ++number) {

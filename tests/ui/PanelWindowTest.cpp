@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QStyleHints>
 #include <QtTest/QTest>
 
 #include <algorithm>
@@ -392,6 +393,16 @@ TEST_F(PanelWindowTest, ClickOutsideDismissesADropDown) {
   Q_EMIT m_windowSystem.dropDown()->clickedOutside();
   EXPECT_FALSE(panel->isVisible());
   EXPECT_EQ(dismissed.size(), 1);
+}
+
+TEST_F(PanelWindowTest, SecondClickOfADoubleClickOnTheIconDoesNotDismissADropDown) {
+  const auto panel = makePanel();
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
+  Q_EMIT m_windowSystem.dropDown()->clickedOutside();
+  EXPECT_TRUE(panel->isVisible());
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(0);
+  Q_EMIT m_windowSystem.dropDown()->clickedOutside();
+  EXPECT_FALSE(panel->isVisible());
 }
 
 TEST_F(PanelWindowTest, FramedWindowStaysUntilItIsClosed) {
