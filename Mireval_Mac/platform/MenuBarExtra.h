@@ -16,7 +16,7 @@ class MenuBarExtra {
   struct Handlers {
     /// The user wants the panel. `place` is where the icon is, in the window system's own pixels, as far as
     /// the desktop tells: the icon's rectangle or the one pixel that was clicked, or nothing. Called for each
-    /// click, also while the panel is open.
+    /// click, also while the panel is open; once for a double click.
     std::function<void(std::optional<QRect> place)> activated;
 
     /// The icon has lost its place. It appears again as soon as it gets another.

@@ -177,7 +177,7 @@ void MprisMediaControls::appear() {
 }
 
 void MprisMediaControls::introduce() {
-  // The objects first: a client that sees the name may ask at once.
+  // The objects come first, because a client that sees the name may call them at once.
   m_objects.push_back(m_bus.addObject(objectPath, applicationInterface, applicationTable, this));
   m_objects.push_back(m_bus.addObject(objectPath, playerInterface, playerTable, this));
   requestName(busNameOf(m_application));
@@ -190,7 +190,7 @@ void MprisMediaControls::requestName(const QByteArray& name) {
 }
 
 void MprisMediaControls::handleNameReply(sd_bus_message* reply) {
-  // As the D-Bus Specification numbers them.
+  // Results of RequestName in the D-Bus Specification.
   constexpr std::uint32_t primaryOwner = 1;
   constexpr std::uint32_t exists = 3;
   std::uint32_t result = 0;

@@ -7,7 +7,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Well above what two publications may differ by, well below what anybody would call a jump.
+// Larger than the jitter of publications and smaller than a jump that a user notices.
 constexpr auto tolerance = 1s;
 constexpr auto longestExtrapolation = 1s;
 

@@ -5,8 +5,8 @@
 
 namespace mireval {
 
-/// Extrapolates the position in a track between publications, and knows which position a client shows that
-/// extrapolates it by itself. The caller gives the times.
+/// Extrapolates the position in a track between publications. It also keeps the position that clients show,
+/// which extrapolate by themselves. The caller gives the times.
 class MprisPosition {
  public:
   using Clock = std::chrono::steady_clock;

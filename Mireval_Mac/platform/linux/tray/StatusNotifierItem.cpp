@@ -26,8 +26,7 @@ constexpr MessageBus::Method getProcess{"org.freedesktop.DBus", "/org/freedeskto
 constexpr MessageBus::Method registerWithWatcher{watcherName, watcherPath, watcherName,
                                                  "RegisterStatusNotifierItem"};
 constexpr MessageBus::Method getFromWatcher{watcherName, watcherPath, propertiesInterface, "Get"};
-// No rule for the watcher's other signals: they are about the items of others and would only wake this
-// process.
+// The watcher's other signals are about the items of other programs and would only wake this process.
 constexpr const char* hostCameRule =
     "type='signal',sender='org.kde.StatusNotifierWatcher',path='/StatusNotifierWatcher',"
     "interface='org.kde.StatusNotifierWatcher',member='StatusNotifierHostRegistered'";
@@ -119,7 +118,7 @@ void StatusNotifierItem::introduce() {
     m_registrations.push_back(m_bus.addObject(objectPath, itemInterface, tokenMethodTable, this));
   }
   m_menu.appearOn(m_bus);
-  // The rules before the question: no change after the answer is missed.
+  // The rules come before the question, so that no change after the answer is missed.
   m_registrations.push_back(
       m_bus.listenToOwner(watcherName, messageHandler<&StatusNotifierItem::handleOwner>, this));
   for (const char* const rule : {hostCameRule, hostWentRule}) {
@@ -145,7 +144,7 @@ void StatusNotifierItem::forgetWatcher() {
 }
 
 void StatusNotifierItem::findWatcher() {
-  // Also says whether there is one.
+  // The answer also tells whether there is a watcher.
   m_call = m_bus.call(getProcess, {watcherName}, MessageBus::Start::no,
                       messageHandler<&StatusNotifierItem::handleProcess>, this);
 }
@@ -161,7 +160,7 @@ void StatusNotifierItem::handleProcess(sd_bus_message* reply) {
   if (m_host.needsMenu()) {
     m_menuProperty = m_bus.addObject(objectPath, itemInterface, menuPropertyTable, this);
   }
-  // By the unique name: GNOME Shell does not show items that register another.
+  // The unique name, because GNOME Shell does not show items that register another one.
   m_call = m_bus.call(registerWithWatcher, {m_bus.uniqueName().constData()}, MessageBus::Start::no,
                       messageHandler<&StatusNotifierItem::handleRegistered>, this);
 }

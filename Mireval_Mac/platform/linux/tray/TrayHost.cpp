@@ -10,18 +10,16 @@
 namespace mireval {
 namespace {
 
-// Without a menu these pass a right click on to the item, and the panel opens at once: sway's bars, the
-// panels of LXQt and MATE, the trays of Cinnamon and of Plasma 5. Others show a menu of their own then
-// (xfce4-panel), or hide an item that has none (GNOME Shell, which also opens the menu at a single left
-// click).
+// These pass a right click on to an item without a menu, and the panel opens at once: sway's bars, the panels
+// of LXQt and MATE, the trays of Cinnamon and of Plasma 5. Other hosts need a menu: xfce4-panel shows one of
+// its own for an item without one, and GNOME Shell hides such an item.
 constexpr std::array<std::string_view, 6> hostsForItemsWithoutMenu{
     "waybar", "swaybar", "lxqt-panel", "notification-ar", "xapp-sn-watcher", "kded5"};
 
-// On Wayland, what these tell are positions on the desktop: Plasma's, GNOME Shell's, and that of sway's own
-// bar.
+// On Wayland, these tell positions on the desktop: Plasma, GNOME Shell and sway's own bar.
 constexpr std::array<std::string_view, 3> hostsThatTellThePosition{"kded5", "gnome-shell", "swaybar"};
 
-// waybar tells positions inside the icon, and so may other bars: no icon is larger.
+// waybar tells positions inside the icon, and other bars may do so, too. No icon is larger than this.
 constexpr QRect placesInsideAnIcon(0, 0, 65, 65);
 
 bool contains(const auto& names, const QByteArray& name) {

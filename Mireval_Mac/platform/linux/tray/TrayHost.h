@@ -7,7 +7,7 @@
 
 namespace mireval {
 
-/// What the program that shows status notifier items does differently from others. The named programs were
+/// How a program that shows status notifier items differs from others. The programs that are named here were
 /// observed; any other one gets what is safe everywhere.
 class TrayHost {
  public:

@@ -14,8 +14,7 @@ using namespace Qt::StringLiterals;
 
 using namespace std::chrono_literals;
 
-// At the start of a session panels come up after the applications that they show, and a panel that crashed
-// is started again.
+// At the start of a session, bars may start after applications. A bar that crashed is started again.
 constexpr auto timeForBarToStart = 2s;
 
 std::optional<QRect> pixel(std::optional<QPoint> point) {
@@ -43,7 +42,7 @@ void TrayMenuBarExtra::show(const std::filesystem::path& image, Handlers handler
   m_item = std::make_unique<StatusNotifierItem>(m_sessionBus, image,
                                                 usesTokens ? Tokens::wanted : Tokens::unwanted);
   connect(m_item.get(), &StatusNotifierItem::placementChanged, this, &TrayMenuBarExtra::followItem);
-  // Queued: what follows a click may run an event loop, and the host is to have its answer before.
+  // Queued, because the handler may run an event loop, and the host gets its answer before that.
   connect(m_item.get(), &StatusNotifierItem::activated, this, &TrayMenuBarExtra::handleClickOnItem,
           Qt::QueuedConnection);
   m_item->setToolTip(m_toolTip);

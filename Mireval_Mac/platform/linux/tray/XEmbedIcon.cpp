@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 QIcon iconFrom(const std::filesystem::path& image) {
   const IconImages images(image);
   QIcon icon;
-  // Each drawn for itself, because trays scale a single size without smoothing.
+  // One picture for each size, because trays scale without smoothing.
   for (const int side : {16, 22, 24, 32, 48}) {
     icon.addPixmap(QPixmap::fromImage(images.image(side)));
   }
@@ -45,8 +45,8 @@ bool XEmbedIcon::nativeEventFilter(const QByteArray& type, void* message, qintpt
   if (type == "xcb_generic_event_t") {
     constexpr unsigned int typeMask = 0x7f;  // The other bit says that a client has sent the event.
     const unsigned int kind = static_cast<const xcb_generic_event_t*>(message)->response_type & typeMask;
-    // A tray that comes sends a message; one that goes loses its window. Queued, since Qt handles the event
-    // after this.
+    // A new tray sends a message. The window of a lost tray is destroyed. Queued, because Qt handles the
+    // event after this filter.
     if (kind == XCB_CLIENT_MESSAGE || kind == XCB_DESTROY_NOTIFY) {
       QMetaObject::invokeMethod(this, &EmbeddedIcon::placementChanged, Qt::QueuedConnection);
     }
