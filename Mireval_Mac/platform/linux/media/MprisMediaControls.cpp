@@ -18,8 +18,6 @@ constexpr std::uint64_t told = SD_BUS_VTABLE_PROPERTY_EMITS_CHANGE;
 
 constexpr sd_bus_property_get_t normalRate = constantGetter<1, double>;
 
-constexpr const char* commandFailed = "The command could not be obeyed";
-
 QByteArray busNameOf(const MprisMediaControls::Application& application) {
   return "org.mpris.MediaPlayer2." + application.busName;
 }
@@ -85,32 +83,6 @@ MprisMediaControls::~MprisMediaControls() {
   }
 }
 
-void MprisMediaControls::Command::setEnabled(bool enabled) {
-  if (std::exchange(m_enabled, enabled) != enabled && m_property != nullptr) {
-    m_controls.announce({m_property});
-  }
-}
-
-void MprisMediaControls::Command::addHandler(Handler handler) {
-  m_handlers.push_back(std::move(handler));
-  m_controls.appear();
-}
-
-bool MprisMediaControls::Command::send() const {
-  bool succeeded = true;
-  if (m_enabled) {
-    for (const Handler& handler : m_handlers) {
-      succeeded = handler() == RemoteCommandHandlerStatus::success && succeeded;
-    }
-  }
-  return succeeded;
-}
-
-int MprisMediaControls::Command::send(sd_bus_message* call) const {
-  return send() ? sd_bus_reply_method_return(call, nullptr)
-                : sd_bus_reply_method_errorf(call, SD_BUS_ERROR_FAILED, commandFailed);
-}
-
 /// MPRIS wants a rate of 0 to pause. The music has no other rate than 1.
 int MprisMediaControls::receiveRate(sd_bus*, const char*, const char*, const char*, sd_bus_message* value,
                                     void* controls, sd_bus_error* error) {
@@ -118,7 +90,9 @@ int MprisMediaControls::receiveRate(sd_bus*, const char*, const char*, const cha
   double rate = 1;
   sd_bus_message_read(value, "d", &rate);
   const bool pauses = rate == 0 && self->m_playing;
-  return !pauses || self->m_pause.send() ? 0 : sd_bus_error_set(error, SD_BUS_ERROR_FAILED, commandFailed);
+  return !pauses || self->m_pause.send()
+             ? 0
+             : sd_bus_error_set(error, SD_BUS_ERROR_FAILED, MprisCommand::failure);
 }
 
 /// Clients cannot change the volume. The announcement puts a slider back that a user has moved.

@@ -3,6 +3,7 @@
 #include "platform/NowPlayingInfoCenter.h"
 #include "platform/RemoteCommandCenter.h"
 #include "platform/linux/bus/MessageBus.h"
+#include "platform/linux/media/MprisCommand.h"
 #include "platform/linux/media/MprisMetadata.h"
 #include "platform/linux/media/MprisPosition.h"
 
@@ -59,28 +60,6 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
   void quitRequested();
 
  private:
-  class Command final : public RemoteCommand {
-   public:
-    /// `property` tells clients whether the command is enabled; nullptr if none does.
-    Command(MprisMediaControls& controls, const char* property)
-        : m_controls(controls), m_property(property) {}
-
-    void setEnabled(bool enabled) override;
-    void addHandler(Handler handler) override;
-
-    bool isEnabled() const { return m_enabled; }
-    /// Calls the handlers, if the command is enabled. False if one of them fails.
-    bool send() const;
-    /// The same; answers the call.
-    int send(sd_bus_message* call) const;
-
-   private:
-    MprisMediaControls& m_controls;
-    const char* const m_property;
-    bool m_enabled = false;
-    std::vector<Handler> m_handlers;
-  };
-
   using PropertyNames = std::vector<const char*>;
 
   // What the bus calls.
@@ -109,9 +88,9 @@ class MprisMediaControls final : public QObject, public RemoteCommandCenter, pub
   std::int64_t positionAt(MprisPosition::Clock::time_point now) { return m_position.at(now).count(); }
 
   const Application m_application;
-  Command m_play{*this, "CanPlay"};
-  Command m_pause{*this, "CanPause"};
-  Command m_playPause{*this, nullptr};
+  MprisCommand m_play{[this] { announce({"CanPlay"}); }, [this] { appear(); }};
+  MprisCommand m_pause{[this] { announce({"CanPause"}); }, [this] { appear(); }};
+  MprisCommand m_playPause{[] {}, [this] { appear(); }};
   std::optional<MprisMetadata> m_metadata;
   bool m_playing = false;
   MprisPosition m_position;

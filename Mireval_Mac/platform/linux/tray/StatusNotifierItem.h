@@ -29,12 +29,8 @@ class StatusNotifierItem final : public QObject {
   static constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
   static constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
-  enum class Placement {
-    /// Neither the bus nor the watcher has said yet whether there is a host.
-    unknown,
-    nowhere,
-    placed,
-  };
+  /// Unknown until the bus or the watcher has said whether there is a host.
+  enum class Placement { unknown, nowhere, placed };
 
   enum class ActivationTokens { unwanted, wanted };
 
