@@ -3,6 +3,7 @@
 extern "C" {
 #include <libavutil/channel_layout.h>
 #include <libavutil/log.h>
+#include <libavutil/opt.h>
 }
 
 #include <sys/stat.h>
@@ -227,6 +228,10 @@ int AudioDecoder::configureConversion() {
     // Full level on both sides; the library's own default would lower it by 3 dB.
     constexpr std::array<double, channelCount> both{1.0, 1.0};
     status = swr_set_matrix(m_converter.get(), both.data(), 1);
+  }
+  if (status >= 0) {
+    // More channels are mixed so that they do not exceed full scale, even when all of them reach it.
+    status = av_opt_set_double(m_converter.get(), "rematrix_maxval", 1.0, 0);
   }
   av_channel_layout_uninit(&source);
   if (status >= 0) {

@@ -6,6 +6,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <stdexcept>
@@ -94,6 +95,16 @@ TEST_F(AudioDecoderTest, PutsMonoOnBothSidesAtFullLevelAndKeepsTheRateOfTheFile)
   EXPECT_EQ(sound.frames(), 44100U);
   EXPECT_EQ(sound.channel(0), sound.channel(1));
   EXPECT_NEAR(sound.levelDb(), -15.05, 0.1);
+}
+
+TEST_F(AudioDecoderTest, MixesSixChannelsOfFullScaleWithoutExceedingIt) {
+  const auto decoder = open(files.make(
+      "surround.m4a", {"-f", "lavfi", "-i", "aevalsrc=1|1|1|1|1|1:c=5.1:s=44100:d=1", "-c:a", "alac"}));
+  const Recording sound = decodeAll(*decoder);
+  ASSERT_EQ(sound.frames(), 44100U);
+  const float peak = std::ranges::max(sound.samples);
+  EXPECT_LE(peak, 1.0F);
+  EXPECT_GT(peak, 0.99F);
 }
 
 TEST_F(AudioDecoderTest, DecodesAVeryShortFile) {
