@@ -23,8 +23,12 @@ constexpr const char* allowedProtocols = "file";
 constexpr double longestDurationSeconds = 24.0 * 60 * 60;
 /// More than any encoder's padding, less than any musical ending.
 constexpr std::size_t largestPaddingFrames = 4096;
+/// The player would start shorter tracks again and again.
+constexpr double shortestTrackSeconds = 0.05;
+/// No codec has longer frames. At a nonsensical rate, one frame could fill the memory.
+constexpr double longestFrameSeconds = 10;
 /// A short damaged part is skipped; after seconds of it decoding stops.
-constexpr int mostErrorsInARow = 256;
+constexpr int mostPacketsWithoutSound = 256;
 /// The rates that sound servers accept; a file with another rate is resampled.
 constexpr int lowestServerRate = 8000;
 constexpr int highestServerRate = 192000;
@@ -54,17 +58,29 @@ tl::expected<std::unique_ptr<AudioDecoder>, QString> AudioDecoder::open(const st
   av_log_set_level(AV_LOG_QUIET);
   std::unique_ptr<AudioDecoder> decoder(new AudioDecoder);
   int error = decoder->openFile(file);
-  if (error >= 0 && !decoder->decodeFrame()) {
+  if (error >= 0 && !decoder->isLongEnough()) {
     error = decoder->m_lastError < 0 ? decoder->m_lastError : AVERROR_INVALIDDATA;
   }
   if (error < 0) {
     return tl::make_unexpected(describe(error));
   }
-  if (decoder->m_durationSeconds > 0) {
-    decoder->m_promisedFrames =
-        static_cast<std::uint64_t>(std::llround(decoder->m_durationSeconds * decoder->m_sampleRate));
-  }
   return decoder;
+}
+
+bool AudioDecoder::isLongEnough() {
+  if (!decodeFrame()) {
+    return false;
+  }
+  if (m_durationSeconds > 0) {
+    m_promisedFrames = static_cast<std::uint64_t>(std::llround(m_durationSeconds * m_sampleRate));
+  }
+  const auto fewest = static_cast<std::uint64_t>(std::llround(shortestTrackSeconds * m_sampleRate));
+  if (m_promisedFrames < fewest && onlyPaddingFollows(m_promisedFrames)) {
+    return false;
+  }
+  while (pendingFrames() < fewest && decodeFrame()) {
+  }
+  return pendingFrames() >= fewest;
 }
 
 int AudioDecoder::openFile(const std::filesystem::path& file) {
@@ -153,9 +169,7 @@ void AudioDecoder::trimPadding() {
   if (m_deliveredFrames != m_promisedFrames) {
     return;
   }
-  while (pendingFrames() < largestPaddingFrames && decodeFrame()) {
-  }
-  if (pendingFrames() < largestPaddingFrames) {
+  if (onlyPaddingFollows(0)) {
     m_pending.clear();
     m_pendingStart = 0;
   } else {
@@ -164,11 +178,17 @@ void AudioDecoder::trimPadding() {
   }
 }
 
-/// Remembers and counts an error. A codec that asks for input or has ended makes no error.
+/// Decodes ahead to see whether the file ends soon after the next `frames`.
+bool AudioDecoder::onlyPaddingFollows(std::uint64_t frames) {
+  while (pendingFrames() < frames + largestPaddingFrames && decodeFrame()) {
+  }
+  return pendingFrames() < frames + largestPaddingFrames;
+}
+
+/// Remembers an error. A codec that asks for input or has ended makes no error.
 bool AudioDecoder::succeeds(int status) {
   if (status < 0 && status != AVERROR(EAGAIN) && status != AVERROR_EOF) {
     m_lastError = status;
-    ++m_errorsInARow;
   }
   return status >= 0;
 }
@@ -176,13 +196,13 @@ bool AudioDecoder::succeeds(int status) {
 bool AudioDecoder::decodeFrame() {
   while (!m_ended) {
     if (succeeds(avcodec_receive_frame(m_codec.get(), m_frame.get()))) {
-      m_errorsInARow = 0;
       if (convert()) {
+        m_packetsWithoutSound = 0;
         return true;
       }
       continue;
     }
-    if (m_draining || m_errorsInARow >= mostErrorsInARow) {
+    if (m_draining || m_packetsWithoutSound >= mostPacketsWithoutSound) {
       m_failed = m_failed || !m_draining;
       m_ended = true;
       break;
@@ -195,6 +215,7 @@ bool AudioDecoder::decodeFrame() {
       avcodec_send_packet(m_codec.get(), nullptr);
       continue;
     }
+    ++m_packetsWithoutSound;
     if (m_packet->stream_index == m_streamIndex) {
       succeeds(avcodec_send_packet(m_codec.get(), m_packet.get()));
     }
@@ -244,8 +265,9 @@ int AudioDecoder::configureConversion() {
 }
 
 bool AudioDecoder::convert() {
-  if (!succeeds(m_frame->nb_samples > 0 && m_frame->sample_rate > 0 ? configureConversion()
-                                                                    : AVERROR_INVALIDDATA)) {
+  const bool sensible =
+      m_frame->nb_samples > 0 && m_frame->nb_samples <= longestFrameSeconds * m_frame->sample_rate;
+  if (!succeeds(sensible ? configureConversion() : AVERROR_INVALIDDATA)) {
     return false;
   }
   m_pending.erase(m_pending.begin(), m_pending.begin() + static_cast<std::ptrdiff_t>(m_pendingStart));

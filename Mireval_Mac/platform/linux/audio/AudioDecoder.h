@@ -23,8 +23,9 @@ class AudioDecoder {
  public:
   static constexpr std::size_t channelCount = 2;
 
-  /// Opens a regular file and decodes its first frame, so a file without sound is refused here. So is
-  /// all but a local MPEG-4 file: no other containers, no scripts, no network. The error is FFmpeg's text.
+  /// Opens a regular file and decodes its first 50 ms. Refuses a file that is shorter or has no sound, and
+  /// everything but a local MPEG-4 file: no other containers, no scripts, no network. The error is FFmpeg's
+  /// text.
   static tl::expected<std::unique_ptr<AudioDecoder>, QString> open(const std::filesystem::path& file);
 
   /// Frames per second of what `read` delivers: the file's own rate.
@@ -45,6 +46,8 @@ class AudioDecoder {
 
   int openFile(const std::filesystem::path& file);
   int openCodec(int streamIndex);
+  bool isLongEnough();
+  bool onlyPaddingFollows(std::uint64_t frames);
   bool decodeFrame();
   bool convert();
   int configureConversion();
@@ -67,7 +70,7 @@ class AudioDecoder {
   std::uint64_t m_promisedFrames = std::numeric_limits<std::uint64_t>::max();
   std::uint64_t m_deliveredFrames = 0;
   int m_lastError = 0;
-  int m_errorsInARow = 0;
+  int m_packetsWithoutSound = 0;
   bool m_draining = false;
   bool m_ended = false;
   bool m_failed = false;
