@@ -1,8 +1,11 @@
 #include "platform/linux/audio/AudioDecoder.h"
 
+#include "platform/linux/audio/Mp4SampleTables.h"
+
 extern "C" {
 #include <libavutil/channel_layout.h>
 #include <libavutil/log.h>
+#include <libavutil/mem.h>
 #include <libavutil/opt.h>
 }
 
@@ -23,6 +26,8 @@ constexpr const char* allowedProtocols = "file";
 constexpr double longestDurationSeconds = 24.0 * 60 * 60;
 /// More than any encoder's padding, less than any musical ending.
 constexpr std::size_t largestPaddingFrames = 4096;
+/// In bytes, for each buffer of FFmpeg: more than the index of the longest file that is opened needs.
+constexpr std::size_t largestAllocation = 32 << 20;
 /// The player would start shorter tracks again and again.
 constexpr double shortestTrackSeconds = 0.05;
 /// No codec has longer frames. At a nonsensical rate, one frame could fill the memory.
@@ -56,6 +61,7 @@ int checkRegularFile(const std::filesystem::path& file) {
 
 tl::expected<std::unique_ptr<AudioDecoder>, QString> AudioDecoder::open(const std::filesystem::path& file) {
   av_log_set_level(AV_LOG_QUIET);
+  av_max_alloc(largestAllocation);
   std::unique_ptr<AudioDecoder> decoder(new AudioDecoder);
   int error = decoder->openFile(file);
   if (error >= 0 && !decoder->isLongEnough()) {
@@ -87,6 +93,9 @@ int AudioDecoder::openFile(const std::filesystem::path& file) {
   if (const int error = checkRegularFile(file); error < 0) {
     return error;
   }
+  if (!Mp4SampleTables::areAffordable(file)) {
+    return AVERROR_INVALIDDATA;
+  }
   m_packet.reset(av_packet_alloc());
   m_frame.reset(av_frame_alloc());
   if (!m_packet || !m_frame) {
@@ -95,6 +104,8 @@ int AudioDecoder::openFile(const std::filesystem::path& file) {
   AVDictionary* options = nullptr;
   av_dict_set(&options, "format_whitelist", allowedFormats, 0);
   av_dict_set(&options, "protocol_whitelist", allowedProtocols, 0);
+  av_dict_set_int(&options, "max_streams", Mp4SampleTables::mostStreams, 0);
+  av_dict_set(&options, "ignore_chapters", "1", 0);
   // The prefix keeps a path such as "http:/x" a path.
   const std::string url = "file:" + file.string();
   AVFormatContext* format = nullptr;
