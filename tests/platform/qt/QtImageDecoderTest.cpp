@@ -195,6 +195,46 @@ TEST_F(QtImageDecoderTest, TruncatedAndDamagedFilesFail) {
   expectNoPicture(write(damaged));
 }
 
+// The same picture is asked for twice a second, and libpng prints a line or two at each attempt.
+TEST_F(QtImageDecoderTest, AFileThatFailedIsTriedAgainOnlyWhenItHasChanged) {
+  const QByteArray whole = bytesOf(write(picture(200, 100)));
+  const QByteArray truncated = whole.first(whole.size() / 2);
+  const fs::path file = write(truncated);
+  testing::internal::CaptureStderr();
+  expectNoPicture(file);
+  EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+  testing::internal::CaptureStderr();
+  for (int i = 0; i < 20; ++i) {
+    expectNoPicture(file);
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+
+  // As long as the file that failed, at a later time.
+  const auto time = fs::last_write_time(file);
+  const QByteArray small = bytesOf(write(picture(20, 10)));
+  ASSERT_LT(small.size(), truncated.size());
+  write(small + QByteArray(truncated.size() - small.size(), '\0'));
+  fs::last_write_time(file, time + std::chrono::seconds(1));
+  EXPECT_EQ(m_decoder.image(file).size(), QSize(20, 10));
+  // Another file in its place, of the same time.
+  fs::rename(write(truncated), path("failed.png"));
+  fs::last_write_time(path("failed.png"), time);
+  expectNoPicture(path("failed.png"));
+  write(small + QByteArray(truncated.size() - small.size(), '\0'));
+  fs::last_write_time(file, time);
+  fs::rename(file, path("failed.png"));
+  EXPECT_EQ(m_decoder.image(path("failed.png")).size(), QSize(20, 10));
+}
+
+TEST_F(QtImageDecoderTest, ManyFilesMayFail) {
+  for (int i = 0; i < 200; ++i) {
+    const fs::path file = path(("cover-" + std::to_string(i)).c_str());
+    std::ofstream(file) << "not a picture " << i;
+    expectNoPicture(file);
+  }
+  EXPECT_EQ(m_decoder.image(write(picture(20, 10))).size(), QSize(20, 10));
+}
+
 /// The start of a PNG, without its pixels.
 QByteArray pngHeader(quint32 width, quint32 height, char colourType) {
   const auto bytes = [](quint32 number) {
