@@ -3,10 +3,8 @@
 #include "platform/linux/audio/Mp4SampleTables.h"
 
 extern "C" {
-#include <libavutil/channel_layout.h>
 #include <libavutil/log.h>
 #include <libavutil/mem.h>
-#include <libavutil/opt.h>
 }
 
 #include <sys/stat.h>
@@ -30,14 +28,8 @@ constexpr std::size_t largestPaddingFrames = 4096;
 constexpr std::size_t largestAllocation = 32 << 20;
 /// The player would start shorter tracks again and again.
 constexpr double shortestTrackSeconds = 0.05;
-/// No codec has longer frames. At a nonsensical rate, one frame could fill the memory.
-constexpr double longestFrameSeconds = 10;
 /// A short damaged part is skipped; after seconds of it decoding stops.
 constexpr int mostPacketsWithoutSound = 256;
-/// The rates that sound servers accept; a file with another rate is resampled.
-constexpr int lowestServerRate = 8000;
-constexpr int highestServerRate = 192000;
-constexpr int fallbackRate = 48000;
 
 QString describe(int error) {
   std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};
@@ -78,9 +70,9 @@ bool AudioDecoder::isLongEnough() {
     return false;
   }
   if (m_durationSeconds > 0) {
-    m_promisedFrames = static_cast<std::uint64_t>(std::llround(m_durationSeconds * m_sampleRate));
+    m_promisedFrames = static_cast<std::uint64_t>(std::llround(m_durationSeconds * sampleRate()));
   }
-  const auto fewest = static_cast<std::uint64_t>(std::llround(shortestTrackSeconds * m_sampleRate));
+  const auto fewest = static_cast<std::uint64_t>(std::llround(shortestTrackSeconds * sampleRate()));
   if (m_promisedFrames < fewest && onlyPaddingFollows(m_promisedFrames)) {
     return false;
   }
@@ -235,65 +227,10 @@ bool AudioDecoder::decodeFrame() {
   return false;
 }
 
-int AudioDecoder::configureConversion() {
-  if (m_convertedFormat == m_frame->format && m_convertedRate == m_frame->sample_rate &&
-      m_convertedChannels == m_frame->ch_layout.nb_channels) {
-    return 0;
-  }
-  if (m_sampleRate == 0) {
-    const bool served = m_frame->sample_rate >= lowestServerRate && m_frame->sample_rate <= highestServerRate;
-    m_sampleRate = served ? m_frame->sample_rate : fallbackRate;
-  }
-  AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
-  AVChannelLayout source{};
-  if (m_frame->ch_layout.order == AV_CHANNEL_ORDER_UNSPEC) {
-    av_channel_layout_default(&source, m_frame->ch_layout.nb_channels);
-  } else {
-    av_channel_layout_copy(&source, &m_frame->ch_layout);
-  }
-  SwrContext* converter = m_converter.release();
-  int status =
-      swr_alloc_set_opts2(&converter, &stereo, AV_SAMPLE_FMT_FLT, m_sampleRate, &source,
-                          static_cast<AVSampleFormat>(m_frame->format), m_frame->sample_rate, 0, nullptr);
-  m_converter.reset(converter);
-  if (status >= 0 && source.nb_channels == 1) {
-    // Full level on both sides; the library's own default would lower it by 3 dB.
-    constexpr std::array<double, channelCount> both{1.0, 1.0};
-    status = swr_set_matrix(m_converter.get(), both.data(), 1);
-  }
-  if (status >= 0) {
-    // More channels are mixed so that they do not exceed full scale, even when all of them reach it.
-    status = av_opt_set_double(m_converter.get(), "rematrix_maxval", 1.0, 0);
-  }
-  av_channel_layout_uninit(&source);
-  if (status >= 0) {
-    status = swr_init(m_converter.get());
-  }
-  m_convertedFormat = status < 0 ? -1 : m_frame->format;
-  m_convertedRate = m_frame->sample_rate;
-  m_convertedChannels = m_frame->ch_layout.nb_channels;
-  return status;
-}
-
 bool AudioDecoder::convert() {
-  const bool sensible =
-      m_frame->nb_samples > 0 && m_frame->nb_samples <= longestFrameSeconds * m_frame->sample_rate;
-  if (!succeeds(sensible ? configureConversion() : AVERROR_INVALIDDATA)) {
-    return false;
-  }
   m_pending.erase(m_pending.begin(), m_pending.begin() + static_cast<std::ptrdiff_t>(m_pendingStart));
   m_pendingStart = 0;
-  const int room = swr_get_out_samples(m_converter.get(), m_frame->nb_samples);
-  if (room <= 0) {
-    return false;
-  }
-  const std::size_t before = m_pending.size();
-  m_pending.resize(before + static_cast<std::size_t>(room) * channelCount);
-  auto* output = reinterpret_cast<std::uint8_t*>(m_pending.data() + before);
-  const int count =
-      swr_convert(m_converter.get(), &output, room, const_cast<const std::uint8_t**>(m_frame->extended_data),
-                  m_frame->nb_samples);
-  m_pending.resize(before + static_cast<std::size_t>(std::max(count, 0)) * channelCount);
+  const int count = m_converter.convert(*m_frame, m_pending);
   return succeeds(count) && count > 0;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/audio/FfmpegPointer.h"
+#include "platform/linux/audio/StereoConverter.h"
 
 #include <QString>
 
@@ -17,11 +18,11 @@
 namespace mireval {
 
 /// Decodes one MPEG-4 audio file (m4a and its family) from its start to stereo frames of 32-bit floats.
-/// Mono is put on both sides; the encoder's priming and padding are removed. May be used on any thread, by
+/// The encoder's priming and padding are removed. May be used on any thread, by
 /// one thread at a time.
 class AudioDecoder {
  public:
-  static constexpr std::size_t channelCount = 2;
+  static constexpr std::size_t channelCount = StereoConverter::channelCount;
 
   /// Opens a regular file and decodes its first 50 ms. Refuses a file that is shorter or has no sound, and
   /// everything but a local MPEG-4 file: no other containers, no scripts, no network. The error is FFmpeg's
@@ -29,7 +30,7 @@ class AudioDecoder {
   static tl::expected<std::unique_ptr<AudioDecoder>, QString> open(const std::filesystem::path& file);
 
   /// Frames per second of what `read` delivers: the file's own rate.
-  int sampleRate() const { return m_sampleRate; }
+  int sampleRate() const { return m_converter.sampleRate(); }
 
   /// Length in seconds as the file states it; 0 when it does not, or states nonsense.
   double durationSeconds() const { return m_durationSeconds; }
@@ -50,7 +51,6 @@ class AudioDecoder {
   bool onlyPaddingFollows(std::uint64_t frames);
   bool decodeFrame();
   bool convert();
-  int configureConversion();
   bool succeeds(int status);
   void trimPadding();
   std::size_t pendingFrames() const { return (m_pending.size() - m_pendingStart) / channelCount; }
@@ -59,12 +59,8 @@ class AudioDecoder {
   FfmpegPointer<AVCodecContext, avcodec_free_context> m_codec;
   FfmpegPointer<AVPacket, av_packet_free> m_packet;
   FfmpegPointer<AVFrame, av_frame_free> m_frame;
-  FfmpegPointer<SwrContext, swr_free> m_converter;
+  StereoConverter m_converter;
   int m_streamIndex = -1;
-  int m_sampleRate = 0;
-  int m_convertedRate = 0;
-  int m_convertedFormat = -1;
-  int m_convertedChannels = 0;
   double m_durationSeconds = 0;
   /// As many frames as the file states. More than that, from the encoder's last block, is padding.
   std::uint64_t m_promisedFrames = std::numeric_limits<std::uint64_t>::max();
