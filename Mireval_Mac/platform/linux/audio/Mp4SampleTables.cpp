@@ -177,7 +177,8 @@ void Mp4SampleTables::addTable(std::uint32_t type, Bytes content) {
       m_cost += growth * bytesPerSample * numberAt(content, 4);
       break;
     case fourCharacters("sidx"):
-      m_cost += bytesPerFragment * static_cast<double>(content.size() / 12);
+      // Each entry names a fragment.
+      m_cost += bytesPerFragment * static_cast<double>(content.size()) / 12;
       break;
     case fourCharacters("stts"):
       ++m_track.timeTables;
@@ -190,13 +191,9 @@ void Mp4SampleTables::addTable(std::uint32_t type, Bytes content) {
     case fourCharacters("stsc"):
       addChunkSizes(content);
       break;
-    case fourCharacters("elst"): {
-      // FFmpeg heeds the size of the table if its stated length is wrong.
-      const std::size_t entrySize = numberAt(content, 0) >> 24 == 1 ? 20 : 12;
-      m_track.edits +=
-          std::max<double>(numberAt(content, 4), static_cast<double>(content.size() / entrySize));
+    case fourCharacters("elst"):
+      addEdits(content);
       break;
-    }
     case fourCharacters("hdlr"): {
       constexpr std::array others{fourCharacters("vide"), fourCharacters("subp"), fourCharacters("clcp")};
       m_track.isSound = m_track.isSound || numberAt(content, 8) == fourCharacters("soun");
@@ -208,6 +205,13 @@ void Mp4SampleTables::addTable(std::uint32_t type, Bytes content) {
   }
 }
 
+void Mp4SampleTables::addEdits(Bytes content) {
+  // FFmpeg heeds the size of the table if its stated length is wrong.
+  const std::size_t entrySize = numberAt(content, 0) >> 24 == 1 ? 20 : 12;
+  const std::size_t fitting = content.size() / entrySize;
+  m_track.edits += static_cast<double>(std::max<std::size_t>(numberAt(content, 4), fitting));
+}
+
 void Mp4SampleTables::addTrack(Bytes content, int depth) {
   m_track = {};
   addBoxes(content, depth + 1);
@@ -215,7 +219,8 @@ void Mp4SampleTables::addTrack(Bytes content, int depth) {
   if (m_track.isSound && !m_track.isOther && m_track.timeTables > 0 &&
       m_track.timeTables == m_track.oneTickTables) {
     // Uncompressed sound: FFmpeg puts many samples into one entry.
-    entries = m_track.chunks * (m_track.mostSamplesInAChunk / fewestSamplesInAPacket + 1);
+    const std::uint32_t entriesInAChunk = m_track.mostSamplesInAChunk / fewestSamplesInAPacket + 1;
+    entries = m_track.chunks * entriesInAChunk;
   }
   if (m_track.edits > mostEdits) {
     m_cost = refused;

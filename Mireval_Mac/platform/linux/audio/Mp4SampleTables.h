@@ -52,6 +52,7 @@ class Mp4SampleTables {
   void addTrack(Bytes content, int depth);
   void addMetadata(Bytes content, int depth);
   void addSampleDescription(Bytes content);
+  void addEdits(Bytes content);
   void addChunkSizes(Bytes content);
 
   /// A number of bytes that FFmpeg is likely to need. Not an integer, since false claims add up to any size.

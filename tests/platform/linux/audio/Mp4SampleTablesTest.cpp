@@ -149,7 +149,7 @@ TEST_F(Mp4SampleTablesTest, RefusesADescriptionThatIsHidden) {
   EXPECT_FALSE(isAffordable(extended("moov", {}, bigEndian(8) + "cmov")));
   std::string deep;
   for (int depth = 0; depth < 20; ++depth) {
-    deep = bigEndian(static_cast<std::uint32_t>(deep.size()) + 8) + "udta" + deep;
+    deep.insert(0, bigEndian(static_cast<std::uint32_t>(deep.size()) + 8) + "udta");
   }
   EXPECT_FALSE(isAffordable(extended("moov", {}, deep)));
 }
