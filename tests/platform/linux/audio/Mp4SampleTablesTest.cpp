@@ -131,6 +131,18 @@ TEST_F(Mp4SampleTablesTest, RefusesALongEditList) {
   EXPECT_FALSE(opens(withEdits(100'000)));
 }
 
+// To begin where the edit begins, FFmpeg decodes everything from the only sync sample on.
+TEST_F(Mp4SampleTablesTest, SearchesTheFirstSoundNotForLong) {
+  const auto beginningAt = [&](std::uint32_t second) {
+    m_good = AudioFiles::contentOf(m_files.tone(440, 10));
+    m_good = changed("elst", 12, bigEndian(second * 44100));
+    return extended("stbl", {"minf", "mdia", "trak", "moov"},
+                    bigEndian(20) + "stss" + bigEndian(0) + bigEndian(1) + bigEndian(1));
+  };
+  EXPECT_TRUE(opens(beginningAt(1)));
+  EXPECT_FALSE(opens(beginningAt(8)));
+}
+
 TEST_F(Mp4SampleTablesTest, CountsTheSamplesOfFragments) {
   const std::string whole = AudioFiles::contentOf(
       m_files.make("fragments.m4a", {"-f", "lavfi", "-i", "sine=d=30", "-c:a", "aac", "-movflags",
