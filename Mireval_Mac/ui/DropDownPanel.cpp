@@ -4,6 +4,7 @@
 #include "ui/ContinuousRectangle.h"
 #include "ui/PanelPlacement.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QMarginsF>
 #include <QQuickItem>
@@ -37,10 +38,15 @@ void DropDownPanel::open() {
   place();
   m_dropDown->show();
   m_sinceOpening.start();
+  m_openedAt = QCursor::pos();
 }
 
 void DropDownPanel::handleClickOutside() {
-  if (m_sinceOpening.elapsed() >= QGuiApplication::styleHints()->mouseDoubleClickInterval()) {
+  const QStyleHints& hints = *QGuiApplication::styleHints();
+  const bool isSecondOfTwo =
+      m_sinceOpening.elapsed() < hints.mouseDoubleClickInterval() &&
+      (QCursor::pos() - m_openedAt).manhattanLength() <= hints.mouseDoubleClickDistance();
+  if (!isSecondOfTwo) {
     dismiss(Dismissal::turnedAway);
   }
 }

@@ -3,6 +3,7 @@
 #include "ui/PanelWindow.h"
 
 #include <QElapsedTimer>
+#include <QPoint>
 #include <QRect>
 
 #include <memory>
@@ -43,6 +44,8 @@ class DropDownPanel final : public PanelWindow {
   const bool m_blended;
   const std::unique_ptr<DropDown> m_dropDown;
   QElapsedTimer m_sinceOpening;
+  /// Of the pointer at the opening.
+  QPoint m_openedAt;
 };
 
 }  // namespace mireval

@@ -405,6 +405,14 @@ TEST_F(PanelWindowTest, SecondClickOfADoubleClickOnTheIconDoesNotDismissADropDow
   EXPECT_FALSE(panel->isVisible());
 }
 
+TEST_F(PanelWindowTest, QuickClickElsewhereDismissesADropDown) {
+  const auto panel = makePanel();
+  QGuiApplication::styleHints()->setMouseDoubleClickInterval(60'000);
+  QCursor::setPos(QCursor::pos() + QPoint(0, 50));
+  Q_EMIT m_windowSystem.dropDown()->clickedOutside();
+  EXPECT_FALSE(panel->isVisible());
+}
+
 TEST_F(PanelWindowTest, FramedWindowStaysUntilItIsClosed) {
   const auto panel = makeFramedPanel();
   const QSignalSpy dismissed(panel.get(), &PanelWindow::dismissed);
