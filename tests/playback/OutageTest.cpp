@@ -46,6 +46,12 @@ const std::map<QString, double> pitches{
 const QList<QString> focus{u"first"_s, u"second"_s, u"lost"_s, u"third"_s};
 const QList<QString> tempo{u"other"_s};
 
+/// How long the server is away: a second, so that the tests end soon, or what is tried by hand.
+Clock::duration outage() {
+  const QByteArray seconds = qgetenv("MIREVAL_OUTAGE_SECONDS");
+  return seconds.isEmpty() ? 1s : std::chrono::seconds(seconds.toInt());
+}
+
 /// What is to be seen and heard, if a button does the same with a server and without.
 struct Expectation {
   QList<QString> playlist = focus;
@@ -203,7 +209,7 @@ class OutageTest : public testing::TestWithParam<SoundServer::Kind> {
     ASSERT_NO_FATAL_FAILURE(startPlaying());
 
     m_server.interrupt();
-    const auto back = Clock::now() + 1s;
+    const auto back = Clock::now() + outage();
     for (const Press button : buttons) {
       std::this_thread::sleep_for(200ms);
       press(button);
@@ -245,7 +251,9 @@ TEST_P(OutageTest, WhatIsPressedMeanwhileIsShownToldAndHeard) {
   for (const Press first : presses) {
     expectAfterOutage({first});
     for (const Press second : presses) {
-      expectAfterOutage({first, second});
+      if (outage() == 1s) {
+        expectAfterOutage({first, second});
+      }
     }
   }
 }
