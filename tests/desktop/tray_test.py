@@ -124,6 +124,14 @@ class TrayCase(DesktopTest):
     def has_keyboard(self):
         return self.session.run("xdotool", "getwindowfocus").stdout.split() == self.windows()
 
+    def start_music(self, icon):
+        """Opens the panel and presses a mode; returns a recorder once it hears the music."""
+        self.open_panel(icon)
+        self.player.press("Focus")
+        recorder = self.listen()
+        self.hear_sound(recorder)
+        return recorder
+
     def close_panel(self):
         wait_for(self.has_keyboard, "the panel to have the keyboard", 5)
         self.session.press_key("Escape")
@@ -453,10 +461,7 @@ class BarCrashTest(TrayCase):
     def test_the_music_goes_on(self):
         bar = XfcePanel(self.session)
         player = self.start_player()
-        self.open_panel(centre_of(self.find_icon(bar)))
-        player.press("Focus")
-        recorder = self.listen()
-        self.hear_sound(recorder)
+        recorder = self.start_music(centre_of(self.find_icon(bar)))
         _, _, title, text = self.item("ToolTip")
         self.assertEqual(title, "Mireval")
         self.assertIn(text, player.texts())
@@ -518,10 +523,7 @@ class LostIconTest(TrayCase):
     def test_the_panel_closes_and_the_music_goes_on(self):
         bar = XfcePanel(self.session)
         player = self.start_player()
-        self.open_panel(centre_of(self.find_icon(bar)))
-        player.press("Focus")
-        recorder = self.listen()
-        self.hear_sound(recorder)
+        recorder = self.start_music(centre_of(self.find_icon(bar)))
         start = recorder.mark()
 
         with self.subTest("bar"):
@@ -547,10 +549,7 @@ class LostIconTest(TrayCase):
     def test_an_embedded_icon(self):
         bar = Tint2(self.session, 0x101010)
         player = self.start_player()
-        self.open_panel(centre_of(self.find_icon(bar)))
-        player.press("Focus")
-        recorder = self.listen()
-        self.hear_sound(recorder)
+        recorder = self.start_music(centre_of(self.find_icon(bar)))
         start = recorder.mark()
         bar.kill()
         self.wait_until_closed_soon()
@@ -587,10 +586,7 @@ class BusyItemTest(TrayCase):
 
     def play(self):
         """Starts the music, with the panel closed; returns the recorder."""
-        self.open_panel(self.icon)
-        self.player.press("Focus")
-        recorder = self.listen()
-        self.hear_sound(recorder)
+        recorder = self.start_music(self.icon)
         self.close_panel()
         return recorder
 
