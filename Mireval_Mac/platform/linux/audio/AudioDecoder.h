@@ -18,8 +18,7 @@
 namespace mireval {
 
 /// Decodes one MPEG-4 audio file (m4a and its family) from its start to stereo frames of 32-bit floats.
-/// The encoder's priming and padding are removed. May be used on any thread, by
-/// one thread at a time.
+/// The encoder's priming and padding are removed. May be used on any thread, by one thread at a time.
 class AudioDecoder {
  public:
   static constexpr std::size_t channelCount = StereoConverter::channelCount;
