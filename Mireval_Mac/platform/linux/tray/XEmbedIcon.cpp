@@ -2,6 +2,7 @@
 
 #include "platform/ScreenArea.h"
 #include "platform/linux/tray/IconImages.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -10,6 +11,8 @@
 #include <QScreen>
 
 #include <xcb/xcb.h>
+
+#include <string>
 
 namespace mireval {
 namespace {
@@ -39,6 +42,13 @@ XEmbedIcon::XEmbedIcon(const std::filesystem::path& image) : m_icon(iconFrom(ima
   connect(&m_icon, &QSystemTrayIcon::activated, this, [this] { Q_EMIT activated(place()); });
   QCoreApplication::instance()->installNativeEventFilter(this);
   m_icon.show();
+}
+
+// Qt 6.8 answers this question only after the session bus has answered, also for an icon that is already
+// embedded. So the X server is asked: a tray owns the selection of its screen.
+bool XEmbedIcon::isPlaced() const {
+  const auto x11 = X11Connection::forApplication();
+  return x11 && x11->selectionHasOwner("_NET_SYSTEM_TRAY_S" + std::to_string(x11->screenNumber()));
 }
 
 bool XEmbedIcon::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {

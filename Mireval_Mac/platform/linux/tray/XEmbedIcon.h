@@ -21,7 +21,7 @@ class XEmbedIcon final : public EmbeddedIcon, private QAbstractNativeEventFilter
   static std::unique_ptr<EmbeddedIcon> make(const std::filesystem::path& image);
 
   void setToolTip(const QString& text) override { m_icon.setToolTip(text); }
-  bool isPlaced() const override { return QSystemTrayIcon::isSystemTrayAvailable(); }
+  bool isPlaced() const override;
 
  private:
   explicit XEmbedIcon(const std::filesystem::path& image);

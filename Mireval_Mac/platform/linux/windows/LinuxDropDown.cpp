@@ -1,6 +1,6 @@
 #include "platform/linux/windows/LinuxDropDown.h"
 
-#include "platform/linux/windows/X11Connection.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <QGuiApplication>
 #include <QMouseEvent>

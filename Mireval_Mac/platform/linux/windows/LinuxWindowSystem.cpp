@@ -2,8 +2,8 @@
 
 #include "platform/linux/windows/LinuxDropDown.h"
 #include "platform/linux/windows/WorkArea.h"
-#include "platform/linux/windows/X11Connection.h"
 #include "platform/linux/windows/XwaylandPointerFinder.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,7 +1,7 @@
 #include "platform/linux/windows/InvisibleWindow.h"
 #include "platform/linux/windows/LinuxDropDown.h"
 #include "platform/linux/windows/LinuxWindowSystem.h"
-#include "platform/linux/windows/X11Connection.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <gtest/gtest.h>
 

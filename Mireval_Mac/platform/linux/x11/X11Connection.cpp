@@ -1,4 +1,4 @@
-#include "platform/linux/windows/X11Connection.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <QGuiApplication>
 
@@ -17,8 +17,9 @@ struct Free {
   void operator()(void* memory) const { std::free(memory); }
 };
 
-template <typename Reply>
-using ReplyPointer = std::unique_ptr<Reply, Free>;
+/// To what libxcb has allocated.
+template <typename Value>
+using Pointer = std::unique_ptr<Value, Free>;
 
 template <typename Value>
 std::vector<Value> valuesIn(const QByteArray& bytes) {
@@ -36,11 +37,20 @@ std::optional<X11Connection> X11Connection::forApplication() {
   if (connection == nullptr || xcb_connection_has_error(connection) != 0) {
     return std::nullopt;
   }
-  return X11Connection(connection, xcb_setup_roots_iterator(xcb_get_setup(connection)).data);
+  int number = 0;
+  int display = 0;
+  char* host = nullptr;
+  xcb_parse_display(nullptr, &host, &display, &number);
+  const Pointer<char> freed(host);
+  xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+  for (int i = 0; i < number && screens.rem > 1; ++i) {
+    xcb_screen_next(&screens);
+  }
+  return X11Connection(connection, screens.data, number);
 }
 
 bool X11Connection::hasExtension(std::string_view name) const {
-  const ReplyPointer<xcb_query_extension_reply_t> reply(xcb_query_extension_reply(
+  const Pointer<xcb_query_extension_reply_t> reply(xcb_query_extension_reply(
       m_connection, xcb_query_extension(m_connection, static_cast<std::uint16_t>(name.size()), name.data()),
       nullptr));
   return reply && reply->present != 0;
@@ -48,13 +58,13 @@ bool X11Connection::hasExtension(std::string_view name) const {
 
 bool X11Connection::selectionHasOwner(std::string_view selection) const {
   const xcb_atom_t name = atom(selection);
-  const ReplyPointer<xcb_get_selection_owner_reply_t> reply(
+  const Pointer<xcb_get_selection_owner_reply_t> reply(
       xcb_get_selection_owner_reply(m_connection, xcb_get_selection_owner(m_connection, name), nullptr));
   return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 std::optional<QPoint> X11Connection::pointer() const {
-  const ReplyPointer<xcb_query_pointer_reply_t> reply(
+  const Pointer<xcb_query_pointer_reply_t> reply(
       xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, root()), nullptr));
   if (!reply || reply->same_screen == 0) {
     return std::nullopt;
@@ -85,7 +95,7 @@ void X11Connection::addAtoms(xcb_window_t window, std::string_view property,
 }
 
 xcb_atom_t X11Connection::atom(std::string_view name, Make make) const {
-  const ReplyPointer<xcb_intern_atom_reply_t> reply(
+  const Pointer<xcb_intern_atom_reply_t> reply(
       xcb_intern_atom_reply(m_connection,
                             xcb_intern_atom(m_connection, make == Make::no ? 1 : 0,
                                             static_cast<std::uint16_t>(name.size()), name.data()),
@@ -97,7 +107,7 @@ QByteArray X11Connection::bytes(xcb_window_t window, xcb_atom_t property, xcb_at
   if (property == XCB_ATOM_NONE || type == XCB_ATOM_NONE) {
     return {};
   }
-  const ReplyPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+  const Pointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(
       m_connection, xcb_get_property(m_connection, 0, window, property, type, 0, propertyLimit), nullptr));
   if (!reply || reply->type != type || reply->format != format) {
     return {};

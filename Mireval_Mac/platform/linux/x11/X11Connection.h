@@ -24,6 +24,8 @@ class X11Connection final {
   bool hasExtension(std::string_view name) const;
   bool selectionHasOwner(std::string_view selection) const;
 
+  /// Of the screen that shows the application's windows; a display may have several, each with its own root.
+  int screenNumber() const { return m_screenNumber; }
   xcb_window_t root() const { return m_screen->root; }
   /// In pixels, over all screens.
   QSize rootSize() const { return {m_screen->width_in_pixels, m_screen->height_in_pixels}; }
@@ -42,8 +44,8 @@ class X11Connection final {
                 std::initializer_list<std::string_view> added) const;
 
  private:
-  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen)
-      : m_connection(connection), m_screen(screen) {}
+  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, int screenNumber)
+      : m_connection(connection), m_screen(screen), m_screenNumber(screenNumber) {}
 
   enum class Make : std::uint8_t { no, yes };
 
@@ -52,6 +54,7 @@ class X11Connection final {
 
   xcb_connection_t* m_connection;
   const xcb_screen_t* m_screen;
+  int m_screenNumber;
 };
 
 }  // namespace mireval
