@@ -15,7 +15,7 @@ SUFFIXES = {".h", ".hpp", ".cpp", ".c", ".cc", ".inc", ".in"}
 LINUX_DESKTOP = {
     "platform", "platform/qt", "platform/linux/audio", "platform/linux/bus", "platform/linux/instance",
     "platform/linux/media", "platform/linux/memory", "platform/linux/settings", "platform/linux/tray",
-    "platform/linux/windows", "platform/linux/LinuxDesktop.h",
+    "platform/linux/wayland", "platform/linux/windows", "platform/linux/LinuxDesktop.h",
 }
 
 # What a file of each floor or room may include of ours. A file belongs to the longest of these that begins its
@@ -31,7 +31,8 @@ ALLOWED = {
     "platform/linux/posix": {"platform/linux/posix"},
     "platform/linux/settings": {"platform", "platform/qt", "platform/linux/bus", "platform/linux/settings"},
     "platform/linux/tray": {"platform", "platform/linux/bus", "platform/linux/tray", "platform/linux/x11"},
-    "platform/linux/windows": {"platform", "platform/linux/posix", "platform/linux/windows", "platform/linux/x11"},
+    "platform/linux/wayland": {"platform/linux/posix", "platform/linux/wayland"},
+    "platform/linux/windows": {"platform", "platform/linux/wayland", "platform/linux/windows", "platform/linux/x11"},
     "platform/linux/x11": {"platform/linux/x11"},
     "platform/linux/LinuxDesktop.h": LINUX_DESKTOP,
     "platform/linux/LinuxDesktop.cpp": LINUX_DESKTOP,
