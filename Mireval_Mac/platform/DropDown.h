@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QRect>
 
 class QScreen;
 
@@ -13,12 +14,17 @@ class DropDown : public QObject {
   Q_OBJECT
 
  public:
-  /// Puts the window's top-left corner at a place on the screen, before `show` or later. `position` is in
-  /// device-independent pixels, as in ScreenArea. Does nothing where the desktop chooses the place.
-  virtual void moveTo(QScreen& screen, QPoint position) = 0;
+  /// Puts the window's top-left corner at a place on the screen, before `show` or later. `position` and
+  /// `workArea` are in device-independent pixels, as in ScreenArea; the position was chosen for that work
+  /// area. Does nothing where the desktop chooses the place.
+  virtual void moveTo(QScreen& screen, const QRect& workArea, QPoint position) = 0;
 
   /// Shows the window and asks for the keyboard.
   virtual void show() = 0;
+
+  /// Whether the visible window has the keyboard to itself and is told of clicks outside, as it is after
+  /// `show`. Without that, another window of the application can be used beside it.
+  virtual void setExclusive(bool exclusive) = 0;
 
  Q_SIGNALS:
   /// A button was pressed and released beside the window. Where the desktop does not tell, the loss of the

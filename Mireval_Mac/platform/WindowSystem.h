@@ -5,6 +5,7 @@
 #include "platform/ScreenArea.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QWindow;
@@ -27,7 +28,9 @@ class WindowSystem {
   virtual bool blendsWindows() const = 0;
 
   /// In the order of QGuiApplication::screens, the primary one first. Empty only while the desktop has none.
-  virtual std::vector<ScreenArea> screens() const = 0;
+  /// `icon` is the icon's place in the window system's own pixels, if that is known. It tells the side of the
+  /// bars where the desktop does not.
+  virtual std::vector<ScreenArea> screens(const std::optional<QRect>& icon) const = 0;
 };
 
 }  // namespace mireval

@@ -41,6 +41,11 @@ void DropDownPanel::open() {
   m_openedAt = QCursor::pos();
 }
 
+void DropDownPanel::setSettingsOpen(bool open) {
+  m_settingsOpen = open;
+  m_dropDown->setExclusive(!open);
+}
+
 void DropDownPanel::handleClickOutside() {
   const QStyleHints& hints = *QGuiApplication::styleHints();
   const bool isSecondOfTwo =
@@ -52,13 +57,13 @@ void DropDownPanel::handleClickOutside() {
 }
 
 void DropDownPanel::place() {
-  const std::vector<ScreenArea> screens = m_windowSystem.screens();
+  const std::vector<ScreenArea> screens = m_windowSystem.screens(m_icon);
   if (screens.empty()) {
     return;
   }
   const PanelPlacement placement = placePanel(m_icon, size(), screens);
   QScreen* const screen = QGuiApplication::screens().at(static_cast<qsizetype>(placement.screen));
-  m_dropDown->moveTo(*screen, placement.position);
+  m_dropDown->moveTo(*screen, screens[placement.screen].workArea, placement.position);
   if (!m_blended) {
     cutCornersOff();
   }
@@ -80,7 +85,9 @@ void DropDownPanel::dismiss(Dismissal how) {
 
 void DropDownPanel::focusOutEvent(QFocusEvent* event) {
   PanelWindow::focusOutEvent(event);
-  dismiss(Dismissal::turnedAway);
+  if (!m_settingsOpen) {
+    dismiss(Dismissal::turnedAway);
+  }
 }
 
 void DropDownPanel::keyPressEvent(QKeyEvent* event) {

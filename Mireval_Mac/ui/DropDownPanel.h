@@ -15,8 +15,8 @@ class DropDown;
 class WindowSystem;
 
 /// The panel without a frame, above all other windows, beside the icon. Dismissed by a click outside, by
-/// losing the keyboard focus and by Escape. The second click of a double click on the icon does not dismiss
-/// it.
+/// losing the keyboard focus, unless to the settings, and by Escape. The second click of a double click on
+/// the icon does not dismiss it.
 class DropDownPanel final : public PanelWindow {
   Q_OBJECT
 
@@ -27,6 +27,7 @@ class DropDownPanel final : public PanelWindow {
   ~DropDownPanel() override;
 
   void open() override;
+  void setSettingsOpen(bool open) override;
 
  protected:
   void focusOutEvent(QFocusEvent* event) override;
@@ -43,6 +44,7 @@ class DropDownPanel final : public PanelWindow {
   const WindowSystem& m_windowSystem;
   const bool m_blended;
   const std::unique_ptr<DropDown> m_dropDown;
+  bool m_settingsOpen = false;
   QElapsedTimer m_sinceOpening;
   /// Of the pointer at the opening.
   QPoint m_openedAt;

@@ -98,6 +98,12 @@ void MenuBarScene::showPanel() {
   }
 }
 
+void MenuBarScene::setSettingsOpen(bool open) {
+  if (m_panel) {
+    m_panel->setSettingsOpen(open);
+  }
+}
+
 void MenuBarScene::openDropDown() {
   endSearch();
   Q_EMIT panelWillOpen();

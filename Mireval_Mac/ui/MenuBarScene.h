@@ -48,6 +48,9 @@ class MenuBarScene final : public QObject {
   /// the front.
   void showPanel();
 
+  /// Tells the open panel, which shares the keyboard with the settings.
+  void setSettingsOpen(bool open);
+
   /// The open panel, or nullptr.
   PanelWindow* panel() const { return m_panel.get(); }
 

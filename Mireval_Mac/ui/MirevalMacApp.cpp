@@ -92,6 +92,10 @@ void connectScenes(MenuBarScene& scene, SettingsScene& settings, const Desktop& 
   QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, desktop.releaseUnusedMemory);
   QObject::connect(&scene, &MenuBarScene::settingsRequested, &settings, &SettingsScene::show);
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
+  QObject::connect(&settings, &SettingsScene::windowWillShow, &scene,
+                   [&scene] { scene.setSettingsOpen(true); });
+  QObject::connect(&settings, &SettingsScene::windowDidClose, &scene,
+                   [&scene] { scene.setSettingsOpen(false); });
   QObject::connect(&settings, &SettingsScene::windowDidClose, &settings, desktop.releaseUnusedMemory);
   QObject::connect(&desktop.memoryPressure, &MemoryPressure::memoryIsShort, &scene, [&desktop] {
     CoverImages::coverImageCache().releaseUnused();

@@ -23,6 +23,9 @@ class PanelWindow : public ViewWindow {
   /// Shows the window. Called once.
   virtual void open() = 0;
 
+  /// The panel stays open beside the settings, and both can be used.
+  virtual void setSettingsOpen(bool /*open*/) {}
+
  Q_SIGNALS:
   /// The user is done with the window. It is hidden already. It must not be deleted in a direct connection.
   void dismissed(mireval::PanelWindow::Dismissal how);

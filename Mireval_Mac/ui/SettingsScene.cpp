@@ -11,6 +11,7 @@ SettingsScene::SettingsScene(AppLocalization& localization, ColorScheme& colorSc
 SettingsScene::~SettingsScene() = default;
 
 void SettingsScene::show() {
+  Q_EMIT windowWillShow();
   if (m_window) {
     m_window->bringToFront();
     return;

@@ -28,6 +28,9 @@ class SettingsScene final : public QObject {
   SettingsWindow* window() const { return m_window.get(); }
 
  Q_SIGNALS:
+  /// The window is about to open, or to come to the front.
+  void windowWillShow();
+
   /// The window is gone, with all that it held.
   void windowDidClose();
 

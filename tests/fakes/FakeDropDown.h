@@ -11,7 +11,7 @@ class FakeDropDown final : public DropDown {
  public:
   explicit FakeDropDown(QWindow& window) : m_window(window) { m_window.setFlags(Qt::FramelessWindowHint); }
 
-  void moveTo(QScreen& screen, QPoint position) override {
+  void moveTo(QScreen& screen, const QRect&, QPoint position) override {
     m_window.setScreen(&screen);
     m_window.setPosition(position);
   }
@@ -21,7 +21,12 @@ class FakeDropDown final : public DropDown {
     m_window.requestActivate();
   }
 
+  void setExclusive(bool exclusive) override { m_exclusive = exclusive; }
+
+  bool isExclusive() const { return m_exclusive; }
+
  private:
+  bool m_exclusive = true;
   QWindow& m_window;
 };
 

@@ -28,7 +28,7 @@ class FakeWindowSystem final : public WindowSystem {
 
   bool blendsWindows() const override { return m_blends; }
 
-  std::vector<ScreenArea> screens() const override {
+  std::vector<ScreenArea> screens(const std::optional<QRect>&) const override {
     std::vector<ScreenArea> areas;
     for (const QScreen* const screen : QGuiApplication::screens()) {
       areas.push_back({.geometry = screen->geometry(),
@@ -39,7 +39,7 @@ class FakeWindowSystem final : public WindowSystem {
   }
 
   /// The last one that was made, or nullptr once it is deleted.
-  DropDown* dropDown() const { return m_dropDown; }
+  FakeDropDown* dropDown() const { return m_dropDown; }
   PointerFinder* finder() const { return m_finder; }
 
   void setBlends(bool blends) { m_blends = blends; }
@@ -48,7 +48,7 @@ class FakeWindowSystem final : public WindowSystem {
  private:
   bool m_blends = true;
   bool m_findsPointer = false;
-  mutable QPointer<DropDown> m_dropDown;
+  mutable QPointer<FakeDropDown> m_dropDown;
   mutable QPointer<PointerFinder> m_finder;
 };
 

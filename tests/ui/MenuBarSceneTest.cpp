@@ -177,6 +177,16 @@ TEST_F(MenuBarSceneTest, SecondClickOfASlowDoubleClickDoesNotReopenThePanel) {
   EXPECT_NE(m_scene.panel(), nullptr);
 }
 
+TEST_F(MenuBarSceneTest, SettingsHaveRoomBesideThePanelThatIsOpenThen) {
+  m_scene.setSettingsOpen(true);
+  m_menuBarExtra.click(iconPlace);
+  EXPECT_TRUE(m_windowSystem.dropDown()->isExclusive());
+  m_scene.setSettingsOpen(true);
+  EXPECT_FALSE(m_windowSystem.dropDown()->isExclusive());
+  m_scene.setSettingsOpen(false);
+  EXPECT_TRUE(m_windowSystem.dropDown()->isExclusive());
+}
+
 TEST_F(MenuBarSceneTest, KnownPlaceIsNotLookedFor) {
   m_windowSystem.setFindsPointer(true);
   m_menuBarExtra.click(iconPlace);

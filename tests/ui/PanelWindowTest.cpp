@@ -413,6 +413,19 @@ TEST_F(PanelWindowTest, QuickClickElsewhereDismissesADropDown) {
   EXPECT_FALSE(panel->isVisible());
 }
 
+TEST_F(PanelWindowTest, DropDownStaysOpenBesideTheSettings) {
+  const auto panel = makePanel();
+  panel->setSettingsOpen(true);
+  EXPECT_FALSE(m_windowSystem.dropDown()->isExclusive());
+  QFocusEvent loss(QEvent::FocusOut);
+  QCoreApplication::sendEvent(panel.get(), &loss);
+  EXPECT_TRUE(panel->isVisible());
+  panel->setSettingsOpen(false);
+  EXPECT_TRUE(m_windowSystem.dropDown()->isExclusive());
+  QCoreApplication::sendEvent(panel.get(), &loss);
+  EXPECT_FALSE(panel->isVisible());
+}
+
 TEST_F(PanelWindowTest, FramedWindowStaysUntilItIsClosed) {
   const auto panel = makeFramedPanel();
   const QSignalSpy dismissed(panel.get(), &PanelWindow::dismissed);

@@ -60,8 +60,10 @@ TEST_F(SettingsSceneTest, TheWindowHasTheApplicationsIcon) {
 }
 
 TEST_F(SettingsSceneTest, ThereIsOneAtMost) {
+  const QSignalSpy willShow(&m_scene, &SettingsScene::windowWillShow);
   const SettingsWindow* const window = &open();
   m_scene.show();
+  EXPECT_EQ(willShow.size(), 2);
   EXPECT_EQ(m_scene.window(), window);
   EXPECT_TRUE(window->isVisible());
 }

@@ -13,6 +13,7 @@
 #include "platform/linux/settings/SystemLocale.h"
 #include "platform/linux/tray/TrayMenuBarExtra.h"
 #include "platform/linux/tray/XEmbedIcon.h"
+#include "platform/linux/wayland/LayerShell.h"
 #include "platform/linux/windows/DisplayServer.h"
 #include "platform/linux/windows/LinuxWindowSystem.h"
 #include "platform/qt/FolderResourceBundle.h"
@@ -61,7 +62,9 @@ struct LinuxDesktop::Services {
   PortalColorScheme colorScheme{sessionBus};
   LinuxWindowSystem windowSystem;
   TrayMenuBarExtra menuBarExtra{sessionBus,
-                                {.pointer = &LinuxWindowSystem::pointer, .embed = &XEmbedIcon::make}};
+                                {.pointer = &LinuxWindowSystem::pointer,
+                                 .embed = &XEmbedIcon::make,
+                                 .hostsTellPlaces = !windowSystem.usesLayers()}};
   KernelMemoryPressure memoryPressure;
   ShowRequests showRequests;
   SingleInstanceServer laterCopies;
@@ -136,18 +139,19 @@ std::optional<int> LinuxDesktop::prepare(Start start) {
 }
 
 bool LinuxDesktop::chooseDisplay() {
-  QByteArray wanted = qgetenv("QT_QPA_PLATFORM");
-  if (wanted.isEmpty()) {
-    // Only X11, also the one inside a Wayland session, lets a window choose its place.
-    wanted = "xcb;wayland";
-  }
-  const UsableDisplays displays = findUsableDisplays(wanted);
+  const UsableDisplays displays = findUsableDisplays(qgetenv("QT_QPA_PLATFORM"));
   if (displays.platforms.isEmpty()) {
     m_notices.say("no display answers; set DISPLAY or WAYLAND_DISPLAY");
     return false;
   }
   if (displays.x11IsSilent) {
     m_notices.say("the X server does not answer; the windows are shown without it");
+  }
+  if (displays.waylandIsSilent) {
+    m_notices.say("the Wayland compositor does not answer; the windows are shown without it");
+  }
+  if (displays.hasLayers) {
+    LayerShell::prepareWindows();
   }
   qputenv("QT_QPA_PLATFORM", displays.platforms);
   return true;

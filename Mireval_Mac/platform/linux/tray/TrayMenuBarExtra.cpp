@@ -101,7 +101,8 @@ void TrayMenuBarExtra::followPlacement() {
 
 void TrayMenuBarExtra::handleClickOnItem(std::optional<QPoint> told) {
   press([this, told] {
-    return pixel(m_item->host().placeOf({.told = told, .pointer = m_services.pointer()}));
+    return pixel(m_item->host().placeOf(
+        {.told = m_services.hostsTellPlaces ? told : std::nullopt, .pointer = m_services.pointer()}));
   });
 }
 

@@ -34,6 +34,8 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
     std::function<std::optional<QPoint>()> pointer;
     /// Makes an icon for trays that do not use the bus, showing the image; nothing where there are none.
     std::function<std::unique_ptr<EmbeddedIcon>(const std::filesystem::path& image)> embed;
+    /// Whether hosts count in the window system's own pixels when they tell where the icon was clicked.
+    bool hostsTellPlaces = true;
     /// How long a lost icon may be away before it is missing.
     std::chrono::milliseconds patienceAfterLoss = std::chrono::seconds(30);
   };

@@ -1,18 +1,21 @@
 #include "platform/linux/windows/DisplayServer.h"
 
-#include "platform/linux/posix/FileDescriptor.h"
-#include "platform/linux/posix/UnixSocketAddress.h"
+#include "platform/linux/wayland/LayerShell.h"
+#include "platform/linux/wayland/WaylandProxy.h"
+#include "platform/linux/wayland/WaylandQueue.h"
 
 #include <QByteArray>
 #include <QByteArrayList>
 
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <wayland-client.h>
 #include <xcb/xcb.h>
 
 #include <cerrno>
 #include <csignal>
+#include <memory>
+#include <optional>
 
 namespace mireval {
 namespace {
@@ -57,25 +60,48 @@ Answer askX11(std::chrono::seconds patience) {
   return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Answer::yes : Answer::no;
 }
 
-bool waylandAnswers() {
-  QByteArray path = qgetenv("WAYLAND_DISPLAY");
-  if (path.isEmpty()) {
-    return false;
+struct WaylandAnswer {
+  Answer answer = Answer::no;
+  bool hasLayers = false;
+};
+
+WaylandAnswer askWayland(std::chrono::seconds patience) {
+  if (qEnvironmentVariableIsSet("WAYLAND_SOCKET")) {
+    // Somebody has connected for us, once; that is for Qt.
+    return {.answer = Answer::yes};
   }
-  if (!path.startsWith('/')) {
-    path = qgetenv("XDG_RUNTIME_DIR") + '/' + path;
+  if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+    return {};
   }
-  const auto address = unixSocketAddress(path.toStdString());
-  const FileDescriptor connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-  return address && connection.isOpen() &&
-         connect(connection.get(), reinterpret_cast<const sockaddr*>(&*address), sizeof *address) == 0;
+  const std::unique_ptr<wl_display, decltype(&wl_display_disconnect)> connection(wl_display_connect(nullptr),
+                                                                                 &wl_display_disconnect);
+  if (!connection) {
+    return {};
+  }
+  QByteArrayList interfaces;
+  const WaylandQueue queue(connection.get());
+  const WaylandProxy<wl_registry> registry(wl_display_get_registry(queue.standInFor(connection.get()).get()));
+  static constexpr wl_registry_listener listener{
+      .global = [](void* list, wl_registry*, std::uint32_t, const char* interface,
+                   std::uint32_t) { static_cast<QByteArrayList*>(list)->append(interface); },
+      .global_remove = [](void*, wl_registry*, std::uint32_t) {}};
+  wl_registry_add_listener(registry.get(), &listener, &interfaces);
+  if (!queue.roundTrip(patience)) {
+    return {.answer = wl_display_get_error(connection.get()) == 0 ? Answer::notInTime : Answer::no};
+  }
+  return {.answer = Answer::yes, .hasLayers = LayerShell::isAmong(interfaces)};
 }
 
 }  // namespace
 
 UsableDisplays findUsableDisplays(const QByteArray& platforms, std::chrono::seconds patience) {
   UsableDisplays displays;
+  std::optional<WaylandAnswer> wayland;
+  const auto waylandOnce = [&] { return *(wayland ? wayland : wayland = askWayland(patience)); };
   QByteArrayList left = platforms.split(';');
+  if (platforms.isEmpty()) {
+    left = waylandOnce().hasLayers ? QByteArrayList{"wayland", "xcb"} : QByteArrayList{"xcb", "wayland"};
+  }
   while (!left.isEmpty()) {
     const QByteArray& platform = left.constFirst();
     Answer answer = Answer::yes;
@@ -83,7 +109,9 @@ UsableDisplays findUsableDisplays(const QByteArray& platforms, std::chrono::seco
       answer = askX11(patience);
       displays.x11IsSilent |= answer == Answer::notInTime;
     } else if (platform.startsWith("wayland")) {
-      answer = waylandAnswers() ? Answer::yes : Answer::no;
+      answer = waylandOnce().answer;
+      displays.waylandIsSilent |= answer == Answer::notInTime;
+      displays.hasLayers = waylandOnce().hasLayers;
     }
     if (answer == Answer::yes) {
       break;

@@ -26,6 +26,7 @@ const LinuxDropDown::Kind LinuxDropDown::grabbing{
     .flags = Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint,
     // Leaves the keyboard alone: grabbing it would swallow the media keys.
     .grab = [](QWindow& window) { return window.setMouseGrabEnabled(true); },
+    .release = [](QWindow& window) { window.setMouseGrabEnabled(false); },
 };
 
 const LinuxDropDown::Kind LinuxDropDown::managed{
@@ -52,6 +53,7 @@ const LinuxDropDown::Kind LinuxDropDown::popup{
     // The desktop gives the X server the keyboard, but does not tell it for which window. This does not take
     // the desktop's own keys, such as the media keys.
     .grab = [](QWindow& window) { return window.setKeyboardGrabEnabled(true); },
+    .release = [](QWindow& window) { window.setKeyboardGrabEnabled(false); },
 };
 
 LinuxDropDown::LinuxDropDown(QWindow& window, const Kind& kind) : m_window(window), m_kind(kind) {
@@ -68,7 +70,7 @@ LinuxDropDown::LinuxDropDown(QWindow& window, const Kind& kind) : m_window(windo
   }
 }
 
-void LinuxDropDown::moveTo(QScreen& screen, QPoint position) {
+void LinuxDropDown::moveTo(QScreen& screen, const QRect&, QPoint position) {
   // The screen comes first: the position depends on its scale.
   m_window.setScreen(&screen);
   m_window.setPosition(position);
@@ -87,8 +89,24 @@ void LinuxDropDown::show() {
   grabInput(grabAttempts);
 }
 
+void LinuxDropDown::setExclusive(bool exclusive) {
+  if (std::exchange(m_exclusive, exclusive) == exclusive || !m_window.isVisible()) {
+    return;
+  }
+  if (m_catcher) {
+    m_catcher->setVisible(exclusive);
+  }
+  if (exclusive) {
+    m_window.raise();
+    m_window.requestActivate();
+    grabInput(grabAttempts);
+  } else {
+    m_kind.release(m_window);
+  }
+}
+
 void LinuxDropDown::grabInput(int attemptsLeft) {
-  if (m_window.isVisible() && !m_kind.grab(m_window) && attemptsLeft > 1) {
+  if (m_exclusive && m_window.isVisible() && !m_kind.grab(m_window) && attemptsLeft > 1) {
     QTimer::singleShot(grabInterval, this, [this, attemptsLeft] { grabInput(attemptsLeft - 1); });
   }
 }

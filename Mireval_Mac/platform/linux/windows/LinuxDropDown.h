@@ -25,6 +25,8 @@ class LinuxDropDown final : public DropDown {
     void (*activated)(QWindow& window) = [](QWindow&) {};
     /// Grabs what the visible window needs of the input devices. Called until it succeeds, for a while.
     bool (*grab)(QWindow& window) = [](QWindow&) { return true; };
+    /// Undoes `grab`.
+    void (*release)(QWindow& window) = [](QWindow&) {};
   };
 
   /// For plain Wayland: the desktop chooses the place and tells nothing but the loss of the keyboard.
@@ -42,8 +44,9 @@ class LinuxDropDown final : public DropDown {
   /// The window and the kind must outlive the drop-down.
   LinuxDropDown(QWindow& window, const Kind& kind);
 
-  void moveTo(QScreen& screen, QPoint position) override;
+  void moveTo(QScreen& screen, const QRect& workArea, QPoint position) override;
   void show() override;
+  void setExclusive(bool exclusive) override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -53,6 +56,7 @@ class LinuxDropDown final : public DropDown {
   QWindow& m_window;
   const Kind& m_kind;
   std::unique_ptr<InvisibleWindow> m_catcher;
+  bool m_exclusive = true;
   bool m_pressedOutside = false;
 };
 

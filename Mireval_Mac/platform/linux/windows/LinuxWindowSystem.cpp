@@ -1,5 +1,8 @@
 #include "platform/linux/windows/LinuxWindowSystem.h"
 
+#include "platform/linux/wayland/LayerShell.h"
+#include "platform/linux/windows/LayerDropDown.h"
+#include "platform/linux/windows/LayerPointerFinder.h"
 #include "platform/linux/windows/LinuxDropDown.h"
 #include "platform/linux/windows/WorkArea.h"
 #include "platform/linux/windows/XwaylandPointerFinder.h"
@@ -42,7 +45,14 @@ std::vector<Strut> struts(const X11Connection& x11) {
 
 }  // namespace
 
+LinuxWindowSystem::LinuxWindowSystem() : m_layers(LayerShell::forApplication()) {}
+
+LinuxWindowSystem::~LinuxWindowSystem() = default;
+
 std::unique_ptr<DropDown> LinuxWindowSystem::makeDropDown(QWindow& window) const {
+  if (m_layers) {
+    return std::make_unique<LayerDropDown>(window, *m_layers);
+  }
   const auto x11 = X11Connection::forApplication();
   if (!x11) {
     return std::make_unique<LinuxDropDown>(window, LinuxDropDown::placedByDesktop);
@@ -56,6 +66,9 @@ std::unique_ptr<DropDown> LinuxWindowSystem::makeDropDown(QWindow& window) const
 }
 
 std::unique_ptr<PointerFinder> LinuxWindowSystem::findPointer() const {
+  if (m_layers) {
+    return std::make_unique<LayerPointerFinder>(*m_layers);
+  }
   const auto x11 = X11Connection::forApplication();
   return x11 && isInsideWayland(*x11) ? std::make_unique<XwaylandPointerFinder>() : nullptr;
 }
@@ -66,16 +79,19 @@ bool LinuxWindowSystem::blendsWindows() const {
   return !x11 || x11->selectionHasOwner("_NET_WM_CM_S0") || isInsideWayland(*x11);
 }
 
-std::vector<ScreenArea> LinuxWindowSystem::screens() const {
+std::vector<ScreenArea> LinuxWindowSystem::screens(const std::optional<QRect>& icon) const {
   // With several screens, Qt does not subtract the bars.
   const auto x11 = X11Connection::forApplication();
   const std::vector<Strut> bars = x11 ? struts(*x11) : std::vector<Strut>();
   std::vector<ScreenArea> areas;
-  for (const QScreen* const screen : QGuiApplication::screens()) {
+  for (QScreen* const screen : QGuiApplication::screens()) {
+    // Wayland counts in device-independent pixels.
     ScreenArea area{.geometry = screen->geometry(),
                     .workArea = screen->availableGeometry(),
-                    .scale = screen->devicePixelRatio()};
-    if (x11) {
+                    .scale = x11 ? screen->devicePixelRatio() : 1};
+    if (m_layers) {
+      area.workArea = workAreaOfSize(area.geometry, m_layers->usableSize(*screen), icon);
+    } else if (x11) {
       const QRect native = workArea(area.nativeGeometry(), x11->rootSize(), bars);
       const QRectF left = area.fromNative(QRectF(native));
       area.workArea &= QRect(QPoint(qCeil(left.left()), qCeil(left.top())),

@@ -62,4 +62,22 @@ QRect workArea(const QRect& screen, QSize desktop, const std::vector<Strut>& str
   return area.isEmpty() ? screen : area;
 }
 
+QRect workAreaOfSize(const QRect& screen, QSize size, const std::optional<QRect>& icon) {
+  const QSize bars = (screen.size() - size).boundedTo(screen.size()).expandedTo(QSize(0, 0));
+  const QPoint place = icon ? icon->center() : screen.bottomRight();
+  const int fromLeft = place.x() - screen.left();
+  const int fromRight = screen.right() - place.x();
+  const int fromTop = place.y() - screen.top();
+  const int fromBottom = screen.bottom() - place.y();
+  const bool horizontal = bars.height() > 0 && (bars.width() == 0 || std::min(fromTop, fromBottom) <=
+                                                                         std::min(fromLeft, fromRight));
+  // Bars along other edges are not where the panel goes.
+  if (horizontal) {
+    return screen.adjusted(0, fromTop <= fromBottom ? bars.height() : 0, 0,
+                           fromTop <= fromBottom ? 0 : -bars.height());
+  }
+  return screen.adjusted(fromLeft <= fromRight ? bars.width() : 0, 0,
+                         fromLeft <= fromRight ? 0 : -bars.width(), 0);
+}
+
 }  // namespace mireval

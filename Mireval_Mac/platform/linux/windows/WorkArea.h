@@ -4,6 +4,7 @@
 #include <QSize>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace mireval {
@@ -16,5 +17,9 @@ using Strut = std::vector<std::uint32_t>;
 /// which is as large as `desktop`. Reserved space counts only along this screen's own edges. Bars that
 /// together leave nothing are ignored.
 QRect workArea(const QRect& screen, QSize desktop, const std::vector<Strut>& struts);
+
+/// What bars leave of a screen when only its size is known: the bars are taken to be where the icon is, or at
+/// the bottom if that is not known. All in the same pixels.
+QRect workAreaOfSize(const QRect& screen, QSize size, const std::optional<QRect>& icon);
 
 }  // namespace mireval

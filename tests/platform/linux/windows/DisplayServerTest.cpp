@@ -1,5 +1,7 @@
 #include "platform/linux/windows/DisplayServer.h"
 
+#include "FakeCompositor.h"
+
 #include "platform/linux/posix/FileDescriptor.h"
 #include "platform/linux/posix/UnixSocketAddress.h"
 
@@ -7,16 +9,22 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 
+#include <layer-shell-client-protocol.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <viewporter-client-protocol.h>
 
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
@@ -49,10 +57,18 @@ class DisplayServerTest : public testing::Test {
     qputenv("DISPLAY", QByteArray::fromStdString(":" + number));
   }
 
-  void makeWayland() {
-    const std::string path = m_folder.filePath(QStringLiteral("wayland")).toStdString();
-    m_wayland = makeSilentServer(*unixSocketAddress(path), sizeof(sockaddr_un));
+  std::string takeWaylandPath() {
+    const std::string path = m_folder.filePath(u"wayland"_s).toStdString();
     qputenv("WAYLAND_DISPLAY", QByteArray::fromStdString(path));
+    return path;
+  }
+
+  void makeSilentWayland() {
+    m_wayland = makeSilentServer(*unixSocketAddress(takeWaylandPath()), sizeof(sockaddr_un));
+  }
+
+  void makeWayland(std::span<const wl_interface* const> offered = {}) {
+    m_compositor.emplace(takeWaylandPath(), offered);
   }
 
   const QByteArray m_displayBefore = qgetenv("DISPLAY");
@@ -60,6 +76,7 @@ class DisplayServerTest : public testing::Test {
   const QTemporaryDir m_folder;
   FileDescriptor m_x11;
   FileDescriptor m_wayland;
+  std::optional<FakeCompositor> m_compositor;
 };
 
 TEST_F(DisplayServerTest, WithoutADisplayNothingIsUsable) {
@@ -96,6 +113,64 @@ TEST_F(DisplayServerTest, ASilentX11ServerIsNotAskedWhereAnotherComesFirst) {
   const UsableDisplays displays = findUsableDisplays("wayland;xcb", 5s);
   EXPECT_EQ(displays.platforms, "wayland;xcb");
   EXPECT_FALSE(displays.x11IsSilent);
+}
+
+constexpr std::array layers{&zwlr_layer_shell_v1_interface, &wp_viewporter_interface};
+
+TEST_F(DisplayServerTest, WaylandComesFirstWhereItHasLayers) {
+  makeWayland(layers);
+  const UsableDisplays displays = findUsableDisplays({});
+  EXPECT_EQ(displays.platforms, "wayland;xcb");
+  EXPECT_TRUE(displays.hasLayers);
+  // What the user wants comes before.
+  EXPECT_EQ(findUsableDisplays("wayland").platforms, "wayland");
+  EXPECT_TRUE(findUsableDisplays("wayland").hasLayers);
+  EXPECT_EQ(findUsableDisplays("offscreen;wayland").platforms, "offscreen;wayland");
+  EXPECT_FALSE(findUsableDisplays("offscreen;wayland").hasLayers);
+}
+
+TEST_F(DisplayServerTest, AnXServerThatDoesNotAnswerDoesNotMatterWhereWaylandHasLayers) {
+  makeSilentX11();
+  makeWayland(layers);
+  const UsableDisplays displays = findUsableDisplays({});
+  EXPECT_EQ(displays.platforms, "wayland;xcb");
+  EXPECT_FALSE(displays.x11IsSilent);
+}
+
+TEST_F(DisplayServerTest, X11ComesFirstWhereWaylandHasNoLayers) {
+  makeWayland();
+  // There is no X server.
+  EXPECT_EQ(findUsableDisplays({}).platforms, "wayland");
+  EXPECT_FALSE(findUsableDisplays({}).hasLayers);
+  makeSilentX11();
+  const UsableDisplays displays = findUsableDisplays({}, 1s);
+  EXPECT_EQ(displays.platforms, "wayland");
+  EXPECT_TRUE(displays.x11IsSilent);
+}
+
+TEST_F(DisplayServerTest, LayersNeedWhatStretchesAPixel) {
+  makeWayland(std::array{&zwlr_layer_shell_v1_interface});
+  EXPECT_FALSE(findUsableDisplays({}).hasLayers);
+}
+
+TEST_F(DisplayServerTest, ASilentCompositorIsPassedOver) {
+  makeSilentWayland();
+  const auto start = Clock::now();
+  const UsableDisplays displays = findUsableDisplays({}, 1s);
+  EXPECT_EQ(displays.platforms, "");
+  EXPECT_TRUE(displays.waylandIsSilent);
+  EXPECT_GE(Clock::now() - start, 900ms);
+  // It is asked once.
+  EXPECT_LT(Clock::now() - start, 1900ms);
+}
+
+TEST_F(DisplayServerTest, AConnectionThatSomebodyElseHasMadeIsLeftToQt) {
+  makeSilentWayland();
+  qputenv("WAYLAND_SOCKET", "1000");
+  const UsableDisplays displays = findUsableDisplays({});
+  qunsetenv("WAYLAND_SOCKET");
+  EXPECT_EQ(displays.platforms, "wayland");
+  EXPECT_FALSE(displays.hasLayers);
 }
 
 // Starts with the name of the tests that run on an X server.

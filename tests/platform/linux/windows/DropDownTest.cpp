@@ -26,7 +26,7 @@ class DropDownTest : public testing::TestWithParam<const LinuxDropDown::Kind*> {
  protected:
   DropDownTest() {
     m_window.resize(100, 200);
-    m_dropDown.moveTo(*QGuiApplication::primaryScreen(), place);
+    m_dropDown.moveTo(*QGuiApplication::primaryScreen(), {}, place);
     m_dropDown.show();
   }
 
@@ -91,7 +91,7 @@ TEST_P(CatchingDropDownTest, CoversEverythingButTheWindow) {
            mask.contains(panel.topLeft() - QPoint(1, 1));
   };
   EXPECT_TRUE(coversAllBut(m_window.geometry()));
-  m_dropDown.moveTo(*m_window.screen(), {10, 30});
+  m_dropDown.moveTo(*m_window.screen(), {}, {10, 30});
   EXPECT_EQ(m_window.position(), QPoint(10, 30));
   EXPECT_TRUE(coversAllBut(m_window.geometry()));
 }
@@ -109,6 +109,18 @@ TEST_P(CatchingDropDownTest, TellsOfAClickOnTheCoverOnRelease) {
 TEST_P(CatchingDropDownTest, CoverGoesWithTheWindow) {
   ASSERT_NE(catcher(), nullptr);
   m_window.hide();
+  EXPECT_EQ(catcher(), nullptr);
+}
+
+TEST_P(CatchingDropDownTest, CoversNothingWhileItIsNotExclusive) {
+  m_dropDown.setExclusive(false);
+  EXPECT_EQ(catcher(), nullptr);
+  EXPECT_TRUE(m_window.isVisible());
+  m_dropDown.setExclusive(true);
+  EXPECT_NE(catcher(), nullptr);
+  m_window.hide();
+  m_dropDown.setExclusive(false);
+  m_dropDown.setExclusive(true);
   EXPECT_EQ(catcher(), nullptr);
 }
 
@@ -181,6 +193,11 @@ TEST_F(X11DropDownTest, PlainX11GetsAWindowThatGrabsThePointer) {
     xcb_disconnect(other);
     return status;
   };
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return grabOfAnotherClient() == XCB_GRAB_STATUS_ALREADY_GRABBED; }, 2000));
+  dropDown->setExclusive(false);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return grabOfAnotherClient() == XCB_GRAB_STATUS_SUCCESS; }, 2000));
+  dropDown->setExclusive(true);
   EXPECT_TRUE(
       QTest::qWaitFor([&] { return grabOfAnotherClient() == XCB_GRAB_STATUS_ALREADY_GRABBED; }, 2000));
   m_window.hide();

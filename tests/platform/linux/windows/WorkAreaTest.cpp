@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace mireval {
 namespace {
 
@@ -58,6 +60,27 @@ TEST(WorkAreaTest, NonsenseKeepsNothingFree) {
   EXPECT_EQ(workArea(screen, desktop, {Strut(12, UINT32_MAX)}), screen);
   EXPECT_EQ(workArea(screen, desktop, {strutAt(top, 26, 1279, 0)}), screen);
   EXPECT_EQ(workArea(screen, desktop, {strutAt(top, 799, 0, 1279), strutAt(bottom, 799, 0, 1279)}), screen);
+}
+
+TEST(WorkAreaTest, OfAKnownSizeIsBesideTheBarOfTheIcon) {
+  constexpr QRect at(1280, 100, 1280, 800);
+  const auto area = [&](QSize bars, std::optional<QPoint> icon) {
+    return workAreaOfSize(at, at.size() - bars,
+                          icon ? std::optional(QRect(at.topLeft() + *icon, QSize(1, 1))) : std::nullopt);
+  };
+  EXPECT_EQ(area({0, 0}, QPoint(1200, 10)), at);
+  EXPECT_EQ(area({0, 26}, QPoint(1200, 10)), at.adjusted(0, 26, 0, 0));
+  EXPECT_EQ(area({0, 26}, QPoint(1200, 790)), at.adjusted(0, 0, 0, -26));
+  EXPECT_EQ(area({48, 0}, QPoint(10, 700)), at.adjusted(48, 0, 0, 0));
+  EXPECT_EQ(area({48, 0}, QPoint(1270, 700)), at.adjusted(0, 0, -48, 0));
+  // A bar at another edge as well.
+  EXPECT_EQ(area({48, 26}, QPoint(1200, 10)), at.adjusted(0, 26, 0, 0));
+  EXPECT_EQ(area({48, 26}, QPoint(20, 400)), at.adjusted(48, 0, 0, 0));
+  // Nobody knows where the icon is.
+  EXPECT_EQ(area({0, 26}, std::nullopt), at.adjusted(0, 0, 0, -26));
+  EXPECT_EQ(area({48, 0}, std::nullopt), at.adjusted(0, 0, -48, 0));
+  // A compositor that says nonsense.
+  EXPECT_EQ(area({-10, -10}, QPoint(5, 5)), at);
 }
 
 }  // namespace
