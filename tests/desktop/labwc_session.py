@@ -6,9 +6,6 @@ from wlroots_session import (ANNOUNCE_DISPLAYS, BACKGROUND_COLOUR, BAR_COLOUR, F
 
 
 class LabwcSession(Waybar, WlrootsSession):
-    # Where waybar is unless it is told otherwise.
-    layer = "bottom"
-
     def _start_screen(self):
         folder = self.folder / "labwc"
         folder.mkdir()

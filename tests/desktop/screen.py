@@ -46,6 +46,11 @@ class Screenshot:
         start = 3 * (y * self.width + x)
         return tuple(self.pixels[start:start + 3])
 
+    def row(self, x, y, width):
+        """The pixels of a part of a row, as bytes."""
+        start = 3 * (y * self.width + x)
+        return self.pixels[start:start + 3 * width]
+
     def _points(self, colour):
         """The places of all pixels near the colour, row by row."""
         near = -1

@@ -70,14 +70,19 @@ class SettingsTest(ShellCase):
 
     def test_panel_and_settings_on_demand(self):
         player, recorder = self.start_playing()
+        icon = player.find_icon()
 
         # Another copy opens the panel, its key the settings.
         self.ask()
         player.wait_for_text("1 / 16")
         self.session.press_key("ctrl+comma")
         player.wait_for_text("Language")
-        player.wait_until_gone("1 / 16")
+        # Longer than the focus takes to move.
+        time.sleep(0.5)
         self.session.screenshot("settings")
+        self.assertIn("1 / 16", player.texts())
+        self.session.click(icon)
+        player.wait_until_gone("1 / 16")
         settings, = self.windows()
         # Window lists find the desktop file by the class.
         window_class = read_desktop_file()["Desktop Entry"]["StartupWMClass"]
@@ -115,6 +120,26 @@ class SettingsTest(ShellCase):
         player.press("Quit")
         self.assertEqual(player.exit_status(), 0)
         self.assertEqual((player.output, player.errors), ("", ""))
+
+    def test_settings_beside_the_open_panel(self):
+        player = self.start_copy()
+        self.session.click(player.find_icon())
+        player.wait_for_text("Select a mode")
+        self.run_copy("--settings")
+        player.wait_for_text("Language")
+        # Longer than the focus takes to move.
+        time.sleep(0.5)
+        self.session.screenshot("beside")
+        self.assertIn("Select a mode", player.texts())
+        player.press("Focus")
+        player.wait_for_text("1 / 16")
+        self.assertIn("Language", player.texts())
+        settings, = self.session.windows("--name", "^Settings")
+        self.focus(settings)
+        self.session.press_key("alt+F4")
+        player.wait_until_gone("Language")
+        self.session.click((20, 500))
+        player.wait_until_closed()
 
     def test_a_start_with_settings(self):
         player = self.start_copy("--settings")

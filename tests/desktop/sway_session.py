@@ -10,6 +10,7 @@ from wlroots_session import (ANNOUNCE_DISPLAYS, BACKGROUND_COLOUR, FIRST_SCREEN,
 SECOND_SCREEN = "HEADLESS-2"
 # Without a command of its own sway would start the bar, and no test could end and restart it.
 CONFIGURATION = """
+xwayland {xwayland}
 output {screen} resolution {size} position 0,0
 output * background {background} solid_color
 exec {announce}
@@ -30,9 +31,13 @@ def leave_root():
 class SwaySession(WlrootsSession):
     """What the kinds of bars have in common."""
 
+    # Whether there is an X server.
+    xwayland = False
+
     def _start_screen(self):
         configuration = self.folder / "sway.conf"
         configuration.write_text(CONFIGURATION.format(
+            xwayland="enable" if self.xwayland else "disable",
             screen=FIRST_SCREEN, size="{}x{}".format(*SCREEN_SIZE), background=hexadecimal(BACKGROUND_COLOUR),
             announce=ANNOUNCE_DISPLAYS))
         self.environment["SWAYSOCK"] = str(self.folder / "sway.socket")
@@ -63,9 +68,14 @@ class SwaySession(WlrootsSession):
                   "position", str(SCREEN_SIZE[0]), "0")
         self._screens_size = (2 * SCREEN_SIZE[0], SCREEN_SIZE[1])
 
+    def remove_screen(self):
+        """The second one."""
+        self.sway("output", SECOND_SCREEN, "unplug")
+        self._screens_size = SCREEN_SIZE
+
     def set_scale(self, scale):
         """Gives the first screen so many pixels for one of the desktop's own, of which it keeps its number."""
-        self.sway("output", FIRST_SCREEN, "resolution", "{}x{}".format(*(scale * side for side in SCREEN_SIZE)),
+        self.sway("output", FIRST_SCREEN, "resolution", "{}x{}".format(*(round(scale * side) for side in SCREEN_SIZE)),
                   "scale", str(scale))
 
     def window(self, title):

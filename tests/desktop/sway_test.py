@@ -1,11 +1,18 @@
 """Uses the player on a Wayland desktop: the icon in its bars, and the panel beside them."""
 
 import os
+import re
 import socket
+from pathlib import Path
 
+from screen import Screenshot
+from session import wait_for
 from sway_session import SECOND_SCREEN, SwaybarSession, WaybarSession, leave_root
-from wayland_case import FIRST_TRACK, LONG_CLICK_SECONDS, BarTests, MusicTests, OtherWindowTests, WaylandCase
+from wayland_case import FIRST_TRACK, FREE_PLACE, BarTests, DropDownTests, MusicTests, WaylandCase
 from wlroots_session import FIRST_SCREEN
+
+PICTURES = Path(os.environ["MIREVAL_SOURCE"]) / "tests/ui/pictures"
+SETTINGS = "Settings – Mireval"
 
 
 def setUpModule():
@@ -53,36 +60,114 @@ class SwayScreensTest(SwayCase):
                 self.assert_opens_on(*place)
 
 
-class SwayNativeTest(OtherWindowTests, SwayCase):
-    """Without Xwayland no program can say where its windows go."""
-
-    environment = {"QT_QPA_PLATFORM": "wayland"}
-    platforms = ("wayland",)
-
-    def test_opens_as_a_small_window_in_the_middle(self):
-        behind = self.screenshot("behind")
+class SwayUnpluggedTest(SwayCase):
+    def test_a_screen_goes_while_the_panel_is_on_it(self):
+        self.session.add_screen()
+        self.restart_bar("top", "left", SECOND_SCREEN)
         self.open_panel()
-        rectangle, floats = self.session.window("Mireval")
-        self.assertTrue(floats)
-        self.assert_seen(rectangle, behind, self.screenshot("opened"))
-        left, top, width, height = rectangle
-        area_left, area_top, area_width, area_height = self.session.work_area(self.icon)
-        self.assertAlmostEqual(left + width / 2, area_left + area_width / 2, delta=2)
-        self.assertAlmostEqual(top + height / 2, area_top + area_height / 2, delta=2)
-        self.session.click(self.icon, hold=LONG_CLICK_SECONDS)
+        try:
+            self.session.remove_screen()
+        except AssertionError:
+            self.skipTest("this sway cannot unplug screens")
+        wait_for(lambda: self.player.panel() is None, "the panel to close", 5)
+        self.restart_bar("top", "right", FIRST_SCREEN)
+        self.assert_opens_beside_icon("top", "after")
+
+
+class SwayScalesTest(SwayCase):
+    """One screen with more pixels than the desktop counts."""
+
+    # In the fonts of the reference pictures, and with a protocol of what the player says to the desktop.
+    environment = {"FONTCONFIG_FILE": str(PICTURES / "fonts.conf"), "LANG": "C.UTF-8", "WAYLAND_DEBUG": "client"}
+    known_errors = ("",)
+
+    def largest_picture(self):
+        """The width of the widest one that the player has made."""
+        return max(int(width) for width in re.findall(r"create_buffer\(new id wl_buffer@\d+, \d+, (\d+)",
+                                                      self.player.errors.replace("#", "@")))
+
+    def set_scale(self, scale):
+        self.addCleanup(self.session.set_scale, 1)
+        self.session.set_scale(scale)
+        self.restart_bar("top", "center")
+
+    def test_sharp_at_scale_2(self):
+        self.set_scale(2)
+        self.assert_opens_beside_icon("top", "2")
+        left, top, width, height = (2 * side for side in self.player.panel().extents)
+        self.session.move_pointer(FREE_PLACE)
+        seen = self.session.capture_at(2)
+        wanted = Screenshot.by_command(None, "convert", PICTURES / "reference/2x/panel-en-light-nothing.png",
+                                       "-background", "white", "-flatten", "-depth", "8", "ppm:-")
+        self.assertEqual((wanted.width, wanted.height), (width, height))
+        # Without the round corners, which show what is behind. Half-transparent parts are rounded once more here.
+        corner = 60
+        differences = [abs(one - other) for y in range(corner, height - corner)
+                       for one, other in zip(seen.row(left + 4, top + y, width - 8), wanted.row(4, y, width - 8))]
+        self.assertLess(sum(difference > 3 for difference in differences) / len(differences), 1e-4)
+
+    def test_no_coarser_than_the_screen_at_scale_1_5(self):
+        self.set_scale(1.5)
+        self.assert_opens_beside_icon("top", "1.5")
+        self.assertGreaterEqual(self.largest_picture(), 1.5 * self.player.panel().extents[2])
+
+
+class SwaySettingsTest(SwayCase):
+    """The settings beside the open panel."""
+
+    # The player changes it.
+    def setUp(self):
+        super().setUp()
+        self.panel = self.open_panel()
+        self.run_copy("--settings")
+        self.player.wait_for_text("Language")
+
+    def test_both_stay_open_and_follow_the_language(self):
+        left, top, width, height = self.session.window(SETTINGS)[0]
+        self.screenshot("english")
+        self.assertIn("Quit", self.player.texts())
+        # The keyboard is with the settings, whose first control is the list of languages.
+        self.session.click((left + width // 2, top + height // 2))
+        self.assertIn("Quit", self.player.texts())
+        self.session.click((self.panel[0] + 50, self.panel[1] + 60))
+        self.player.wait_for_text(FIRST_TRACK, 5)
+        self.assertIsNotNone(self.session.window(SETTINGS))
+        # The panel is as before when it is alone again.
+        self.session.sway(f'[title="{SETTINGS}"]', "kill")
+        wait_for(lambda: "Language" not in self.player.texts(), "the settings to close", 5)
+        self.session.click(FREE_PLACE)
         self.assert_closes()
+
+
+class SwayXwaylandTest(DropDownTests, SwayCase):
+    """The way through the X server, as on desktops without layers."""
+
+    class Session(WaybarSession):
+        xwayland = True
+
+    kind = Session
+    environment = {"QT_QPA_PLATFORM": "xcb"}
+    platforms = ("wayland", "xcb")
+
+    def test_opens_beside_the_icon(self):
+        for place in (("bottom", "center"), ("top", "right")):
+            with self.subTest(place):
+                self.restart_bar(*place)
+                self.assert_opens_beside_icon(place[0], "-".join(place))
 
     def test_keys_reach_the_panel(self):
-        self.open_panel()
-        self.session.press_key("Tab")
-        self.session.press_key("space")
-        self.player.wait_for_text(FIRST_TRACK, 5)
-        self.session.press_key("Escape")
-        self.assert_closes()
+        for platform in self.platforms:
+            with self.other_window(platform):
+                self.open_panel()
+                self.session.press_key("Tab")
+                self.session.press_key("space")
+                self.player.wait_for_text(FIRST_TRACK, 5)
+                self.session.press_key("Escape")
+                self.assert_closes()
 
 
 class SwaySilentX11Test(SwayCase):
-    """Xwayland accepts connections, but never answers."""
+    """An X server accepts connections, but never answers. It is asked first."""
 
     known_errors = ("the X server does not answer; the windows are shown without it",)
 
@@ -92,13 +177,12 @@ class SwaySilentX11Test(SwayCase):
         # The number is that of this process, which no other display has.
         self.server.bind(f"\0/tmp/.X11-unix/X{os.getpid()}")
         self.server.listen()
-        self.environment = {"DISPLAY": f":{os.getpid()}"}
+        self.environment = {"DISPLAY": f":{os.getpid()}", "QT_QPA_PLATFORM": "xcb;wayland"}
         super().setUp()
 
     def test_wayland_takes_its_place(self):
-        self.open_panel()
+        self.assert_opens_beside_icon(self.edge, "opened")
         self.assertIn(self.known_errors[0], self.player.errors)
-        self.session.window("Mireval")
 
 
 class SwayMusicTest(MusicTests, SwayCase):

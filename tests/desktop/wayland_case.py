@@ -135,7 +135,7 @@ class WaylandCase(DesktopTest):
 class OtherWindowTests:
     """With windows of other programs."""
 
-    platforms = ("wayland", "xcb")
+    platforms = ("wayland",)
 
     def test_click_on_another_window_closes(self):
         for platform in self.platforms:
@@ -162,6 +162,9 @@ class DropDownTests(OtherWindowTests):
 
     def test_second_start_opens(self):
         behind = self.screenshot("behind")
+        self.open_panel()
+        self.session.press_key("Escape")
+        self.assert_closes()
         self.run_copy()
         rectangle = self.wait_until_open()
         self.assert_seen(rectangle, behind, self.screenshot("opened"))
@@ -203,10 +206,11 @@ class BarTests(DropDownTests):
             self.screenshot("pressed")
             self.session.press_key("Escape")
             self.assert_closes()
-        with self.other_window("xcb"):
-            self.open_panel()
-            self.session.press_key("Escape")
-            self.assert_closes()
+        if "xcb" in self.platforms:
+            with self.other_window("xcb"):
+                self.open_panel()
+                self.session.press_key("Escape")
+                self.assert_closes()
 
     def test_right_click_opens(self):
         self.assert_opens_beside_icon(self.edge, "opened", button="right")

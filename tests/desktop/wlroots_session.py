@@ -22,7 +22,7 @@ def hexadecimal(colour):
 
 
 # Tells the desktop's displays, as a line of a shell script.
-ANNOUNCE_DISPLAYS = 'echo "$DISPLAY" "$WAYLAND_DISPLAY" > /dev/fd/$ANNOUNCE'
+ANNOUNCE_DISPLAYS = 'echo "$WAYLAND_DISPLAY" "$DISPLAY" > /dev/fd/$ANNOUNCE'
 WAYBAR_STYLE = f"* {{ border-radius: 0; }} window#waybar {{ background: {hexadecimal(BAR_COLOUR)}; }}"
 
 
@@ -40,7 +40,11 @@ class WlrootsSession(Session):
         self.environment.update({"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1",
                                  "WLR_RENDERER": "pixman", "XCURSOR_PATH": str(self.folder)})
         self._compositor, displays = self._start_announcing("sh", "-c", f"ANNOUNCE={{}} exec {command}")
-        self.environment["DISPLAY"], self.environment["WAYLAND_DISPLAY"] = displays.split()
+        self.environment["WAYLAND_DISPLAY"], *x11 = displays.split()
+        if x11:
+            self.environment["DISPLAY"], = x11
+        else:
+            self.environment.pop("DISPLAY", None)
         self._input = self.start([VIRTUAL_INPUT], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
 
     def end(self):
@@ -60,7 +64,11 @@ class WlrootsSession(Session):
 
     def _capture(self):
         # One pixel for each of the desktop's own, whatever the scale of the screens.
-        return Screenshot.by_command(self.environment, "grim", "-s", "1", "-t", "ppm", "-")
+        return self.capture_at(1)
+
+    def capture_at(self, scale):
+        """A picture with so many pixels for each of the desktop's own."""
+        return Screenshot.by_command(self.environment, "grim", "-s", str(scale), "-t", "ppm", "-")
 
     def _input_command(self, *words):
         self._input.stdin.write(" ".join(map(str, words)) + "\n")
