@@ -7,33 +7,18 @@ The latencies come from playback_bench. The cost of playing is measured here, on
 desktop with a tray, its panel opened once, used and closed again; the peers without any window.
 """
 
-import os
-import statistics
 import subprocess
 import sys
 import time
 from pathlib import Path
 
+from figures import start_up_milliseconds, status
 from player import Player
 from session import Session, wait_for
 
 BUILD = Path(sys.argv[1]).resolve()
 TRACK = BUILD / "resources" / "PreviewAudio" / "focus-1.m4a"
 WINDOW_SECONDS = 10
-TICKS_PER_SECOND = os.sysconf("SC_CLK_TCK")
-
-
-def status(pid):
-    """Context switches of all threads, processor seconds, resident and anonymous memory in MB."""
-    switches = 0
-    for task in Path(f"/proc/{pid}/task").iterdir():
-        for line in (task / "status").read_text().splitlines():
-            if "ctxt_switches" in line:
-                switches += int(line.split()[1])
-    fields = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
-    processor = (int(fields[11]) + int(fields[12])) / TICKS_PER_SECOND
-    memory = dict(line.split(":", 1) for line in Path(f"/proc/{pid}/status").read_text().splitlines())
-    return switches, processor, *(int(memory[name].split()[0]) / 1024 for name in ("VmRSS", "RssAnon"))
 
 
 def measure(pid):
@@ -47,26 +32,6 @@ def measure(pid):
 
 def wait_until_sounding(session):
     wait_for(lambda: "RUNNING" in session.run("pactl", "list", "short", "sinks").stdout, "sound")
-
-
-def start_up_milliseconds(session):
-    """From exec to the item's registration at the tray, in milliseconds; the median of five starts."""
-    times = []
-    for _ in range(5):
-        watch = session.start(
-            ["dbus-monitor", "--session", "interface='org.kde.StatusNotifierWatcher'"], stdout=subprocess.PIPE)
-        time.sleep(0.5)
-        begin = time.monotonic()
-        player = Player(session, BUILD / "mireval")
-        for line in watch.stdout:
-            if b"RegisterStatusNotifierItem" in line:
-                break
-        times.append(1000 * (time.monotonic() - begin))
-        player.process.kill()
-        player.process.wait()
-        watch.kill()
-        time.sleep(0.5)
-    return statistics.median(times)
 
 
 def cost_of_mireval(session):
@@ -133,9 +98,13 @@ def main():
 
     session = Session(BUILD / "bench" / "screenshots")
     try:
-        print(f"\nStart to icon registered: {start_up_milliseconds(session):.0f} ms (median of five)")
+        milliseconds = start_up_milliseconds(session, BUILD / "mireval")
+        print(f"\nStart to icon registered: {milliseconds:.0f} ms (median of five)")
     finally:
         session.end()
+
+    print("\nThe panel on a Wayland desktop, as a layer and through Xwayland", flush=True)
+    subprocess.run([sys.executable, "-B", Path(__file__).with_name("wayland_bench.py"), BUILD], check=True)
 
 
 if __name__ == "__main__":
