@@ -3,8 +3,11 @@
 import os
 import re
 import socket
+import unittest
 from pathlib import Path
 
+from desktop_case import PROGRAM, SCREENSHOTS
+from player import Player
 from screen import Screenshot
 from session import wait_for
 from sway_session import SECOND_SCREEN, SwaybarSession, WaybarSession, leave_root
@@ -25,6 +28,17 @@ class SwayCase(WaylandCase):
 
 class SwayWaybarTest(BarTests, SwayCase):
     places = (("bottom", "left"), ("top", "center"), ("bottom", "center"), ("top", "right"))
+
+    def test_what_lies_below_gets_no_click_but_the_keyboard_back(self):
+        with self.other_window("wayland"):
+            self.open_panel()
+            self.session.click(FREE_PLACE)
+            self.assert_closes()
+            self.session.press_key("space")
+            wait_for(lambda: self.session.window("key"), "the key to reach the other window", 5)
+            self.assertIsNone(self.session.window("button"))
+            self.session.click(FREE_PLACE)
+            wait_for(lambda: self.session.window("button"), "the button to reach the other window", 5)
 
 
 class SwaySwaybarTest(BarTests, SwayCase):
@@ -112,10 +126,27 @@ class SwayScalesTest(SwayCase):
         self.assertGreaterEqual(self.largest_picture(), 1.5 * self.player.panel().extents[2])
 
 
+class SwayWithoutTrayTest(unittest.TestCase):
+    """No bar: the panel is an ordinary window."""
+
+    def test_the_panel_is_a_window(self):
+        session = SwaybarSession(SCREENSHOTS, sound=False)
+        self.addCleanup(session.end)
+        player = Player(session, PROGRAM)
+        player.wait_for_text("Select a mode")
+        _, floats = wait_for(lambda: session.window("Mireval"), "the window")
+        self.assertTrue(floats)
+        self.assertEqual(player.errors,
+                         "mireval: the desktop has no tray for the icon; the panel opens as a window\n")
+        session.screenshot("window")
+        session.press_key("Tab")
+        session.press_key("space")
+        player.wait_for_text(FIRST_TRACK, 5)
+
+
 class SwaySettingsTest(SwayCase):
     """The settings beside the open panel."""
 
-    # The player changes it.
     def setUp(self):
         super().setUp()
         self.panel = self.open_panel()

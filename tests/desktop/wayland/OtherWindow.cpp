@@ -1,4 +1,5 @@
-// A window of another application, in the colour that is its argument. It takes up all the room there is.
+// A window of another application, in the colour that is its argument. It takes up all the room there is. Its title says
+// whether a button or a key was pressed last.
 
 #include <QColor>
 #include <QGuiApplication>
@@ -12,6 +13,8 @@ class OtherWindow final : public QRasterWindow {
   explicit OtherWindow(const QColor& color) : m_color(color) {}
 
  protected:
+  void mousePressEvent(QMouseEvent*) override { setTitle(QStringLiteral("button")); }
+  void keyPressEvent(QKeyEvent*) override { setTitle(QStringLiteral("key")); }
   void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(0, 0, width(), height(), m_color); }
 
  private:

@@ -22,6 +22,7 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 /// The memory is all zeros: transparent.
@@ -90,6 +91,9 @@ void LayerShell::prepareWindows() {
 }
 
 std::unique_ptr<LayerShell> LayerShell::forApplication() {
+  if (!QGuiApplication::platformName().startsWith("wayland"_L1)) {
+    return nullptr;
+  }
   auto* const connection = static_cast<wl_display*>(native().nativeResourceForIntegration("wl_display"));
   if (connection == nullptr) {
     return nullptr;
