@@ -78,18 +78,27 @@ class SwaySession(WlrootsSession):
         self.sway("output", FIRST_SCREEN, "resolution", "{}x{}".format(*(round(scale * side) for side in SCREEN_SIZE)),
                   "scale", str(scale))
 
-    def window(self, title):
-        """Left, top, width and height of the Wayland window with the title, and whether it floats; None if there is
-        no such window.
-        """
+    def _window(self, title):
         nodes = [self.ask_sway("get_tree")]
         while nodes:
             node = nodes.pop()
             if node["name"] == title and node.get("pid"):
-                place = node["rect"]
-                return (place["x"], place["y"], place["width"], place["height"]), node["type"] == "floating_con"
+                return node
             nodes += node["nodes"] + node["floating_nodes"]
         return None
+
+    def window(self, title):
+        """Left, top, width and height of the Wayland window with the title, and whether it floats; None if there is
+        no such window.
+        """
+        node = self._window(title)
+        if node is None:
+            return None
+        place = node["rect"]
+        return (place["x"], place["y"], place["width"], place["height"]), node["type"] == "floating_con"
+
+    def has_keyboard(self, title):
+        return self._window(title)["focused"]
 
 
 class WaybarSession(Waybar, SwaySession):

@@ -13,7 +13,13 @@
 namespace mireval {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 void writeQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  // Qt 6.8 says so, and then corrects it, when a Wayland layer learns the screen's fractional scale.
+  if (message.startsWith("The cached device pixel ratio value was stale on window expose."_L1)) {
+    return;
+  }
   writeWithoutBlocking(STDERR_FILENO, qFormatLogMessage(type, context, message).toStdString() + '\n');
 }
 

@@ -23,21 +23,6 @@ std::uint32_t anchors(Qt::Edges edges) {
   return anchors;
 }
 
-std::uint32_t interactivity(LayerSurface::Keyboard keyboard, std::uint32_t version) {
-  switch (keyboard) {
-    case LayerSurface::Keyboard::exclusive:
-      return ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE;
-    case LayerSurface::Keyboard::onClick:
-      if (version >= ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_ON_DEMAND_SINCE_VERSION) {
-        return ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_ON_DEMAND;
-      }
-      break;
-    case LayerSurface::Keyboard::none:
-      break;
-  }
-  return ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_NONE;
-}
-
 }  // namespace
 
 struct LayerSurface::Listener {
@@ -81,7 +66,9 @@ void LayerSurface::place(const Placement& placement) {
   zwlr_layer_surface_v1_set_margin(m_role.get(), margins.top(), margins.right(), margins.bottom(),
                                    margins.left());
   zwlr_layer_surface_v1_set_keyboard_interactivity(
-      m_role.get(), interactivity(placement.keyboard, zwlr_layer_surface_v1_get_version(m_role.get())));
+      m_role.get(), placement.keyboard == Keyboard::exclusive
+                        ? ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE
+                        : ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_NONE);
   wl_surface_commit(m_surface);
 }
 

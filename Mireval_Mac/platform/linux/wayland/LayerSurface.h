@@ -32,8 +32,6 @@ class LayerSurface final : public QObject {
     none,
     /// At once, and until the role changes or ends.
     exclusive,
-    /// Where the compositor knows that, when the user clicks on the surface.
-    onClick,
   };
 
   struct Placement {

@@ -23,9 +23,7 @@ class ScreenCovers::Cover {
         m_screen(screen.geometry()),
         m_surface(wl_compositor_create_surface(shell.compositor())),
         m_viewport(wp_viewporter_get_viewport(shell.viewporter(), m_surface.get())),
-        m_layer(shell.layers(), m_surface.get(), LayerShell::outputOf(screen),
-                {.edges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge,
-                 .bars = LayerSurface::Bars::cover}) {
+        m_layer(shell.layers(), m_surface.get(), LayerShell::outputOf(screen), placement) {
     QObject::connect(&m_layer, &LayerSurface::configured, &m_layer, [this] {
       wp_viewport_set_destination(m_viewport.get(), m_layer.size().width(), m_layer.size().height());
       wl_surface_attach(m_surface.get(), m_shell.pixel(), 0, 0);
@@ -34,6 +32,8 @@ class ScreenCovers::Cover {
       wl_surface_commit(m_surface.get());
     });
   }
+
+  void stir() { m_layer.place(placement); }
 
   void leaveOut(const QRect& area) {
     const WaylandProxy<wl_region> region(wl_compositor_create_region(m_shell.compositor()));
@@ -48,6 +48,10 @@ class ScreenCovers::Cover {
   const wl_surface* surface() const { return m_surface.get(); }
 
  private:
+  static constexpr LayerSurface::Placement placement{
+      .edges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge,
+      .bars = LayerSurface::Bars::cover};
+
   const LayerShell& m_shell;
   const QRect m_screen;
   WaylandProxy<wl_surface> m_surface;
@@ -147,6 +151,13 @@ ScreenCovers::ScreenCovers(LayerShell& shell) : m_connection(shell.connection())
 
 ScreenCovers::~ScreenCovers() {
   m_covers.clear();
+  wl_display_flush(m_connection);
+}
+
+void ScreenCovers::stir() {
+  for (const auto& cover : m_covers) {
+    cover->stir();
+  }
   wl_display_flush(m_connection);
 }
 

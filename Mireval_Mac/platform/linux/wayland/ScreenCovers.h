@@ -25,6 +25,9 @@ class ScreenCovers final : public QObject {
   static std::shared_ptr<ScreenCovers> of(LayerShell& shell);
   ~ScreenCovers() override;
 
+  /// Makes the compositor look again what is under the pointer.
+  void stir();
+
   /// Makes a hole: the covers do not take the pointer there. In the desktop's device-independent pixels.
   void leaveOut(const QRect& area);
 

@@ -51,7 +51,7 @@ LayerSurface::Placement LayerDropDown::placement() const {
   return {.edges = (left ? Qt::LeftEdge : Qt::RightEdge) | (top ? Qt::TopEdge : Qt::BottomEdge),
           .margins = margins,
           .size = window.size(),
-          .keyboard = m_exclusive ? LayerSurface::Keyboard::exclusive : LayerSurface::Keyboard::onClick};
+          .keyboard = m_exclusive ? LayerSurface::Keyboard::exclusive : LayerSurface::Keyboard::none};
 }
 
 void LayerDropDown::show() {

@@ -3,6 +3,8 @@
 #include "platform/PointerFinder.h"
 #include "platform/linux/wayland/ScreenCovers.h"
 
+#include <QTimer>
+
 #include <memory>
 
 namespace mireval {
@@ -18,6 +20,7 @@ class LayerPointerFinder final : public PointerFinder {
 
  private:
   const std::shared_ptr<ScreenCovers> m_covers;
+  QTimer m_stirring;
 };
 
 }  // namespace mireval
