@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QtGlobal>
+
 namespace mireval {
 namespace {
 
@@ -12,6 +14,16 @@ TEST(StandardErrorTest, SaysEachNoticeAfterTheProgramsName) {
   notices.say("100 %s %n\nand a second line");
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "mireval: no display answers\nmireval: 100 %s %n\nand a second line\n");
+}
+
+TEST(StandardErrorTest, OfQtsMessagesThoseAreLeftOutThatWereExpected) {
+  StandardError::takeQtMessages();
+  testing::internal::CaptureStderr();
+  qWarning("Failed to load client buffer integration: \"none\"");
+  qWarning("Failed to load client buffer integration: \"other\"");
+  qWarning("The cached device pixel ratio value was stale on window update.  Please file");
+  qInstallMessageHandler(nullptr);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Failed to load client buffer integration: \"other\"\n");
 }
 
 }  // namespace
