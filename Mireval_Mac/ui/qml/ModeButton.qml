@@ -13,7 +13,7 @@ PlainButton {
     readonly property real diameter: Math.min(width, 72)
     readonly property color foreground: selected ? colors.paper : colors.ink
 
-    opacity: selected && playing ? 1.0 : 0.98
+    restingOpacity: selected && playing ? 1.0 : 0.98
 
     // Placed by hand: an anchor to the centre would round to whole pixels, and each release of Qt does it differently.
     Circle {

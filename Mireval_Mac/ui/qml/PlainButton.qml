@@ -1,29 +1,16 @@
 import QtQuick
+import Mireval
 
-// The behaviour of a button without any look of its own.
-Item {
+// A button that has no look of its own and is dim while it is pressed.
+ButtonBehaviour {
     id: button
 
     required property string label
+    property real restingOpacity: 1
 
-    signal clicked
-
-    activeFocusOnTab: true
+    opacity: pressed ? restingOpacity * 0.5 : restingOpacity
     Accessible.role: Accessible.Button
     Accessible.name: label
     Accessible.focusable: true
     Accessible.onPressAction: clicked()
-
-    Keys.onPressed: event => {
-        if (event.key === Qt.Key_Space || event.key === Qt.Key_Return || event.key === Qt.Key_Enter) {
-            event.accepted = true;
-            if (!event.isAutoRepeat)
-                clicked();
-        }
-    }
-
-    MouseArea {
-        anchors.fill: parent
-        onClicked: button.clicked()
-    }
 }

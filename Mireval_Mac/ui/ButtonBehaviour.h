@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QQuickItem>
+
+namespace mireval {
+
+/// A QML item that can be pressed, with the left mouse button, a finger or a key, and that draws nothing. Its
+/// whole rectangle is the target.
+class ButtonBehaviour : public QQuickItem {
+  Q_OBJECT
+  QML_ELEMENT
+  /// While a key holds the button, or a pointer that pressed it is still on it.
+  Q_PROPERTY(bool pressed READ isPressed NOTIFY pressedChanged)
+
+ public:
+  explicit ButtonBehaviour(QQuickItem* parent = nullptr);
+
+  bool isPressed() const { return m_pressedByPointer || m_holdingKey != 0; }
+
+ Q_SIGNALS:
+  /// A pointer was released on the button, or Space, Return or Enter went down. A held key clicks once.
+  void clicked();
+  void pressedChanged();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseUngrabEvent() override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void setPressedByPointer(bool pressed);
+  /// 0 for none.
+  void setHoldingKey(int key);
+
+  bool m_pressedByPointer = false;
+  int m_holdingKey = 0;
+};
+
+}  // namespace mireval
