@@ -27,6 +27,11 @@ class PanelPressTest : public PanelFixture {
     return found->mapToScene(found->boundingRect().center()).toPoint();
   }
 
+  QRectF sceneRectangle(const char* name) const {
+    const QQuickItem* const found = item(*m_panel, name);
+    return found->mapRectToScene(found->boundingRect());
+  }
+
   double opacityOf(const char* button) const { return item(*m_panel, button)->opacity(); }
 
   static double restingOpacityOf(const char* button) {
@@ -143,6 +148,41 @@ TEST_F(PanelPressTest, AKeyThatIsReleasedElsewhereLeavesNoButtonDim) {
   QTest::keyClick(m_panel.get(), Qt::Key_Backtab);
   EXPECT_DOUBLE_EQ(opacityOf("transport-next"), 1);
   EXPECT_DOUBLE_EQ(opacityOf("quit"), 1);
+}
+
+TEST_F(PanelPressTest, EachTargetIsLargeEnoughForAFinger) {
+  constexpr double least = 24;
+  for (const char* const language : {"en", "zh-Hans", "zh-Hant", "ja"}) {
+    speak(language);
+    for (const char* const button : buttons) {
+      for (const QPoint corner : {QPoint(-1, -1), QPoint(1, -1), QPoint(-1, 1), QPoint(1, 1)}) {
+        const QPoint place = centreOf(button) + corner * (least / 2 - 1);
+        QTest::mousePress(m_panel.get(), Qt::LeftButton, {}, place);
+        EXPECT_DOUBLE_EQ(opacityOf(button), restingOpacityOf(button) * dimmed) << button << " " << language;
+        release(m_elsewhere);
+      }
+    }
+  }
+}
+
+TEST_F(PanelPressTest, QuitIsHitUpToTheEdgesOfItsCard) {
+  const QRectF card = sceneRectangle("footer");
+  const QRectF divider = sceneRectangle("divider");
+  const QRectF words = sceneRectangle("quitText");
+  const double left = words.left() - (card.right() - words.right());
+  int hits = 0;
+  for (const QPointF place :
+       {QPointF(card.right() - 1, words.center().y()), QPointF(words.center().x(), card.bottom() - 1),
+        QPointF(words.center().x(), divider.bottom() + 1), QPointF(left + 1, card.bottom() - 1)}) {
+    QTest::mouseClick(m_panel.get(), Qt::LeftButton, {}, place.toPoint());
+    EXPECT_EQ(m_quit.size(), ++hits) << place.x() << "," << place.y();
+  }
+  for (const QPointF place :
+       {QPointF(card.right() + 2, words.center().y()), QPointF(words.center().x(), card.bottom() + 2),
+        QPointF(words.center().x(), divider.top() - 1), QPointF(left - 2, words.center().y())}) {
+    QTest::mouseClick(m_panel.get(), Qt::LeftButton, {}, place.toPoint());
+    EXPECT_EQ(m_quit.size(), hits) << place.x() << "," << place.y();
+  }
 }
 
 TEST_F(PanelPressTest, EachPressOfADoubleClickCounts) {

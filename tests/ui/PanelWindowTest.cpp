@@ -308,7 +308,7 @@ TEST_F(PanelWindowTest, WindowFollowsTheHeightOfTheTexts) {
     speak(language);
     EXPECT_EQ(panel->height(), item(*panel, "panel")->height() + 2) << language;
     EXPECT_EQ(panel->minimumSize(), panel->size()) << language;
-    const QQuickItem* const quit = item(*panel, "quit");
+    const QQuickItem* const quit = item(*panel, "quitText");
     EXPECT_LT(quit->mapToScene(QPointF(0, quit->height())).y(), panel->height() - 16) << language;
   }
 }

@@ -7,6 +7,7 @@ Item {
     default property alias content: column.data
 
     readonly property real padding: 14
+    readonly property real spacing: 10
     readonly property real radius: 22
 
     implicitHeight: column.implicitHeight + 2 * padding
@@ -20,7 +21,7 @@ Item {
     Column {
         id: column
 
-        spacing: 10
+        spacing: card.spacing
         anchors {
             left: parent.left
             right: parent.right

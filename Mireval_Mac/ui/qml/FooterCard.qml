@@ -21,15 +21,20 @@ Card {
             id: quitButton
 
             objectName: "quit"
-            anchors.right: parent.right
-            width: quitText.implicitWidth
-            height: quitText.implicitHeight
+            // The words alone would be hard to hit: the target reaches to the card's edges and to the divider.
+            x: parent.width - quitText.implicitWidth - card.padding
+            y: -card.spacing
+            width: quitText.implicitWidth + 2 * card.padding
+            height: quitText.implicitHeight + card.spacing + card.padding
             label: card.localization.text(L10nKeys.quit, card.localization.effectiveLanguage)
             onClicked: Qt.quit()
 
             Text {
                 id: quitText
 
+                objectName: "quitText"
+                x: card.padding
+                y: card.spacing
                 text: quitButton.label
                 color: card.colors.quietText
                 font: Fonts.systemFor(12, Font.DemiBold, card.localization.effectiveLanguage)

@@ -58,6 +58,7 @@ Item {
         }
 
         FooterCard {
+            objectName: "footer"
             width: parent.width
             localization: panel.localization
             colors: panel.colors
