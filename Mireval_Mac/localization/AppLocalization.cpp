@@ -1,6 +1,6 @@
 #include "localization/AppLocalization.h"
 
-#include "localization/SymbolLabels.h"
+#include "localization/SpokenLabels.h"
 #include "platform/LocaleChanges.h"
 #include "platform/MainThread.h"
 #include "platform/SystemLanguages.h"
@@ -128,8 +128,8 @@ QString AppLocalization::moodTitle(Mood mood, AppLanguage language) const {
   return title ? *title : fixedMoodTitle(mood);
 }
 
-QString AppLocalization::symbolLabel(const QString& symbolName, AppLanguage language) const {
-  return sharedText(mireval::symbolLabel(symbolName, language));
+QString AppLocalization::spokenLabel(const QString& name, AppLanguage language) const {
+  return sharedText(mireval::spokenLabel(name, language));
 }
 
 QString AppLocalization::displayName(AppLanguage language) const {

@@ -69,9 +69,9 @@ class AppLocalization : public QObject {
   Q_INVOKABLE QString moodTitle(mireval::Mood mood) const;
   Q_INVOKABLE QString moodTitle(mireval::Mood mood, mireval::app_language::AppLanguage language) const;
 
-  /// What a screen reader speaks for a transport symbol; empty for any other symbol.
-  Q_INVOKABLE QString symbolLabel(const QString& symbolName,
-                                  mireval::app_language::AppLanguage language) const;
+  /// What a screen reader speaks where the panel shows no word, by the names of SpokenLabels.h; empty for any
+  /// other name.
+  Q_INVOKABLE QString spokenLabel(const QString& name, mireval::app_language::AppLanguage language) const;
 
   /// The language's own name for itself.
   Q_INVOKABLE QString displayName(mireval::app_language::AppLanguage language) const;

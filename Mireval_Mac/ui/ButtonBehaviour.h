@@ -16,6 +16,12 @@ class ButtonBehaviour : public QQuickItem {
  public:
   explicit ButtonBehaviour(QQuickItem* parent = nullptr);
 
+  /// What Qt calls when a screen reader presses the button. A handler of Accessible.pressAction in QML would
+  /// be a second press action beside that of the role.
+  Q_INVOKABLE void accessiblePressAction() { Q_EMIT clicked(); }
+  /// The same, for roles that have a toggle action as well.
+  Q_INVOKABLE void accessibleToggleAction() { Q_EMIT clicked(); }
+
   bool isPressed() const { return m_pressedByPointer || m_holdingKey != 0; }
 
  Q_SIGNALS:

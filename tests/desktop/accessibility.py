@@ -8,8 +8,11 @@ from dbus.bus import BusConnection
 
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 ACTION = "org.a11y.atspi.Action"
+VALUE = "org.a11y.atspi.Value"
 COMPONENT = "org.a11y.atspi.Component"
 SCREEN_COORDINATES = 0
+# Numbers of states.
+CHECKED, FOCUSABLE = 4, 11
 # GTK numbers the elements that it announces from one.
 LAST_TOLD_ELEMENT = 30
 
@@ -37,6 +40,27 @@ class Element:
         return tuple(map(int, extents))
 
     @property
+    def states(self):
+        """The numbers of the states that it is in now."""
+        low, high = self._accessibility.call(*self.place, ACCESSIBLE, "GetState") or (0, 0)
+        return {number for number in range(64) if (low | high << 32) >> number & 1}
+
+    @property
+    def actions(self):
+        return [str(action[0]) for action in self._accessibility.call(*self.place, ACTION, "GetActions") or []]
+
+    @property
+    def description(self):
+        return self.get(ACCESSIBLE, "Description")
+
+    def get(self, interface, name):
+        """A property's value now; None when there is none."""
+        return self._accessibility.call(*self.place, PROPERTIES_IFACE, "Get", "ss", interface, name)
+
+    def children(self):
+        return self._accessibility.children(self)
+
+    @property
     def centre(self):
         x, y, width, height = self.extents
         return x + width // 2, y + height // 2
@@ -59,11 +83,16 @@ class Accessibility:
         except DBusException:
             return None
 
+    def address(self):
+        """Of the accessibility bus. Asking for it starts that bus."""
+        with closing(BusConnection(self._session_bus)) as session_bus:
+            return session_bus.call_blocking("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", "", (),
+                                             timeout=5)
+
     def _connect(self):
         if self._bus is None:
-            with closing(BusConnection(self._session_bus)) as session_bus, suppress(DBusException):
-                self._bus = BusConnection(session_bus.call_blocking(
-                    "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", "", (), timeout=5))
+            with suppress(DBusException):
+                self._bus = BusConnection(self.address())
         return self._bus is not None
 
     def _name(self, name, path):
@@ -93,15 +122,15 @@ class Accessibility:
 
     def press(self, element):
         """Presses the element as a screen reader does; returns whether it can be pressed."""
-        names = self.call(*element.place, ACTION, "GetActions")
-        number = next((number for number, action in enumerate(names or []) if action[0] == "Press"), None)
-        return number is not None and self.call(*element.place, ACTION, "DoAction", "i", number) == 1
+        actions = element.actions
+        return "Press" in actions and self.call(*element.place, ACTION, "DoAction", "i", actions.index("Press")) == 1
 
-    def listen(self):
-        """Asks applications to announce what they open from now on. `opened_elements` needs that."""
+    def listen(self, *events):
+        """Asks applications to announce such events from now on. `opened_elements` needs the usual ones."""
         assert self._connect(), "no accessibility bus"
-        self._bus.call_blocking("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry",
-                                "RegisterEvent", "sass", ("object:state-changed", [], ""))
+        for event in events or ["object:state-changed"]:
+            self._bus.call_blocking("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry",
+                                    "RegisterEvent", "sass", (event, [], ""))
 
     def opened_elements(self, application):
         """All named elements in popups, such as the menus of a panel's plugins."""
@@ -112,6 +141,9 @@ class Accessibility:
                 if (element := self._describe(name, path)) is not None and element.role == "window":
                     self._collect(name, path, found)
         return found
+
+    def children(self, element):
+        return [child for place in self._children_of(*element.place) if (child := self._describe(*place)) is not None]
 
     def _children_of(self, name, path):
         return self.call(name, path, ACCESSIBLE, "GetChildren") or []

@@ -84,7 +84,7 @@ class Player:
         wait_for(lambda: not self.texts(), "the panel to close")
 
     def buttons(self):
-        return [element for element in self._elements() if element.role in ("push button", "button")]
+        return [element for element in self._elements() if element.role in ("push button", "button", "radio button")]
 
     def find_button(self, button):
         found = wait_for(lambda: [element for element in self.buttons() if element.name == button],
@@ -98,3 +98,8 @@ class Player:
         found = wait_for(lambda: [element for element in self._elements()
                                   if element.name == text and element.role != "frame"], f"the text '{text}'")
         return found[0]
+
+    def find_by_role(self, role):
+        """The only element of the role."""
+        found, = wait_for(lambda: [element for element in self._elements() if element.role == role], f"a {role}")
+        return found

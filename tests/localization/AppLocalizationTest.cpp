@@ -239,8 +239,8 @@ TEST_F(AppLocalizationTest, SpeaksTheShippedTextsInEachLanguage) {
 TEST_F(AppLocalizationTest, NamesLanguagesAndSymbols) {
   const AppLocalization& localization = make(u"english"_s);
   EXPECT_EQ(localization.displayName(AppLanguage::japanese), u"日本語"_s);
-  EXPECT_EQ(localization.symbolLabel(u"chevron.right"_s, AppLanguage::japanese), u"次の曲"_s);
-  EXPECT_EQ(localization.symbolLabel(u"chevron"_s, AppLanguage::japanese), QString());
+  EXPECT_EQ(localization.spokenLabel(u"chevron.right"_s, AppLanguage::japanese), u"次の曲"_s);
+  EXPECT_EQ(localization.spokenLabel(u"chevron"_s, AppLanguage::japanese), QString());
 }
 
 TEST_F(AppLocalizationTest, WithoutTablesTextsAreEmptyAndMoodsHaveFixedWords) {

@@ -27,7 +27,7 @@ class LocalizationBindingTest : public PanelFixture {
 
             property string quit: localization.text(L10nKeys.quit, localization.effectiveLanguage)
             property string creative: localization.moodTitle(Moods.creative, localization.effectiveLanguage)
-            property string pause: localization.symbolLabel("pause.fill", localization.effectiveLanguage)
+            property string pause: localization.spokenLabel("pause.fill", localization.effectiveLanguage)
             property string language: localization.displayName(localization.effectiveLanguage)
             property string detached: localization.text(L10nKeys.quit) + localization.moodTitle(Moods.creative)
         }

@@ -238,7 +238,7 @@ TEST_F(PanelWindowTest, ButtonsTellTheirNames) {
   for (const ModeButton& button : modeButtons) {
     QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(item(*panel, button.name));
     ASSERT_NE(accessible, nullptr);
-    EXPECT_EQ(accessible->role(), QAccessible::Button);
+    EXPECT_EQ(accessible->role(), QAccessible::RadioButton);
     EXPECT_EQ(accessible->text(QAccessible::Name), QString::fromUtf8(button.title));
     accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(m_controller->currentMood(), button.mood);

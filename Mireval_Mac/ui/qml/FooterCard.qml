@@ -33,6 +33,7 @@ Card {
                 id: quitText
 
                 objectName: "quitText"
+                Accessible.ignored: true
                 x: card.padding
                 y: card.spacing
                 text: quitButton.label

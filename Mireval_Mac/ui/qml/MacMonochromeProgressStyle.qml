@@ -1,11 +1,16 @@
 import QtQuick
+import Mireval
 
 // A bar whose fill is as long as the fraction says; no fraction (undefined) is an empty bar.
-Item {
+ProgressIndicator {
     id: bar
 
     required property var fraction
     required property color tint
+
+    value: fraction ?? 0
+    Accessible.role: Accessible.ProgressBar
+    Accessible.name: label
 
     ContinuousRectangle {
         anchors.fill: parent
@@ -15,7 +20,7 @@ Item {
 
     ContinuousRectangle {
         objectName: "fill"
-        width: Math.max(bar.width * (bar.fraction ?? 0), 0)
+        width: Math.max(bar.width * bar.value, 0)
         height: bar.height
         visible: width > 0
         radius: height / 2

@@ -14,6 +14,9 @@ PlainButton {
     readonly property color foreground: selected ? colors.paper : colors.ink
 
     restingOpacity: selected && playing ? 1.0 : 0.98
+    Accessible.role: Accessible.RadioButton
+    Accessible.checkable: true
+    Accessible.checked: selected
 
     // Placed by hand: an anchor to the centre would round to whole pixels, and each release of Qt does it differently.
     Circle {
@@ -46,6 +49,7 @@ PlainButton {
         id: title
 
         objectName: "modeTitle"
+        Accessible.ignored: true
         x: (button.width - width) / 2
         y: glyph.y + glyph.height + 2
         text: button.label

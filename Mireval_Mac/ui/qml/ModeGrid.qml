@@ -13,6 +13,8 @@ Item {
     readonly property real cellWidth: (width - spacing * (modes.length - 1)) / modes.length
 
     implicitHeight: 84
+    Accessible.role: Accessible.Grouping
+    Accessible.name: localization.spokenLabel("modes", localization.effectiveLanguage)
 
     Row {
         anchors.centerIn: parent
@@ -35,6 +37,7 @@ Item {
                 playing: grid.audioPlayer.isPlaying
                 font: Fonts.systemFor(12, Font.DemiBold, grid.localization.effectiveLanguage)
                 colors: grid.colors
+                Accessible.description: selected ? grid.localization.spokenLabel(playing ? "playing" : "paused", grid.localization.effectiveLanguage) : ""
                 onClicked: {
                     if (selected && grid.audioPlayer.currentTrack !== undefined)
                         grid.audioPlayer.togglePlayback();

@@ -8,6 +8,8 @@ Card {
     required property AppLocalization localization
 
     Text {
+        id: caption
+
         objectName: "caption"
         text: card.localization.text(L10nKeys.nowPlaying, card.localization.effectiveLanguage)
         color: card.colors.captionText
@@ -20,6 +22,7 @@ Card {
         objectName: "progress"
         width: parent.width
         height: 4
+        label: caption.text
         fraction: card.audioPlayer.playbackProgress
         tint: card.colors.ink
     }

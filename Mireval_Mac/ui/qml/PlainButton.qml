@@ -12,5 +12,4 @@ ButtonBehaviour {
     Accessible.role: Accessible.Button
     Accessible.name: label
     Accessible.focusable: true
-    Accessible.onPressAction: clicked()
 }

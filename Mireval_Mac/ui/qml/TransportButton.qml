@@ -10,7 +10,7 @@ PlainButton {
 
     implicitWidth: 34
     implicitHeight: 34
-    label: localization.symbolLabel(symbol, localization.effectiveLanguage)
+    label: localization.spokenLabel(symbol, localization.effectiveLanguage)
 
     Circle {
         width: button.width
