@@ -112,9 +112,8 @@ class PreferenceTest(LanguageCase):
         self.session.click(player.find_icon())
         self.expect_language(player, TRADITIONAL)
         recorder = self.listen()
-        self.session.press_key("Tab")
-        self.session.screenshot("focused")
         self.session.press_key("space")
+        self.session.screenshot("focused")
         player.wait_for_text("1 / 16")
         self.hear_tone(recorder)
         for _ in range(6):

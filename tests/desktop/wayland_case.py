@@ -200,7 +200,6 @@ class BarTests(DropDownTests):
     def test_keys_reach_the_panel(self):
         with self.other_window("wayland"):
             self.open_panel()
-            self.session.press_key("Tab")
             self.session.press_key("space")
             self.player.wait_for_text(FIRST_TRACK, 5)
             self.screenshot("pressed")

@@ -67,7 +67,6 @@ class GnomeTest(MediaTests, DropDownTests, GnomeCase):
         for platform in ("wayland", "xcb"):
             with self.other_window(platform):
                 self.open_panel()
-                self.session.press_key("Tab")
                 self.session.press_key("space")
                 self.player.wait_for_text(FIRST_TRACK, 5)
                 self.screenshot(platform)

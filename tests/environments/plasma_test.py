@@ -76,7 +76,6 @@ class PlasmaCase(DesktopTest):
 
     def play(self):
         """Starts the first mode with the keyboard."""
-        self.session.press_key("Tab")
         self.session.press_key("space")
         self.player.wait_for_text(FIRST_TRACK, 5)
 

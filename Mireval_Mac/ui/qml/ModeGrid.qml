@@ -27,7 +27,9 @@ Item {
             // qmllint disable unqualified
             ModeButton {
                 required property var modelData
+                required property int index
 
+                focus: index === 0
                 objectName: "mode-" + symbol
                 width: grid.cellWidth
                 height: grid.height

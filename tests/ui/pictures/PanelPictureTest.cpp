@@ -76,13 +76,14 @@ TEST_P(FocusPictureTest, RingIsSeen) {
   press(*panel, "mode-scope");
   const QString scheme = GetParam() ? u"dark"_s : u"light"_s;
   struct Stop {
-    int tabs;
+    Qt::Key key;
+    int times;
     const char* name;
   };
-  for (const Stop& stop :
-       {Stop{1, "selected"}, Stop{1, "unselected"}, Stop{4, "transport"}, Stop{2, "quit"}}) {
-    for (int tab = 0; tab < stop.tabs; ++tab) {
-      QTest::keyClick(panel.get(), Qt::Key_Tab);
+  for (const Stop& stop : {Stop{Qt::Key_Home, 1, "selected"}, Stop{Qt::Key_Tab, 1, "unselected"},
+                           Stop{Qt::Key_Tab, 4, "transport"}, Stop{Qt::Key_Tab, 2, "quit"}}) {
+    for (int time = 0; time < stop.times; ++time) {
+      QTest::keyClick(panel.get(), stop.key);
     }
     compareWithReference(*panel, u"focus-%1-%2"_s.arg(scheme, QString::fromUtf8(stop.name)));
   }
