@@ -1,5 +1,8 @@
 #pragma once
 
+#include "library/Mood.h"
+
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,10 +12,10 @@ namespace mireval {
 /// What the user asks for when starting the program.
 struct CommandLine {
   /// `serve` also runs the player. The bus started it and is about to pass on a request.
-  enum class Action { run, serve, showSettings, showHelp, showVersion, reject };
+  enum class Action { run, serve, showSettings, playMode, showHelp, showVersion, reject };
 
   /// `arguments` do not contain the program's name. The first of help, version and a mistake decides. Without
-  /// these, `showSettings` wins over `serve`.
+  /// these, `showSettings` and `playMode`, which exclude each other, win over `serve`. The last mode counts.
   static CommandLine parse(const std::vector<std::string_view>& arguments);
 
   /// What `--help` and `--version` print, ending with a newline.
@@ -20,8 +23,12 @@ struct CommandLine {
   static std::string_view versionText();
 
   Action action = Action::run;
+  /// Only with Action::playMode.
+  std::optional<Mood> mode = {};
   /// What is wrong, in a few words. Only with Action::reject.
   std::string error = {};
+  /// The error names all that would be right.
+  bool errorNamesTheChoices = false;
 };
 
 }  // namespace mireval

@@ -46,6 +46,7 @@ std::optional<int> answer(const CommandLine& commandLine, Notices& notices) {
     case CommandLine::Action::run:
     case CommandLine::Action::serve:
     case CommandLine::Action::showSettings:
+    case CommandLine::Action::playMode:
       return std::nullopt;
     case CommandLine::Action::showHelp:
       return print(CommandLine::helpText(), notices);
@@ -54,18 +55,22 @@ std::optional<int> answer(const CommandLine& commandLine, Notices& notices) {
     case CommandLine::Action::reject:
       break;
   }
-  notices.say(commandLine.error + "\nmireval --help lists the options");
+  notices.say(commandLine.error +
+              (commandLine.errorNamesTheChoices ? "" : "\nmireval --help lists the options"));
   return 2;
 }
 
-LinuxDesktop::Start startFor(CommandLine::Action action) {
-  switch (action) {
+LinuxDesktop::Start startFor(const CommandLine& commandLine) {
+  using Start = LinuxDesktop::Start;
+  switch (commandLine.action) {
     case CommandLine::Action::serve:
-      return LinuxDesktop::Start::byBus;
+      return {.starter = Start::Starter::bus};
     case CommandLine::Action::showSettings:
-      return LinuxDesktop::Start::forSettings;
+      return {.purpose = Start::Purpose::settings};
+    case CommandLine::Action::playMode:
+      return {.purpose = Start::Purpose::mode, .mode = rawValue(*commandLine.mode).toStdString()};
     default:
-      return LinuxDesktop::Start::forPanel;
+      return {};
   }
 }
 
@@ -106,7 +111,17 @@ void connectScenes(MenuBarScene& scene, SettingsScene& settings, const Desktop& 
   QObject::connect(&desktop.showRequests, &ShowRequests::settingsRequested, &settings, &SettingsScene::show);
 }
 
-int runScenes(const Desktop& desktop, CommandLine::Action action) {
+/// A request for a mode is what a press of its button is while another mode is chosen.
+void connectModes(AudioPlayerController& audioPlayer, const Desktop& desktop) {
+  QObject::connect(&desktop.showRequests, &ShowRequests::modeRequested, &audioPlayer,
+                   [&audioPlayer](const QString& mode) {
+                     if (const auto mood = moodFromRawValue(mode)) {
+                       audioPlayer.selectMood(*mood);
+                     }
+                   });
+}
+
+int runScenes(const Desktop& desktop, const CommandLine& commandLine) {
   const std::shared_ptr<AudioPlayerController> audioPlayer = makeAudioPlayer(desktop);
   AppLocalization localization({.userDefaults = desktop.userDefaults,
                                 .systemLanguages = desktop.systemLanguages,
@@ -121,9 +136,13 @@ int runScenes(const Desktop& desktop, CommandLine::Action action) {
   const auto icon = desktop.resourceBundle.urlForResource(u"MenuBarIcon"_s, u"png"_s, {});
   SettingsScene settings(localization, desktop.colorScheme, icon.value_or(""));
   connectScenes(scene, settings, desktop);
+  connectModes(*audioPlayer, desktop);
   scene.show(icon.value_or(""));
-  if (action == CommandLine::Action::showSettings) {
+  if (commandLine.action == CommandLine::Action::showSettings) {
     settings.show();
+  }
+  if (commandLine.mode) {
+    audioPlayer->selectMood(*commandLine.mode);
   }
   return QCoreApplication::exec();
 }
@@ -139,7 +158,7 @@ int MirevalMacApp::main(int argc, char** argv) {
   if (const auto exitStatus = answer(commandLine, desktop.notices())) {
     return *exitStatus;
   }
-  if (const auto exitStatus = desktop.prepare(startFor(commandLine.action))) {
+  if (const auto exitStatus = desktop.prepare(startFor(commandLine))) {
     return *exitStatus;
   }
   QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -152,7 +171,7 @@ int MirevalMacApp::main(int argc, char** argv) {
   QObject::connect(&application, &QApplication::saveStateRequest, &application, [](QSessionManager& session) {
     session.setRestartCommand({QCoreApplication::applicationFilePath()});
   });
-  return runScenes(*desktop.connect(), commandLine.action);
+  return runScenes(*desktop.connect(), commandLine);
 }
 
 }  // namespace mireval

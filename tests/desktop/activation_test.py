@@ -94,6 +94,16 @@ class LaunchTest(ActivationCase):
         self.player.wait_for_text("Language")
         self.assertEqual(self.players(), processes)
 
+    def test_a_mode_may_be_the_first_request_and_a_later_one(self):
+        for mode, title in (("tempo", "Tempo"), ("focus", "Focus")):
+            self.launch("gapplication", "action", ID, mode)
+            self.player.find_icon()
+            self.assertEqual(self.windows(), [])
+            self.launch("gapplication", "launch", ID)
+            wait_for(lambda title=title: self.player.find_button(title).description == "Playing", title)
+            self.close_panel()
+        self.assertEqual(len(self.players()), 1)
+
     def test_the_settings_may_be_the_first_request(self):
         self.launch("gapplication", "action", ID, "Settings")
         self.player.wait_for_text("Language")

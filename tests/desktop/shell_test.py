@@ -10,6 +10,7 @@ import time
 from pathlib import Path
 
 from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
+from media import wait_for_player
 from player import Player
 from session import wait_for
 from sound import longest_silence
@@ -160,6 +161,46 @@ class SettingsTest(ShellCase):
         self.assertTrue(player.is_running())
 
 
+class ModeTest(ShellCase):
+    MODES = ("focus", "tempo", "creative", "relaxation")
+
+    def setUp(self):
+        super().setUp()
+        self.resources = make_tones(self.session.folder / "resources", 60, self.MODES)
+
+    def test_a_start_with_a_mode(self):
+        player = self.start_copy(*arguments_in("Desktop Action tempo"))
+        wait_for_player(self.session).wait_for_status("Playing")
+        self.hear_sound(self.listen())
+        self.assertEqual(self.windows(), [])
+        self.session.click(player.find_icon())
+        player.wait_for_text("1 / 16")
+        self.assertEqual(player.find_button("Tempo").description, "Playing")
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+    def test_each_mode_in_the_running_copy(self):
+        player = self.start_copy()
+        self.session.click(player.find_icon())
+        player.wait_for_text("Select a mode")
+        for mode, title in zip(self.MODES, ("Focus", "Tempo", "Create", "Relax")):
+            self.ask(*arguments_in(f"Desktop Action {mode}"))
+            wait_for(lambda title=title: player.find_button(title).description == "Playing", title)
+            self.assertEqual(len(self.windows()), 1)
+        # As a press of the button of another mode does, so from the first track on.
+        player.press("Next")
+        player.wait_for_text("2 / 16")
+        self.ask("--mode=relaxation")
+        player.wait_for_text("1 / 16")
+        self.assertEqual(player.find_button("Relax").description, "Playing")
+        player.press("Pause")
+        self.session.press_key("Escape")
+        player.wait_until_closed()
+        self.ask("--mode", "focus")
+        wait_for_player(self.session).wait_for_status("Playing")
+        self.assertEqual(self.windows(), [])
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+
 class CopiesTest(ShellCase):
     desktop = {"sound": False}
     resources = BUNDLE
@@ -280,7 +321,7 @@ class OptionsTest(ShellCase):
     def test_help_and_version(self):
         status, output, errors = self.answer("--help")
         self.assertEqual((status, errors), (0, ""))
-        for option in ("--settings", "--service", "--help", "--version"):
+        for option in ("--mode", "--settings", "--service", "--help", "--version"):
             self.assertIn(option, output)
         self.assertEqual(self.answer("--settings", "-h"), (0, output, ""))
         status, version, errors = self.answer("--version")
@@ -314,3 +355,11 @@ class OptionsTest(ShellCase):
             self.assertEqual((status, output), (2, ""))
             self.assertTrue(errors.startswith(message), errors)
             self.assertIn("mireval --help", errors)
+
+    def test_mistaken_modes(self):
+        choices = "focus, tempo, creative or relaxation\n"
+        for arguments, message in ((["--mode"], "mireval: option '--mode' needs " + choices),
+                                   (["--mode", "Focus"], "mireval: there is no mode 'Focus', only " + choices),
+                                   (["--mode="], "mireval: there is no mode '', only " + choices)):
+            self.assertEqual(self.answer(*arguments), (2, "", message))
+        self.assertFalse((self.session.folder / "run/mireval").exists())

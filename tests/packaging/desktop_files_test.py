@@ -34,6 +34,8 @@ def languages_of_the_player():
 DESKTOP_NAMES = {"en": "", "zh-Hans": "zh_CN", "zh-Hant": "zh_TW", "ja": "ja"}
 LANGUAGES = [DESKTOP_NAMES[tag] for _, tag in languages_of_the_player()]
 SAME = {"zh_SG": "zh_CN", "zh_HK": "zh_TW"}
+# In the order of the panel.
+MODES = ("focus", "tempo", "creative", "relaxation")
 XML_LANGUAGE = "{http://www.w3.org/XML/1998/namespace}lang"
 # The application's name begins with a capital, and so does the last part of its id.
 ACCEPTED_HINTS = [("P", "cid-contains-uppercase-letter")]
@@ -81,7 +83,13 @@ class DesktopFileTest(unittest.TestCase):
         tables = (LOCALIZATION / "StringTables.cpp").read_text(encoding="utf-8")
         settings = re.findall(r'L10nKey::settingsTitle, u"(.*)"', tables)
         self.assertEqual(in_languages(read(DESKTOP_FILE)["Desktop Action Settings"], "Name"), settings)
+        for mode in MODES:
+            titles = re.findall(rf'Mood::{mode}, u"(.*)"', tables)[::2]
+            action = read(DESKTOP_FILE)[f"Desktop Action {mode}"]
+            self.assertEqual(in_languages(action, "Name"), titles)
+            self.assertEqual(action["Exec"], f"mireval --mode {mode}")
         entry = read(DESKTOP_FILE)["Desktop Entry"]
+        self.assertEqual(entry["Actions"].strip(";").split(";"), [*MODES, "Settings"])
         for key in ("GenericName", "Comment", "Keywords"):
             self.assertEqual(len(set(in_languages(entry, key))), len(LANGUAGES), key)
 
@@ -140,7 +148,7 @@ class MetainfoTest(unittest.TestCase):
         self.assertGreaterEqual(len(self.texts("keyword")), 3)
         tables = (LOCALIZATION / "StringTables.cpp").read_text(encoding="utf-8")
         modes = self.texts("li")
-        for mood, mode in zip(("focus", "tempo", "creative", "relaxation"), modes):
+        for mood, mode in zip(MODES, modes):
             titles = re.findall(rf'Mood::{mood}, u"(.*)"', tables)[::2]
             for title, text in zip(titles, mode):
                 self.assertTrue(text.startswith(title), (title, text))
@@ -175,7 +183,7 @@ class ManualTest(unittest.TestCase):
         options = set(re.findall(r"--?([a-z]+)", usage))
         self.assertIn("settings", options)
         manual = MANUAL.read_text(encoding="utf-8")
-        described = "\n".join(re.findall(r"^\.It (Fl .*)$", manual, re.MULTILINE)).replace("Fl ", " ").split()
+        described = "\n".join(re.findall(r"^\.It (Fl .*?)(?: Ar .*)?$", manual, re.MULTILINE)).replace("Fl ", " ").split()
         self.assertEqual(set(described) - {","}, options)
 
 

@@ -41,6 +41,47 @@ TEST(CommandLineTest, SettingsWinOverTheRequestOfTheBus) {
   EXPECT_EQ(actionOf({"--settings", "--service"}), Action::showSettings);
 }
 
+TEST(CommandLineTest, AModeByItsExactName) {
+  struct Row {
+    std::string_view word;
+    Mood mode;
+  };
+  for (const Row& row : {Row{"focus", Mood::focus}, Row{"tempo", Mood::tempo},
+                         Row{"creative", Mood::creative}, Row{"relaxation", Mood::relaxation}}) {
+    for (const auto& arguments : {std::vector<std::string_view>{"--mode", row.word},
+                                  std::vector<std::string_view>{"--mode", row.word, "--service"},
+                                  std::vector<std::string_view>{"--service", "--mode", row.word},
+                                  std::vector<std::string_view>{"--mode", "focus", "--mode", row.word}}) {
+      const CommandLine commandLine = CommandLine::parse(arguments);
+      EXPECT_EQ(commandLine.action, Action::playMode);
+      EXPECT_EQ(commandLine.mode, row.mode);
+    }
+    EXPECT_EQ(CommandLine::parse({"--mode=" + std::string(row.word)}).mode, row.mode);
+  }
+  EXPECT_EQ(CommandLine::parse({"--settings"}).mode, std::nullopt);
+}
+
+TEST(CommandLineTest, AWrongOrMissingModeIsToldTheRightOnes) {
+  for (const char* const word :
+       {"Focus", "focus ", "FOCUS", "relax", "create", "", "0", "--settings", "fo\xc3\xa7us"}) {
+    EXPECT_EQ(errorOf({"--mode", word}),
+              "there is no mode '" + std::string(word) + "', only focus, tempo, creative or relaxation");
+    EXPECT_TRUE(CommandLine::parse({"--mode", word}).errorNamesTheChoices);
+  }
+  EXPECT_EQ(errorOf({"--mode="}), "there is no mode '', only focus, tempo, creative or relaxation");
+  EXPECT_EQ(errorOf({"--mode"}), "option '--mode' needs focus, tempo, creative or relaxation");
+  EXPECT_EQ(errorOf({"--mode", "focus", "--mode", "Tempo", "--help"}),
+            "there is no mode 'Tempo', only focus, tempo, creative or relaxation");
+  EXPECT_EQ(actionOf({"--help", "--mode", "Tempo"}), Action::showHelp);
+  EXPECT_EQ(errorOf({"--mode", "focus", "tempo"}), "unexpected argument 'tempo'");
+  EXPECT_FALSE(CommandLine::parse({"--loud"}).errorNamesTheChoices);
+}
+
+TEST(CommandLineTest, AModeAndTheSettingsExcludeEachOther) {
+  EXPECT_EQ(errorOf({"--mode", "focus", "--settings"}), "option '--settings' does not go with --mode");
+  EXPECT_EQ(errorOf({"--settings", "--mode", "focus"}), "option '--mode' does not go with --settings");
+}
+
 TEST(CommandLineTest, HelpAndVersionWinOverSettings) {
   EXPECT_EQ(actionOf({"--settings", "--help"}), Action::showHelp);
   EXPECT_EQ(actionOf({"--service", "--help"}), Action::showHelp);
@@ -91,7 +132,7 @@ TEST(CommandLineTest, NothingIsAnOptionAfterTheDashes) {
 }
 
 TEST(CommandLineTest, HelpNamesEveryOption) {
-  for (const char* const option : {"--settings", "--service", "-h, --help", "-v, --version"}) {
+  for (const char* const option : {"--mode MODE", "--settings", "--service", "-h, --help", "-v, --version"}) {
     EXPECT_NE(CommandLine::helpText().find(option), std::string_view::npos) << option;
   }
   EXPECT_EQ(CommandLine::helpText().back(), '\n');

@@ -5,6 +5,7 @@
 #include "platform/linux/bus/MessageBus.h"
 #include "platform/linux/bus/SilentBusGuard.h"
 #include "platform/linux/instance/BusActivation.h"
+#include "platform/linux/instance/RequestNames.h"
 #include "platform/linux/instance/SingleInstanceServer.h"
 #include "platform/linux/media/MprisMediaControls.h"
 #include "platform/linux/memory/KernelMemoryPressure.h"
@@ -28,10 +29,29 @@
 #include <QGuiApplication>
 
 #include <chrono>
+#include <utility>
 
 #include <unistd.h>
 
 namespace mireval {
+
+namespace {
+
+SingleInstance::Request requestFor(const LinuxDesktop::Start& start) {
+  using Request = SingleInstance::Request;
+  using Purpose = LinuxDesktop::Start::Purpose;
+  switch (start.purpose) {
+    case Purpose::settings:
+      return Request::showSettings;
+    case Purpose::mode:
+      return requestNamed(start.mode).value_or(Request::showPanel);
+    case Purpose::panel:
+      break;
+  }
+  return Request::showPanel;
+}
+
+}  // namespace
 
 LinuxDesktop::LinuxDesktop() {
   openMissingStandardDescriptors();
@@ -42,7 +62,7 @@ LinuxDesktop::~LinuxDesktop() = default;
 
 /// Owns what the desktop supplies.
 struct LinuxDesktop::Services {
-  Services(const SingleInstance& instance, Start start, Notices& notices);
+  Services(const SingleInstance& instance, const Start& start, Notices& notices);
   void request(SingleInstance::Request request);
 
   const QByteArray applicationId = QGuiApplication::desktopFileName().toUtf8();
@@ -72,11 +92,12 @@ struct LinuxDesktop::Services {
   const Desktop desktop;
 };
 
-LinuxDesktop::Services::Services(const SingleInstance& instance, Start start, Notices& notices)
+LinuxDesktop::Services::Services(const SingleInstance& instance, const Start& start, Notices& notices)
     : audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication(), notices),
       laterCopies(instance),
       busActivation(sessionBus, applicationId,
-                    start == Start::byBus ? BusActivation::StartedBy::bus : BusActivation::StartedBy::user),
+                    start.starter == Start::Starter::bus ? BusActivation::StartedBy::bus
+                                                         : BusActivation::StartedBy::user),
       desktop{.audioPlayerFactory = audioPlayerFactory,
               .colorScheme = colorScheme,
               .debugOutput = debugOutput,
@@ -118,6 +139,12 @@ void LinuxDesktop::Services::request(SingleInstance::Request request) {
     case SingleInstance::Request::showSettings:
       Q_EMIT showRequests.settingsRequested();
       break;
+    case SingleInstance::Request::playFocus:
+    case SingleInstance::Request::playTempo:
+    case SingleInstance::Request::playCreative:
+    case SingleInstance::Request::playRelaxation:
+      Q_EMIT showRequests.modeRequested(QString::fromLatin1(nameOf(request)));
+      break;
   }
 }
 
@@ -126,7 +153,7 @@ bool LinuxDesktop::print(std::string_view text) {
 }
 
 std::optional<int> LinuxDesktop::prepare(Start start) {
-  m_start = start;
+  m_start = std::move(start);
   if (const auto exitStatus = handOver()) {
     return exitStatus;
   }
@@ -158,12 +185,10 @@ bool LinuxDesktop::chooseDisplay() {
 }
 
 std::optional<int> LinuxDesktop::handOver() {
-  using Request = SingleInstance::Request;
   if (m_instance.usesTemporaryFolder()) {
     m_notices.say("XDG_RUNTIME_DIR is not set; copies find each other in " + m_instance.folder().native());
   }
-  const auto outcome =
-      m_instance.elect(m_start == Start::forSettings ? Request::showSettings : Request::showPanel);
+  const auto outcome = m_instance.elect(requestFor(m_start));
   if (!outcome) {
     m_notices.say("other copies cannot be found: " + outcome.error());
     return std::nullopt;
@@ -172,7 +197,7 @@ std::optional<int> LinuxDesktop::handOver() {
     case SingleInstance::Outcome::elected:
       break;
     case SingleInstance::Outcome::handedOver:
-      if (m_start == Start::byBus) {
+      if (m_start.starter == Start::Starter::bus) {
         // The bus would go on waiting for its name, and ask nobody else meanwhile.
         m_notices.say("a copy runs already, which the bus does not know; its panel opens");
         return 1;

@@ -4,8 +4,10 @@
 #include "platform/linux/instance/SingleInstance.h"
 #include "platform/qt/StandardError.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace mireval {
@@ -21,11 +23,19 @@ class LinuxDesktop final {
   ~LinuxDesktop();
 
   /// Why the program was started.
-  enum class Start {
-    forPanel,
-    forSettings,
-    /// The message bus started it and is about to pass on a request.
-    byBus,
+  struct Start {
+    /// What the running copy is asked for.
+    enum class Purpose : std::uint8_t { panel, settings, mode };
+    enum class Starter : std::uint8_t {
+      user,
+      /// The message bus, which is about to pass on a request.
+      bus,
+    };
+
+    Purpose purpose = Purpose::panel;
+    /// The raw value of the mode, with Purpose::mode.
+    std::string mode = {};
+    Starter starter = Starter::user;
   };
 
   Notices& notices() { return m_notices; }
@@ -34,7 +44,7 @@ class LinuxDesktop final {
   static bool print(std::string_view text);
 
   /// Does what comes before the application object. Returns the process's exit status where nothing is left
-  /// to do: a running copy shows what is wanted or does not answer, or no display answers. Takes a few
+  /// to do: a running copy does what is wanted or does not answer, or no display answers. Takes a few
   /// milliseconds for the first copy, and 3 s if the X server is silent.
   std::optional<int> prepare(Start start);
 
@@ -52,7 +62,7 @@ class LinuxDesktop final {
   /// From `prepare` to `connect`, so while the application object is made.
   std::unique_ptr<SilentBusGuard> m_silentBusGuard;
   SingleInstance m_instance = SingleInstance::forCurrentUser();
-  Start m_start = Start::forPanel;
+  Start m_start;
 };
 
 }  // namespace mireval

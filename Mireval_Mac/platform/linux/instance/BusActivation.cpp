@@ -2,9 +2,11 @@
 
 #include "platform/linux/bus/BusHandlers.h"
 #include "platform/linux/bus/BusValues.h"
+#include "platform/linux/instance/RequestNames.h"
 
 #include <systemd/sd-bus.h>
 
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -14,8 +16,6 @@ namespace {
 using Request = SingleInstance::Request;
 
 constexpr const char* applicationInterface = "org.freedesktop.Application";
-// An action of the desktop file.
-constexpr std::string_view settingsAction = "Settings";
 
 QByteArray objectPathOf(const QByteArray& applicationId) {
   return '/' + QByteArray(applicationId).replace('.', '/').replace('-', '_');
@@ -79,7 +79,8 @@ void BusActivation::introduce() {
 
 void BusActivation::activate(sd_bus_message* call) {
   if (!std::exchange(m_isStarting, false)) {
-    request(Request::showPanel, readToken(call));
+    setActivationToken(readToken(call));
+    Q_EMIT requested(Request::showPanel);
   }
 }
 
@@ -96,17 +97,17 @@ int BusActivation::activateAction(sd_bus_message* call) {
   m_isStarting = false;
   const char* action = nullptr;
   sd_bus_message_read(call, "s", &action);
-  if (action != settingsAction) {
+  const std::optional<Request> request = requestNamed(action);
+  if (!request) {
     return sd_bus_reply_method_errorf(call, SD_BUS_ERROR_INVALID_ARGS, "There is no action '%s'", action);
   }
   sd_bus_message_skip(call, "av");
-  request(Request::showSettings, readToken(call));
+  // Nothing else opens a window, which the token is for.
+  if (request == Request::showSettings) {
+    setActivationToken(readToken(call));
+  }
+  Q_EMIT requested(*request);
   return sd_bus_reply_method_return(call, nullptr);
-}
-
-void BusActivation::request(Request request, const QByteArray& token) {
-  setActivationToken(token);
-  Q_EMIT requested(request);
 }
 
 }  // namespace mireval

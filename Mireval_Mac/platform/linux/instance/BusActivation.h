@@ -44,7 +44,6 @@ class BusActivation final : public QObject {
   int activateAction(sd_bus_message* call);
 
   void introduce();
-  void request(SingleInstance::Request request, const QByteArray& token);
 
   const QByteArray m_applicationId;
   const QByteArray m_objectPath;

@@ -4,6 +4,7 @@
 
 #include <tl/expected.hpp>
 
+#include <array>
 #include <chrono>
 #include <filesystem>
 #include <string>
@@ -15,7 +16,16 @@ namespace mireval {
 class SingleInstance final {
  public:
   /// What a later copy asks of the first. The value is sent, and comes back as the answer.
-  enum class Request : char { showPanel = 'p', showSettings = 's' };
+  enum class Request : char {
+    showPanel = 'p',
+    showSettings = 's',
+    playFocus = 'f',
+    playTempo = 't',
+    playCreative = 'c',
+    playRelaxation = 'r',
+  };
+  static constexpr std::array allRequests{Request::showPanel, Request::showSettings, Request::playFocus,
+                                          Request::playTempo, Request::playCreative, Request::playRelaxation};
 
   enum class Outcome {
     /// This copy is the first.

@@ -73,7 +73,8 @@ void SingleInstanceServer::receive(const Client& client) {
   served->readable.release()->deleteLater();
 
   const auto request = static_cast<Request>(message[0]);
-  if (length == 1 && (request == Request::showPanel || request == Request::showSettings)) {
+  const auto& known = SingleInstance::allRequests;
+  if (length == 1 && std::ranges::find(known, request) != known.end()) {
     Q_EMIT requested(request);
     send(served->connection.get(), message.data(), 1, MSG_NOSIGNAL | MSG_DONTWAIT);
   }

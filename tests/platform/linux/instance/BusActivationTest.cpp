@@ -123,6 +123,16 @@ TEST_F(BusActivationTest, PassesRequestsOn) {
   EXPECT_EQ(m_requests, (QList{Request::showPanel, Request::showSettings, Request::showPanel}));
 }
 
+TEST_F(BusActivationTest, AModeIsAnActionAndNeedsNoToken) {
+  appear();
+  for (const QString& mode : {u"focus"_s, u"tempo"_s, u"creative"_s, u"relaxation"_s}) {
+    EXPECT_EQ(activateAction(mode, {{u"activation-token"_s, u"unused"_s}}), QString());
+  }
+  EXPECT_EQ(m_requests,
+            (QList{Request::playFocus, Request::playTempo, Request::playCreative, Request::playRelaxation}));
+  EXPECT_EQ(m_tokens, (QByteArrayList{"", "", "", ""}));
+}
+
 TEST_F(BusActivationTest, TheRequestThatStartedItIsMetByTheStart) {
   appear(StartedBy::bus);
   EXPECT_TRUE(activate({{u"activation-token"_s, u"unused"_s}}));
@@ -145,6 +155,8 @@ TEST_F(BusActivationTest, AnyOtherFirstRequestIsNotMetByTheStart) {
   };
   EXPECT_EQ(ask([this] { EXPECT_TRUE(activateSettings()); }),
             (QList{Request::showSettings, Request::showPanel}));
+  EXPECT_EQ(ask([this] { EXPECT_EQ(activateAction(u"tempo"_s), QString()); }),
+            (QList{Request::playTempo, Request::showPanel}));
   // Mistakes.
   EXPECT_EQ(ask([this] { EXPECT_EQ(open({u"file:///song.m4a"_s}), notSupported); }),
             QList{Request::showPanel});
@@ -190,7 +202,8 @@ TEST_F(BusActivationTest, FilesCannotBeOpened) {
 
 TEST_F(BusActivationTest, WrongRequestsAreOrdinaryErrors) {
   appear();
-  for (const QString& action : {u"settings"_s, u"Settings "_s, u"Quit"_s, u"%s%n"_s, u""_s}) {
+  for (const QString& action :
+       {u"settings"_s, u"Settings "_s, u"Focus"_s, u"relax"_s, u"Quit"_s, u"%s%n"_s, u""_s}) {
     EXPECT_EQ(activateAction(action), invalidArguments);
   }
   EXPECT_EQ(error(u"Activate"_s, {}), invalidArguments);

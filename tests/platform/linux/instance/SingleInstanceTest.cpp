@@ -135,11 +135,11 @@ TEST_F(SingleInstanceTest, TheFirstCopyIsElectedAtOnce) {
 TEST_F(SingleInstanceTest, LaterCopiesHandOverWhatTheyWereAsked) {
   SingleInstance first = makeFirst();
   const ServingCopy serving(first);
-  for (const Request request : {Request::showSettings, Request::showPanel, Request::showSettings}) {
+  for (const Request request : SingleInstance::allRequests) {
     EXPECT_EQ(electLater(request), Outcome::handedOver);
     EXPECT_EQ(serving.requests().back(), request);
   }
-  EXPECT_EQ(serving.requests().size(), 3U);
+  EXPECT_EQ(serving.requests().size(), SingleInstance::allRequests.size());
 }
 
 TEST_F(SingleInstanceTest, TheAnswerComesAfterTheDeed) {
