@@ -19,6 +19,9 @@ class MenuBarExtra {
     /// click, also while the panel is open; once for a double click.
     std::function<void(std::optional<QRect> place)> activated;
 
+    /// The icon has got a place. Called once for each.
+    std::function<void()> placed;
+
     /// The icon has lost its place. It appears again as soon as it gets another.
     std::function<void()> lost;
 

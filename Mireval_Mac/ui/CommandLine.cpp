@@ -15,13 +15,11 @@ struct Option {
   bool takesMode = false;
 };
 
-constexpr std::array options{Option{"--settings", Action::showSettings},
-                             Option{"--mode", Action::playMode, true},
-                             Option{"--service", Action::serve},
-                             Option{"--help", Action::showHelp},
-                             Option{"-h", Action::showHelp},
-                             Option{"--version", Action::showVersion},
-                             Option{"-v", Action::showVersion}};
+constexpr std::array options{
+    Option{"--settings", Action::showSettings}, Option{"--mode", Action::playMode, true},
+    Option{"--autostart", Action::run},         Option{"--service", Action::serve},
+    Option{"--help", Action::showHelp},         Option{"-h", Action::showHelp},
+    Option{"--version", Action::showVersion},   Option{"-v", Action::showVersion}};
 
 CommandLine rejected(std::string_view reason, std::string_view argument, std::string_view end = "") {
   return {.action = Action::reject,
@@ -43,7 +41,9 @@ CommandLine withAction(CommandLine before, Action action) {
   if (action == Action::showSettings && before.mode) {
     return rejected("option", "--settings", " does not go with --mode");
   }
-  if (before.action == Action::run || before.action == Action::serve) {
+  if (action == Action::run) {
+    before.startedBySession = true;
+  } else if (before.action == Action::run || before.action == Action::serve) {
     before.action = action;
   }
   return before;
@@ -110,6 +110,7 @@ std::string_view CommandLine::helpText() {
          "\n"
          "  --mode MODE    play a mode and open nothing: focus, tempo, creative or relaxation\n"
          "  --settings     open the settings\n"
+         "  --autostart    started by the session: wait longer for its tray\n"
          "  --service      started by the message bus: wait for its request\n"
          "  -h, --help     print this text\n"
          "  -v, --version  print the version\n";

@@ -25,6 +25,8 @@ struct CommandLine {
   Action action = Action::run;
   /// Only with Action::playMode.
   std::optional<Mood> mode = {};
+  /// The session started the player, not its user. With any action but `serve`.
+  bool startedBySession = false;
   /// What is wrong, in a few words. Only with Action::reject.
   std::string error = {};
   /// The error names all that would be right.

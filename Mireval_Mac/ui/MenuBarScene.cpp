@@ -46,6 +46,7 @@ void MenuBarScene::show(const std::filesystem::path& icon) {
   m_icon = icon;
   m_services.menuBarExtra.show(icon,
                                {.activated = [this](const std::optional<QRect>& place) { toggle(place); },
+                                .placed = [this] { handlePlacedIcon(); },
                                 .lost = [this] { handleLostIcon(); },
                                 .missing = [this] { handleMissingMenuBar(); }});
 }
@@ -90,6 +91,7 @@ void MenuBarScene::endSearch() {
 
 void MenuBarScene::showPanel() {
   if (m_panel) {
+    m_panelIsUnasked = false;
     m_panel->bringToFront();
   } else if (m_services.menuBarExtra.isPlaced()) {
     openDropDown();
@@ -134,6 +136,7 @@ void MenuBarScene::openFramed() {
 
 void MenuBarScene::open(std::unique_ptr<PanelWindow> panel) {
   m_panel = std::move(panel);
+  m_panelIsUnasked = false;
   connect(m_panel.get(), &PanelWindow::settingsRequested, this, &MenuBarScene::settingsRequested);
   connect(m_panel.get(), &PanelWindow::quitRequested, this, &MenuBarScene::quitRequested);
   // Queued: when the signal comes, the panel still has its QML engine.
@@ -152,6 +155,12 @@ void MenuBarScene::close() {
   }
 }
 
+void MenuBarScene::handlePlacedIcon() {
+  if (m_panel && m_panelIsUnasked && !m_panel->isUsed()) {
+    close();
+  }
+}
+
 void MenuBarScene::handleLostIcon() {
   if (!m_panel || qobject_cast<const DropDownPanel*>(m_panel.get()) != nullptr) {
     close();
@@ -162,6 +171,10 @@ void MenuBarScene::handleMissingMenuBar() {
   m_services.notices.say("the desktop has no tray for the icon; the panel opens as a window");
   if (!m_panel) {
     openFramed();
+    m_panelIsUnasked = true;
+    // A screen reader presses a button without a pointer or a key.
+    connect(&m_services.audioPlayer, &AudioPlayerController::isPlayingChanged, m_panel.get(),
+            [this] { m_panelIsUnasked = false; });
   }
 }
 

@@ -23,7 +23,8 @@ class WindowSystem;
 
 /// The icon and the panel that it opens. The panel exists only while it is open, and beside the icon only
 /// while that has its place. Where the desktop has no place for the icon, the panel is shown as a framed
-/// window instead, and closing that ends the application.
+/// window instead, and closing that ends the application. If the icon gets its place later, a window that
+/// opened by itself and was not used is closed.
 class MenuBarScene final : public QObject {
   Q_OBJECT
 
@@ -74,6 +75,7 @@ class MenuBarScene final : public QObject {
   void openFramed();
   void open(std::unique_ptr<PanelWindow> panel);
   void close();
+  void handlePlacedIcon();
   void handleLostIcon();
   void handleMissingMenuBar();
   void updateToolTip();
@@ -81,6 +83,8 @@ class MenuBarScene final : public QObject {
   const Services m_services;
   std::filesystem::path m_icon;
   std::unique_ptr<PanelWindow> m_panel;
+  /// The panel opened by itself, and nobody has asked for it since.
+  bool m_panelIsUnasked = false;
   /// The icon's last known place, as for `placePanel`.
   std::optional<QRect> m_place;
   /// Only while the icon's place is looked for.

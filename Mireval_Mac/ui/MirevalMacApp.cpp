@@ -62,15 +62,18 @@ std::optional<int> answer(const CommandLine& commandLine, Notices& notices) {
 
 LinuxDesktop::Start startFor(const CommandLine& commandLine) {
   using Start = LinuxDesktop::Start;
+  const auto starter = commandLine.startedBySession ? Start::Starter::session : Start::Starter::user;
   switch (commandLine.action) {
     case CommandLine::Action::serve:
       return {.starter = Start::Starter::bus};
     case CommandLine::Action::showSettings:
-      return {.purpose = Start::Purpose::settings};
+      return {.purpose = Start::Purpose::settings, .starter = starter};
     case CommandLine::Action::playMode:
-      return {.purpose = Start::Purpose::mode, .mode = rawValue(*commandLine.mode).toStdString()};
+      return {.purpose = Start::Purpose::mode,
+              .mode = rawValue(*commandLine.mode).toStdString(),
+              .starter = starter};
     default:
-      return {};
+      return {.starter = starter};
   }
 }
 
@@ -169,7 +172,7 @@ int MirevalMacApp::main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   // For a session that is restored, Qt proposes arguments of its own.
   QObject::connect(&application, &QApplication::saveStateRequest, &application, [](QSessionManager& session) {
-    session.setRestartCommand({QCoreApplication::applicationFilePath()});
+    session.setRestartCommand({QCoreApplication::applicationFilePath(), u"--autostart"_s});
   });
   return runScenes(*desktop.connect(), commandLine);
 }

@@ -29,6 +29,15 @@ PanelWindow::PanelWindow(AudioPlayerController& audioPlayer, AppLocalization& lo
 }
 
 bool PanelWindow::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::TouchBegin:
+    case QEvent::KeyPress:
+      m_isUsed = true;
+      break;
+    default:
+      break;
+  }
   const bool handled = ViewWindow::event(event);
   if (event->type() == QEvent::Close) {
     Q_EMIT dismissed(Dismissal::deliberate);

@@ -26,6 +26,9 @@ class PanelWindow : public ViewWindow {
   /// The panel stays open beside the settings, and both can be used.
   virtual void setSettingsOpen(bool /*open*/) {}
 
+  /// Whether somebody has clicked, touched or typed in the window.
+  bool isUsed() const { return m_isUsed; }
+
  Q_SIGNALS:
   /// The user is done with the window. It is hidden already. It must not be deleted in a direct connection.
   void dismissed(mireval::PanelWindow::Dismissal how);
@@ -42,6 +45,9 @@ class PanelWindow : public ViewWindow {
 
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  bool m_isUsed = false;
 };
 
 }  // namespace mireval

@@ -321,7 +321,7 @@ class OptionsTest(ShellCase):
     def test_help_and_version(self):
         status, output, errors = self.answer("--help")
         self.assertEqual((status, errors), (0, ""))
-        for option in ("--mode", "--settings", "--service", "--help", "--version"):
+        for option in ("--mode", "--settings", "--autostart", "--service", "--help", "--version"):
             self.assertIn(option, output)
         self.assertEqual(self.answer("--settings", "-h"), (0, output, ""))
         status, version, errors = self.answer("--version")

@@ -41,8 +41,8 @@ class TrayCase(DesktopTest):
         super().setUp()
         self.session.set_background(BACKGROUND)
 
-    def start_player(self, **environment):
-        self.player = Player(self.session, PROGRAM, self.resources, environment=environment)
+    def start_player(self, *arguments, **environment):
+        self.player = Player(self.session, PROGRAM, self.resources, arguments=arguments, environment=environment)
         return self.player
 
     def end_player(self):
@@ -446,6 +446,44 @@ class LateBarTest(TrayCase):
         self.assertGreater(self.frame(), 0)
         self.session.screenshot("window-again")
         self.assertTrue(self.player.is_running())
+
+
+class SlowLoginTest(TrayCase):
+    PATIENCE_SECONDS = 30
+
+    def test_an_untouched_window_gives_way_to_the_icon(self):
+        self.start_player()
+        self.wait_for_panel()
+        bar = XfcePanel(self.session)
+        icon = centre_of(self.find_icon(bar))
+        self.wait_until_closed()
+        self.assertTrue(self.player.is_running())
+        # The first click opens the panel.
+        panel = self.open_panel(icon)
+        self.assert_beside(panel, "top", bar, icon, SCREEN)
+        self.close_panel()
+
+    def test_a_session_that_is_late_with_its_bar(self):
+        self.start_player("--autostart")
+        time.sleep(5)
+        self.assertIsNone(self.panel())
+        bar = XfcePanel(self.session)
+        icon = centre_of(self.find_icon(bar))
+        # Another start by the session asks for nothing.
+        self.run_copy("--autostart")
+        time.sleep(1)
+        self.assertIsNone(self.panel())
+        self.open_panel(icon)
+        self.close_panel()
+        self.assertEqual(self.player.errors, "")
+
+    def test_a_session_without_a_bar(self):
+        self.start_player("--autostart")
+        started = time.monotonic()
+        wait_for(self.panel, "the window", 2 * self.PATIENCE_SECONDS)
+        self.assertGreater(time.monotonic() - started, self.PATIENCE_SECONDS - 2)
+        self.assertLess(time.monotonic() - started, self.PATIENCE_SECONDS + 10)
+        self.assertIn("no tray", self.player.errors)
 
 
 class BarCrashTest(TrayCase):

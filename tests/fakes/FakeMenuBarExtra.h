@@ -24,7 +24,10 @@ class FakeMenuBarExtra final : public MenuBarExtra {
 
   void click(std::optional<QRect> place) const { m_handlers.activated(place); }
 
-  void place() { m_placed = true; }
+  void place() {
+    m_placed = true;
+    m_handlers.placed();
+  }
   void removePlace() { m_placed = false; }
 
   void losePlace() {

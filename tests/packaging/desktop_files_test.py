@@ -96,8 +96,9 @@ class DesktopFileTest(unittest.TestCase):
     def test_the_autostart_entry_agrees(self):
         application, autostart = read(DESKTOP_FILE)["Desktop Entry"], read(AUTOSTART)["Desktop Entry"]
         self.assertEqual(application["Exec"], "mireval")
-        for key in ("Name", "Icon", "Exec"):
+        for key in ("Name", "Icon"):
             self.assertEqual(autostart[key], application[key])
+        self.assertEqual(autostart["Exec"], "mireval --autostart")
         # Other readers than systemd go by this where the program is gone.
         self.assertEqual(autostart["TryExec"], "mireval")
         self.assertEqual(in_languages(autostart, "Comment"), in_languages(application, "Comment"))
@@ -277,7 +278,7 @@ class AutostartTest(InstalledCase):
         self.switch_on()
         units = self.units()
         self.assertEqual(set(units), {self.UNIT})
-        self.assertRegex(units[self.UNIT], rf'(?m)^ExecStart=:?"?{self.program}"?$')
+        self.assertRegex(units[self.UNIT], rf'(?m)^ExecStart=:?"?{self.program}"? "?--autostart"?$')
         (self.entries / f"{ID}.desktop").unlink()
         self.assertEqual(self.units(), {})
 

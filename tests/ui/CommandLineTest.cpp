@@ -82,6 +82,21 @@ TEST(CommandLineTest, AModeAndTheSettingsExcludeEachOther) {
   EXPECT_EQ(errorOf({"--settings", "--mode", "focus"}), "option '--mode' does not go with --settings");
 }
 
+TEST(CommandLineTest, TheSessionMayHaveStartedIt) {
+  EXPECT_FALSE(CommandLine::parse({}).startedBySession);
+  const CommandLine alone = CommandLine::parse({"--autostart"});
+  EXPECT_EQ(alone.action, Action::run);
+  EXPECT_TRUE(alone.startedBySession);
+  for (const auto& arguments : {std::vector<std::string_view>{"--autostart", "--mode", "tempo"},
+                                std::vector<std::string_view>{"--mode", "tempo", "--autostart"}}) {
+    const CommandLine commandLine = CommandLine::parse(arguments);
+    EXPECT_TRUE(commandLine.startedBySession);
+    EXPECT_EQ(commandLine.mode, Mood::tempo);
+    EXPECT_EQ(commandLine.action, Action::playMode);
+  }
+  EXPECT_EQ(errorOf({"--autostart=yes"}), "option '--autostart' takes no value");
+}
+
 TEST(CommandLineTest, HelpAndVersionWinOverSettings) {
   EXPECT_EQ(actionOf({"--settings", "--help"}), Action::showHelp);
   EXPECT_EQ(actionOf({"--service", "--help"}), Action::showHelp);
@@ -132,7 +147,8 @@ TEST(CommandLineTest, NothingIsAnOptionAfterTheDashes) {
 }
 
 TEST(CommandLineTest, HelpNamesEveryOption) {
-  for (const char* const option : {"--mode MODE", "--settings", "--service", "-h, --help", "-v, --version"}) {
+  for (const char* const option :
+       {"--mode MODE", "--settings", "--autostart", "--service", "-h, --help", "-v, --version"}) {
     EXPECT_NE(CommandLine::helpText().find(option), std::string_view::npos) << option;
   }
   EXPECT_EQ(CommandLine::helpText().back(), '\n');

@@ -3,14 +3,20 @@
 #include "fakes/FakeMenuBarExtra.h"
 #include "ui/PanelFixture.h"
 
+#include <QAccessible>
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QPointer>
+#include <QPointingDevice>
 #include <QQmlEngine>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QStyleHints>
 #include <QtTest/QTest>
+
+#include <array>
+#include <functional>
+#include <memory>
 
 namespace mireval {
 namespace {
@@ -294,8 +300,61 @@ TEST_F(MenuBarSceneTest, LosingTheIconEndsTheSearchForIt) {
   EXPECT_EQ(m_scene.panel(), nullptr);
 }
 
+TEST_F(MenuBarSceneTest, AnUntouchedWindowThatOpenedByItselfGivesWayToTheIcon) {
+  const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
+  m_menuBarExtra.findNoPlace();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(m_scene.panel()));
+  // Neither of these is a touch.
+  QTest::mouseMove(m_scene.panel(), QPoint(50, 50));
+  m_colorScheme.setDark(true);
+  m_menuBarExtra.place();
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  EXPECT_EQ(quit.size(), 0);
+  m_menuBarExtra.click(iconPlace);
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_TRUE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
+}
+
+TEST_F(MenuBarSceneTest, AWindowThatWasUsedStaysWhenTheIconComes) {
+  const std::array<std::function<void(PanelWindow&)>, 5> uses{
+      [](PanelWindow& panel) { QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(170, 110)); },
+      [](PanelWindow& panel) { QTest::keyClick(&panel, Qt::Key_Tab); },
+      [](PanelWindow& panel) {
+        const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+        QTest::touchEvent(&panel, screen.get()).press(0, QPoint(170, 110), &panel);
+        QTest::touchEvent(&panel, screen.get()).release(0, QPoint(170, 110), &panel);
+      },
+      // As screen readers do, without a pointer or a key.
+      [this](PanelWindow& panel) {
+        QAccessible::queryAccessibleInterface(item(panel, "mode-wind"))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::pressAction());
+      },
+      [this](PanelWindow&) { m_scene.showPanel(); },
+  };
+  for (const auto& use : uses) {
+    m_menuBarExtra.findNoPlace();
+    ASSERT_NE(m_scene.panel(), nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(m_scene.panel()));
+    use(*m_scene.panel());
+    m_menuBarExtra.place();
+    ASSERT_NE(m_scene.panel(), nullptr);
+    m_scene.panel()->close();
+    runEventLoopOnce();
+  }
+}
+
+TEST_F(MenuBarSceneTest, AWindowThatWasAskedForStaysWhenTheIconComes) {
+  m_menuBarExtra.removePlace();
+  m_scene.showPanel();
+  m_menuBarExtra.place();
+  ASSERT_NE(m_scene.panel(), nullptr);
+  EXPECT_TRUE(m_scene.panel()->isVisible());
+}
+
 TEST_F(MenuBarSceneTest, FramedPanelStaysWhenAnIconGoes) {
   m_menuBarExtra.findNoPlace();
+  m_scene.showPanel();
   const PanelWindow* const panel = m_scene.panel();
   m_menuBarExtra.place();
   m_menuBarExtra.losePlace();
@@ -312,6 +371,7 @@ TEST_F(MenuBarSceneTest, EachTimeNoIconComesBackThePanelOpensAsAWindow) {
     m_menuBarExtra.findNoPlace();
     ASSERT_NE(m_scene.panel(), nullptr);
     EXPECT_FALSE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
+    m_scene.showPanel();
     m_menuBarExtra.place();
     m_scene.panel()->close();
     EXPECT_EQ(quit.size(), 0);
@@ -321,6 +381,7 @@ TEST_F(MenuBarSceneTest, EachTimeNoIconComesBackThePanelOpensAsAWindow) {
 TEST_F(MenuBarSceneTest, TrayThatAppearsLaterTakesOver) {
   const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
   m_menuBarExtra.findNoPlace();
+  m_scene.showPanel();
   m_menuBarExtra.place();
   m_scene.panel()->close();
   EXPECT_EQ(quit.size(), 0);

@@ -48,7 +48,12 @@ SingleInstance::Request requestFor(const LinuxDesktop::Start& start) {
     case Purpose::panel:
       break;
   }
-  return Request::showPanel;
+  return start.starter == LinuxDesktop::Start::Starter::session ? Request::nothing : Request::showPanel;
+}
+
+std::chrono::milliseconds patienceWithBar(const LinuxDesktop::Start& start) {
+  // A slow login takes its time. Whoever starts the player by hand wants to see it.
+  return std::chrono::seconds(start.starter == LinuxDesktop::Start::Starter::session ? 30 : 2);
 }
 
 }  // namespace
@@ -81,10 +86,7 @@ struct LinuxDesktop::Services {
   SystemLocale systemLocale;
   PortalColorScheme colorScheme{sessionBus};
   LinuxWindowSystem windowSystem;
-  TrayMenuBarExtra menuBarExtra{sessionBus,
-                                {.pointer = &LinuxWindowSystem::pointer,
-                                 .embed = &XEmbedIcon::make,
-                                 .hostsTellPlaces = !windowSystem.usesLayers()}};
+  TrayMenuBarExtra menuBarExtra;
   KernelMemoryPressure memoryPressure;
   ShowRequests showRequests;
   SingleInstanceServer laterCopies;
@@ -94,6 +96,10 @@ struct LinuxDesktop::Services {
 
 LinuxDesktop::Services::Services(const SingleInstance& instance, const Start& start, Notices& notices)
     : audioPlayerFactory(LazyAudioPlayerFactory::moduleOfApplication(), notices),
+      menuBarExtra(sessionBus, {.pointer = &LinuxWindowSystem::pointer,
+                                .embed = &XEmbedIcon::make,
+                                .hostsTellPlaces = !windowSystem.usesLayers(),
+                                .patienceAtStart = patienceWithBar(start)}),
       laterCopies(instance),
       busActivation(sessionBus, applicationId,
                     start.starter == Start::Starter::bus ? BusActivation::StartedBy::bus
@@ -133,6 +139,8 @@ LinuxDesktop::Services::Services(const SingleInstance& instance, const Start& st
 
 void LinuxDesktop::Services::request(SingleInstance::Request request) {
   switch (request) {
+    case SingleInstance::Request::nothing:
+      break;
     case SingleInstance::Request::showPanel:
       Q_EMIT showRequests.panelRequested();
       break;

@@ -30,6 +30,8 @@ class LinuxDesktop final {
       user,
       /// The message bus, which is about to pass on a request.
       bus,
+      /// The session, which may be late with its bar. A running copy is asked for nothing.
+      session,
     };
 
     Purpose purpose = Purpose::panel;

@@ -17,6 +17,8 @@ class SingleInstance final {
  public:
   /// What a later copy asks of the first. The value is sent, and comes back as the answer.
   enum class Request : char {
+    /// That there is a copy is enough.
+    nothing = 'n',
     showPanel = 'p',
     showSettings = 's',
     playFocus = 'f',
@@ -24,8 +26,9 @@ class SingleInstance final {
     playCreative = 'c',
     playRelaxation = 'r',
   };
-  static constexpr std::array allRequests{Request::showPanel, Request::showSettings, Request::playFocus,
-                                          Request::playTempo, Request::playCreative, Request::playRelaxation};
+  static constexpr std::array allRequests{Request::nothing,       Request::showPanel, Request::showSettings,
+                                          Request::playFocus,     Request::playTempo, Request::playCreative,
+                                          Request::playRelaxation};
 
   enum class Outcome {
     /// This copy is the first.

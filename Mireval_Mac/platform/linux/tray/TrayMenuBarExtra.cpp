@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 
 using namespace std::chrono_literals;
 
-// At the start of a session, bars may start after applications. A bar that crashed is started again.
-constexpr auto timeForBarToStart = 2s;
+// A bar that crashed is started again.
+constexpr auto timeForBarToRestart = 2s;
 
 std::optional<QRect> pixel(std::optional<QPoint> point) {
   return point ? std::optional(QRect(*point, QSize(1, 1))) : std::nullopt;
@@ -46,7 +46,7 @@ void TrayMenuBarExtra::show(const std::filesystem::path& image, Handlers handler
   connect(m_item.get(), &StatusNotifierItem::activated, this, &TrayMenuBarExtra::handleClickOnItem,
           Qt::QueuedConnection);
   m_item->setToolTip(m_toolTip);
-  m_patience.start(timeForBarToStart);
+  m_patience.start(m_services.patienceAtStart);
   m_item->appear();
 }
 
@@ -71,7 +71,7 @@ void TrayMenuBarExtra::followItem() {
     m_embedLater.stop();
     m_embedded.reset();
   } else {
-    m_embedLater.start(m_itemHasBeenPlaced ? timeForBarToStart : 0s);
+    m_embedLater.start(m_itemHasBeenPlaced ? timeForBarToRestart : 0s);
   }
   followPlacement();
 }
@@ -93,6 +93,7 @@ void TrayMenuBarExtra::followPlacement() {
   }
   if (placed) {
     m_patience.stop();
+    m_handlers.placed();
   } else {
     m_patience.start(m_services.patienceAfterLoss);
     m_handlers.lost();

@@ -36,6 +36,9 @@ class TrayMenuBarExtra final : public QObject, public MenuBarExtra {
     std::function<std::unique_ptr<EmbeddedIcon>(const std::filesystem::path& image)> embed;
     /// Whether hosts count in the window system's own pixels when they tell where the icon was clicked.
     bool hostsTellPlaces = true;
+    /// How long the icon may be without a place after the start before it is missing. At the start of a
+    /// session, bars may start after applications.
+    std::chrono::milliseconds patienceAtStart = std::chrono::seconds(2);
     /// How long a lost icon may be away before it is missing.
     std::chrono::milliseconds patienceAfterLoss = std::chrono::seconds(30);
   };

@@ -93,6 +93,7 @@ class TrayMenuBarExtraTest : public BusFixture {
                                            m_places.push_back(place);
                                            QThread::msleep(m_openingTime.count());
                                          },
+                                     .placed = [this] { ++m_placements; },
                                      .lost = [this] { ++m_lost; },
                                      .missing = [this] { ++m_missing; }});
   }
@@ -145,6 +146,7 @@ class TrayMenuBarExtraTest : public BusFixture {
   std::vector<Place> m_places;
   /// How long a press keeps the event loop.
   std::chrono::milliseconds m_openingTime{0};
+  int m_placements = 0;
   int m_lost = 0;
   int m_missing = 0;
   QElapsedTimer m_sinceShown;
@@ -185,6 +187,7 @@ TEST_F(TrayMenuBarExtraTest, TheHostsAnswerComesBeforeThePanel) {
       anotherBus, {.pointer = [] { return std::nullopt; }, .embed = [](const auto&) { return nullptr; }});
   another.show("icon.png",
                {.activated = [&](Place) { hostWasAnswered = m_host->item().property(u"Status"_s).isValid(); },
+                .placed = [] {},
                 .lost = [] {},
                 .missing = [] {}});
   ASSERT_TRUE(waitFor([&another] { return another.isPlaced(); }));
@@ -342,6 +345,7 @@ TEST_F(TrayMenuBarExtraTest, WhenNothingShowsTheIconThatIsSaidOnceForEachLoss) {
   for (int losses = 1; losses <= 2; ++losses) {
     m_host->appear();
     ASSERT_TRUE(becomesPlaced());
+    EXPECT_EQ(m_placements, losses);
     EXPECT_EQ(m_lost, losses - 1);
     m_host->disappear();
     ASSERT_TRUE(becomesPlaced(false));
@@ -352,6 +356,25 @@ TEST_F(TrayMenuBarExtraTest, WhenNothingShowsTheIconThatIsSaidOnceForEachLoss) {
   EXPECT_FALSE(waitFor([this] { return m_missing > 3; }, patienceAfterLoss + 500ms));
   EXPECT_EQ(m_lost, 2);
   m_extra.setToolTip(u"Drift"_s);
+}
+
+TEST_F(TrayMenuBarExtraTest, ASessionMayBeGivenMoreTimeForItsBar) {
+  startBusAndWatcher();
+  int placements = 0;
+  int missing = 0;
+  TrayMenuBarExtra patient(m_connection, {.pointer = [] { return std::nullopt; },
+                                          .embed = [](const auto&) { return nullptr; },
+                                          .patienceAtStart = 4s});
+  patient.show("icon.png", {.activated = [](Place) {},
+                            .placed = [&] { ++placements; },
+                            .lost = [] {},
+                            .missing = [&] { ++missing; }});
+  EXPECT_FALSE(waitFor([&] { return missing > 0; }, 3500ms));
+  EXPECT_TRUE(waitFor([&] { return missing > 0; }));
+  m_host->appear();
+  EXPECT_TRUE(waitFor([&] { return placements > 0; }));
+  EXPECT_EQ(placements, 1);
+  EXPECT_EQ(missing, 1);
 }
 
 TEST_F(TrayMenuBarExtraTest, AnIconThatNeverHadAPlaceIsNotLost) {
@@ -382,6 +405,7 @@ TEST_F(TrayMenuBarExtraTest, ATrayOfTheEmbeddedIconMayGoAndComeBack) {
   EXPECT_EQ(m_lost, 1);
   embedded().place();
   embedded().place();
+  EXPECT_EQ(m_placements, 2);
   EXPECT_FALSE(waitFor([this] { return m_missing > 0; }, patienceAfterLoss + 500ms));
   EXPECT_EQ(m_lost, 1);
   embedded().place(false);
