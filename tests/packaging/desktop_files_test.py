@@ -184,7 +184,8 @@ class ManualTest(unittest.TestCase):
         options = set(re.findall(r"--?([a-z]+)", usage))
         self.assertIn("settings", options)
         manual = MANUAL.read_text(encoding="utf-8")
-        described = "\n".join(re.findall(r"^\.It (Fl .*?)(?: Ar .*)?$", manual, re.MULTILINE)).replace("Fl ", " ").split()
+        items = re.findall(r"^\.It (Fl .*?)(?: Ar .*)?$", manual, re.MULTILINE)
+        described = "\n".join(items).replace("Fl ", " ").split()
         self.assertEqual(set(described) - {","}, options)
 
 
