@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace mireval {
 namespace {
@@ -28,7 +29,14 @@ constexpr std::array modeButtons{ModeButton{"mode-scope", "scope", "Focus", Mood
                                  ModeButton{"mode-sparkles", "sparkles", "Create", Mood::creative},
                                  ModeButton{"mode-wind", "wind", "Relax", Mood::relaxation}};
 
-using PanelWindowTest = PanelFixture;
+class PanelWindowTest : public PanelFixture {
+ protected:
+  /// Of the button as a whole.
+  double opacity(const PanelWindow& panel, const char* button) const {
+    const QQuickItem* const veil = item(panel, button, "veil");
+    return veil->isVisible() ? 1 - veil->opacity() : 1;
+  }
+};
 
 TEST_F(PanelWindowTest, BeforeAnythingHasPlayed) {
   const auto panel = makePanel();
@@ -39,7 +47,7 @@ TEST_F(PanelWindowTest, BeforeAnythingHasPlayed) {
   for (const ModeButton& button : modeButtons) {
     EXPECT_EQ(symbol(*panel, button.name), QString::fromUtf8(button.symbol));
     EXPECT_FALSE(item(*panel, button.name)->property("selected").toBool());
-    EXPECT_DOUBLE_EQ(item(*panel, button.name)->opacity(), 0.98);
+    EXPECT_DOUBLE_EQ(opacity(*panel, button.name), 0.98);
   }
 }
 
@@ -76,8 +84,11 @@ TEST_F(PanelWindowTest, SymbolsAndTitlesShareTheCentreOfTheirButton) {
   for (const char* const language : {"en", "ja"}) {
     speak(language);
     for (const char* const mode : {"mode-scope", "mode-metronome", "mode-sparkles", "mode-wind"}) {
-      EXPECT_DOUBLE_EQ(centre(mode, "symbol").x(), centre(mode).x()) << language << " " << mode;
-      EXPECT_DOUBLE_EQ(centre(mode, "modeTitle").x(), centre(mode).x()) << language << " " << mode;
+      // On whole pixels, because a point is a pixel here.
+      EXPECT_EQ(centre(mode, "symbol"), centre(mode, "symbol").toPoint()) << language << " " << mode;
+      EXPECT_LE(std::abs(centre(mode, "symbol").x() - centre(mode).x()), 0.25) << language << " " << mode;
+      // A title's ink need not be in the middle of its item.
+      EXPECT_NEAR(centre(mode, "modeTitle").x(), centre(mode).x(), 1.5) << language << " " << mode;
     }
   }
   for (const char* const button : {"transport-previous", "transport-playPause", "transport-next"}) {
@@ -94,7 +105,7 @@ TEST_F(PanelWindowTest, EachModeButtonStartsItsMode) {
     EXPECT_EQ(text(*panel, "position"), u"1 / 16"_s);
     EXPECT_EQ(text(*panel, "title"), m_controller->currentTrack()->title);
     EXPECT_EQ(symbol(*panel, button.name), QString::fromUtf8(button.symbol));
-    EXPECT_DOUBLE_EQ(item(*panel, button.name)->opacity(), 1.0);
+    EXPECT_DOUBLE_EQ(opacity(*panel, button.name), 1.0);
     for (const ModeButton& other : modeButtons) {
       EXPECT_EQ(item(*panel, other.name)->property("selected").toBool(), &other == &button);
     }
@@ -117,7 +128,7 @@ TEST_F(PanelWindowTest, SelectedModePausesAndResumesItsTrack) {
   EXPECT_FALSE(m_controller->isPlaying());
   EXPECT_EQ(symbol(*panel, "mode-wind"), u"play.fill"_s);
   EXPECT_TRUE(item(*panel, "mode-wind")->property("selected").toBool());
-  EXPECT_DOUBLE_EQ(item(*panel, "mode-wind")->opacity(), 0.98);
+  EXPECT_DOUBLE_EQ(opacity(*panel, "mode-wind"), 0.98);
   press(*panel, "mode-wind");
   EXPECT_TRUE(m_controller->isPlaying());
   EXPECT_EQ(text(*panel, "position"), u"2 / 16"_s);

@@ -13,7 +13,15 @@ PlainButton {
     readonly property real diameter: Math.min(width, 72)
     readonly property color foreground: selected ? colors.paper : colors.ink
 
-    restingOpacity: selected && playing ? 1.0 : 0.98
+    // The symbol and the title are one above the other, in the middle of the circle.
+    readonly property real titleHeight: Fonts.lineHeight(label, font)
+    readonly property real symbolX: (width - glyph.width) / 2
+    readonly property real symbolY: (height - glyph.height - 2 - titleHeight) / 2
+    readonly property real titleY: symbolY + glyph.height + 2
+    // How wide the circle is where the title's ink ends.
+    readonly property real titleBottom: titleY + Fonts.inkBox(label, font).bottom - height / 2
+    readonly property real titleRoom: 2 * Math.sqrt(Math.max(0, (diameter - 1) ** 2 / 4 - titleBottom ** 2)) - 4
+
     Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: selected
@@ -38,8 +46,9 @@ PlainButton {
         id: glyph
 
         objectName: "symbol"
-        x: (button.width - width) / 2
-        y: (button.height - height - 2 - title.height) / 2
+        // The cell may begin between two pixels.
+        x: glyph.wholePixels ? Math.round(button.x + button.symbolX) - button.x : button.symbolX
+        y: glyph.wholePixels ? Math.round(button.symbolY) : button.symbolY
         name: button.selected && !button.playing ? "play.fill" : button.symbol
         fontSize: 16
         color: button.foreground
@@ -48,12 +57,25 @@ PlainButton {
     Text {
         id: title
 
+        readonly property rect ink: Fonts.inkBox(text, font)
+
         objectName: "modeTitle"
         Accessible.ignored: true
-        x: (button.width - width) / 2
-        y: glyph.y + glyph.height + 2
+        x: button.width / 2 - ink.x - ink.width / 2
+        y: button.titleY
         text: button.label
         color: button.foreground
-        font: button.font
+        font: Fonts.narrowed(button.titleRoom, button.label, button.font)
+    }
+
+    // What shows through is paper. This is the opacity of the whole: that of an item goes to each of its parts.
+    Rectangle {
+        objectName: "veil"
+        anchors.fill: parent
+        // The focus ring is wider than the button.
+        anchors.margins: -5
+        visible: !(button.selected && button.playing)
+        color: button.colors.paper
+        opacity: 0.02
     }
 }
