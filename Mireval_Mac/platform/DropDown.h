@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QRect>
 
+class QRegion;
 class QScreen;
 
 namespace mireval {
@@ -18,6 +19,10 @@ class DropDown : public QObject {
   /// `workArea` are in device-independent pixels, as in ScreenArea; the position was chosen for that work
   /// area. Does nothing where the desktop chooses the place.
   virtual void moveTo(QScreen& screen, const QRect& workArea, QPoint position) = 0;
+
+  /// Shows only these pixels of the window, in pixels of the screen from its top-left corner. Called after
+  /// `moveTo`, and again when the window's size has changed; only where windows are not blended.
+  virtual void setShape(const QRegion& pixels) = 0;
 
   /// Shows the window and asks for the keyboard.
   virtual void show() = 0;

@@ -1,14 +1,12 @@
 #include "ui/DropDownPanel.h"
 
 #include "platform/WindowSystem.h"
-#include "ui/ContinuousRectangle.h"
 #include "ui/PanelPlacement.h"
+#include "ui/PanelShape.h"
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QMarginsF>
 #include <QQuickItem>
-#include <QRegion>
 #include <QScreen>
 #include <QStyleHints>
 
@@ -71,9 +69,8 @@ void DropDownPanel::place() {
 
 void DropDownPanel::cutCornersOff() {
   const qreal margin = rootObject()->property("margin").toReal();
-  const QRectF panel = QRectF(QPointF(), QSizeF(size())) - QMarginsF(margin, margin, margin, margin);
   const qreal radius = rootObject()->property("cornerRadius").toReal();
-  setMask(QRegion(continuousRectangle(panel, radius).toFillPolygon().toPolygon()));
+  m_dropDown->setShape(panelShape(size() * devicePixelRatio(), devicePixelRatio(), margin, radius));
 }
 
 void DropDownPanel::dismiss(Dismissal how) {

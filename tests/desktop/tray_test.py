@@ -171,6 +171,31 @@ class TrayCase(DesktopTest):
                 self.assertGreater(mixed, side // 2, "the edge is not smooth")
             else:
                 self.assertEqual(mixed, 0, "something shines through")
+        if not blended:
+            self.assert_cut_in_pixels(shot, panel)
+
+    def assert_cut_in_pixels(self, shot, panel):
+        """The corners are mirror images, rise in steps of a pixel, and the outline is seen all along them."""
+        left, top, width, height = panel
+        side = int(1.6 * CORNER * self.scale)
+        insets = {}
+        for name, rows, columns in (("top left", range(height), range(width)),
+                                    ("top right", range(height), range(width - 1, -1, -1)),
+                                    ("bottom left", range(height - 1, -1, -1), range(width)),
+                                    ("bottom right", range(height - 1, -1, -1), range(width - 1, -1, -1))):
+            insets[name] = []
+            for y in list(rows)[:side]:
+                line = [shot.pixel(left + x, top + y) for x in list(columns)[:side]]
+                inset = next((x for x, pixel in enumerate(line) if pixel != BACKGROUND), side)
+                insets[name].append(inset)
+                if inset < side:
+                    self.assertNotIn(line[inset], ((255, 255, 255), (0, 0, 0)), (name, y, "no outline"))
+        for name, found in insets.items():
+            self.assertEqual(found, insets["top left"], name)
+        steps = [above - below for above, below in zip(insets["top left"], insets["top left"][1:]) if above < side]
+        self.assertIn(1, steps, "steps of a point")
+        longest = max(len(run) for run in "".join("=" if step == 0 else "|" for step in steps[:side // 2]).split("|"))
+        self.assertLess(longest, side // 4)
 
 
 class PlaceCase(TrayCase):

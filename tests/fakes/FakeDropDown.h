@@ -2,6 +2,7 @@
 
 #include "platform/DropDown.h"
 
+#include <QRegion>
 #include <QWindow>
 
 namespace mireval {
@@ -16,6 +17,8 @@ class FakeDropDown final : public DropDown {
     m_window.setPosition(position);
   }
 
+  void setShape(const QRegion& pixels) override { m_shape = pixels; }
+
   void show() override {
     m_window.show();
     m_window.requestActivate();
@@ -25,9 +28,13 @@ class FakeDropDown final : public DropDown {
 
   bool isExclusive() const { return m_exclusive; }
 
+  /// Empty when the whole window is shown.
+  const QRegion& shape() const { return m_shape; }
+
  private:
   bool m_exclusive = true;
   QWindow& m_window;
+  QRegion m_shape;
 };
 
 }  // namespace mireval

@@ -22,6 +22,8 @@ class LayerDropDown final : public DropDown {
   ~LayerDropDown() override;
 
   void moveTo(QScreen& screen, const QRect& workArea, QPoint position) override;
+  /// Nothing: what is transparent is so here.
+  void setShape(const QRegion& /*pixels*/) override {}
   void show() override;
   void setExclusive(bool exclusive) override;
 

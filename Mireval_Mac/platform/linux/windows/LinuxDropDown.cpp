@@ -79,6 +79,13 @@ void LinuxDropDown::moveTo(QScreen& screen, const QRect&, QPoint position) {
   }
 }
 
+void LinuxDropDown::setShape(const QRegion& pixels) {
+  // Qt's own masks are in device-independent pixels. A Wayland desktop always blends windows.
+  if (const auto x11 = X11Connection::forApplication()) {
+    x11->setShape(static_cast<xcb_window_t>(m_window.winId()), pixels);
+  }
+}
+
 void LinuxDropDown::show() {
   m_kind.prepare(m_window);
   if (m_catcher) {

@@ -45,6 +45,7 @@ class LinuxDropDown final : public DropDown {
   LinuxDropDown(QWindow& window, const Kind& kind);
 
   void moveTo(QScreen& screen, const QRect& workArea, QPoint position) override;
+  void setShape(const QRegion& pixels) override;
   void show() override;
   void setExclusive(bool exclusive) override;
 

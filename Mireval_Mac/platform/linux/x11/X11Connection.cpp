@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 
+#include <xcb/shape.h>
+
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -114,6 +116,21 @@ QByteArray X11Connection::bytes(xcb_window_t window, xcb_atom_t property, xcb_at
   }
   return {static_cast<const char*>(xcb_get_property_value(reply.get())),
           xcb_get_property_value_length(reply.get())};
+}
+
+void X11Connection::setShape(xcb_window_t window, const QRegion& pixels) const {
+  if (!hasExtension("SHAPE")) {
+    return;
+  }
+  std::vector<xcb_rectangle_t> rectangles;
+  for (const QRect& part : pixels) {
+    rectangles.push_back({.x = static_cast<std::int16_t>(part.x()),
+                          .y = static_cast<std::int16_t>(part.y()),
+                          .width = static_cast<std::uint16_t>(part.width()),
+                          .height = static_cast<std::uint16_t>(part.height())});
+  }
+  xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_YX_BANDED,
+                       window, 0, 0, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
 }
 
 }  // namespace mireval

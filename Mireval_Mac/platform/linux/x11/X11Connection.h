@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QPoint>
+#include <QRegion>
 #include <QSize>
 
 #include <xcb/xcb.h>
@@ -42,6 +43,10 @@ class X11Connection final {
   /// Adds to a property that lists atoms.
   void addAtoms(xcb_window_t window, std::string_view property,
                 std::initializer_list<std::string_view> added) const;
+
+  /// The window is there only where the region is, for the eye and for the pointer. In pixels from its
+  /// top-left corner.
+  void setShape(xcb_window_t window, const QRegion& pixels) const;
 
  private:
   X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, int screenNumber)
