@@ -6,9 +6,8 @@ ButtonBehaviour {
     id: button
 
     required property string label
-    property real restingOpacity: 1
 
-    opacity: pressed ? restingOpacity * 0.5 : restingOpacity
+    opacity: pressed ? 0.5 : 1
     Accessible.role: Accessible.Button
     Accessible.name: label
     Accessible.focusable: true
