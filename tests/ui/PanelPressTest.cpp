@@ -40,7 +40,7 @@ class PanelPressTest : public PanelFixture {
   const std::unique_ptr<PanelWindow> m_panel = makePanel();
   const QSignalSpy m_quit{m_panel.get(), &PanelWindow::quitRequested};
   // Between the sections.
-  static constexpr QPoint m_elsewhere{170, 110};
+  static constexpr QPoint elsewhere{170, 110};
 };
 
 TEST_F(PanelPressTest, AButtonIsDimWhileItIsHeldAndActsWhenItIsReleased) {
@@ -50,7 +50,7 @@ TEST_F(PanelPressTest, AButtonIsDimWhileItIsHeldAndActsWhenItIsReleased) {
       EXPECT_DOUBLE_EQ(opacityOf(other), other == button ? dimmed : 1) << other;
     }
     EXPECT_TRUE(m_factory.players().empty());
-    release(m_elsewhere);
+    release(elsewhere);
     EXPECT_DOUBLE_EQ(opacityOf(button), 1) << button;
   }
   EXPECT_TRUE(m_factory.players().empty());
@@ -75,7 +75,7 @@ TEST_F(PanelPressTest, DimmingIsSeen) {
 
 TEST_F(PanelPressTest, AButtonIsDimOnlyWhileTheHeldPointerIsOnIt) {
   hold("mode-scope");
-  QTest::mouseMove(m_panel.get(), m_elsewhere);
+  QTest::mouseMove(m_panel.get(), elsewhere);
   EXPECT_DOUBLE_EQ(opacityOf("mode-scope"), 1);
   QTest::mouseMove(m_panel.get(), centreOf("mode-metronome"));
   EXPECT_DOUBLE_EQ(opacityOf("mode-metronome"), 1);
@@ -155,7 +155,7 @@ TEST_F(PanelPressTest, EachTargetIsLargeEnoughForAFinger) {
         const QPoint place = centreOf(button) + corner * (least / 2 - 1);
         QTest::mousePress(m_panel.get(), Qt::LeftButton, {}, place);
         EXPECT_DOUBLE_EQ(opacityOf(button), dimmed) << button << " " << language;
-        release(m_elsewhere);
+        release(elsewhere);
       }
     }
   }
