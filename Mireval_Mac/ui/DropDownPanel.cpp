@@ -70,7 +70,8 @@ void DropDownPanel::place() {
 void DropDownPanel::cutCornersOff() {
   const qreal margin = rootObject()->property("margin").toReal();
   const qreal radius = rootObject()->property("cornerRadius").toReal();
-  m_dropDown->setShape(panelShape(size() * devicePixelRatio(), devicePixelRatio(), margin, radius));
+  // Of the view, which may already be smaller than the window.
+  m_dropDown->setShape(panelShape(viewSize() * devicePixelRatio(), devicePixelRatio(), margin, radius));
 }
 
 void DropDownPanel::dismiss(Dismissal how) {
@@ -100,6 +101,12 @@ void DropDownPanel::resizeEvent(QResizeEvent* event) {
   // The texts of another language may be higher.
   if (isVisible()) {
     place();
+  }
+}
+
+void DropDownPanel::prepareSmallerFrame() {
+  if (!m_blended) {
+    cutCornersOff();
   }
 }
 

@@ -33,6 +33,7 @@ class DropDownPanel final : public PanelWindow {
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void prepareSmallerFrame() override;
 
  private:
   void handleClickOutside();

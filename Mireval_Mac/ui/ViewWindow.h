@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QQuickView>
+#include <QSize>
 #include <QString>
 
 #include <filesystem>
@@ -12,7 +13,8 @@ namespace mireval {
 class ColorScheme;
 
 /// A window that shows one of our QML views, together with everything that QML needs for it: destroying the
-/// window frees it all. It is always as large as its view. Lives on the UI thread.
+/// window frees it all. It is always as large as its view: a larger view is drawn once the window has grown,
+/// a smaller one before the window shrinks, so that no frame shows a part of it. Lives on the UI thread.
 class ViewWindow : public QQuickView {
   Q_OBJECT
 
@@ -35,8 +37,24 @@ class ViewWindow : public QQuickView {
   /// must outlive the window.
   void setGround(const ColorScheme& colorScheme, const QColor& light, const QColor& dark);
 
+  bool event(QEvent* event) override;
+
+  /// The next frame is smaller than the window, which shrinks after it.
+  virtual void prepareSmallerFrame() {}
+
+  /// Of the view, in device-independent pixels.
+  QSize viewSize() const;
+
  private:
   void fixSize();
+  bool isReadyToDraw();
+  void waitForSize(const QSize& wanted);
+
+  bool m_waitsForSize = false;
+  /// What the desktop has made of the last request. `size` may be ahead of it.
+  QSize m_grantedSize;
+  /// The desktop did not let the window become this large.
+  QSize m_refusedSize;
 };
 
 }  // namespace mireval

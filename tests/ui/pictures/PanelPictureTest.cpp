@@ -1,3 +1,4 @@
+#include "ui/PanelShape.h"
 #include "ui/pictures/PictureFixture.h"
 
 #include <QtTest/QTest>
@@ -122,6 +123,36 @@ TEST_F(OpenPanelPictureTest, FramedWindowGrowsWithTheTexts) {
     EXPECT_TRUE(QTest::qWaitFor(hasFollowed, 2000)) << language;
     before = height;
   }
+}
+
+TEST_F(OpenPanelPictureTest, WindowAndContentChangeTheirSizeInTheSameFrame) {
+  m_windowSystem.setBlends(false);
+  const auto panel = makePanel();
+  picture(*panel);
+  int frames = 0;
+  const auto look = [&] {
+    const double scale = panel->devicePixelRatio();
+    const QSize view = panel->rootObject()->size().toSize();
+    EXPECT_LE(view.height(), panel->height());
+    const QRegion& shape = m_windowSystem.dropDown()->shape();
+    EXPECT_TRUE(shape == panelShape(view * scale, scale, 1, 28))
+        << "a view of " << view.height() << " points in " << shape.boundingRect().height() << " pixels";
+    ++frames;
+  };
+  const QMetaObject::Connection connection =
+      QObject::connect(panel.get(), &QQuickWindow::frameSwapped, panel.get(), look, Qt::DirectConnection);
+  for (const char* const language : {"ja", "en", "ja"}) {
+    const int before = panel->height();
+    frames = 0;
+    speak(language);
+    const auto hasFollowed = [&] {
+      return frames > 0 && panel->height() != before && panel->height() == panel->rootObject()->height();
+    };
+    EXPECT_TRUE(QTest::qWaitFor(hasFollowed, 2000)) << language;
+    // Whatever comes later would be seen, too.
+    QTest::qWait(100);
+  }
+  QObject::disconnect(connection);
 }
 
 TEST_F(OpenPanelPictureTest, KeepsItsHeightWhenAnEnglishTitleReplacesAnotherScript) {
