@@ -23,20 +23,21 @@ std::pair<double, double> extent(const std::vector<double>& darkest) {
 
 }  // namespace
 
-Ink::Ink(const QImage& picture, double scale, const std::function<bool(QPointF)>& area, QPointF ground,
-         int full)
+Ink::Ink(const QImage& picture, double scale, QRectF bounds, const std::function<bool(QPointF)>& area,
+         QPointF ground, int full)
     : m_scale(scale),
-      m_width(picture.width()),
-      m_height(picture.height()),
+      m_origin((bounds.topLeft() * scale).toPoint()),
+      m_width(static_cast<int>(bounds.width() * scale)),
+      m_height(static_cast<int>(bounds.height() * scale)),
       m_coverage(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height)) {
   const QPoint groundPixel(static_cast<int>(ground.x() * scale), static_cast<int>(ground.y() * scale));
   const int empty = qRed(picture.pixel(groundPixel));
   auto coverage = m_coverage.begin();
   for (int y = 0; y < m_height; ++y) {
     for (int x = 0; x < m_width; ++x, ++coverage) {
-      if (area(QPointF(x + 0.5, y + 0.5) / scale)) {
-        *coverage =
-            std::clamp((qRed(picture.pixel(x, y)) - empty) / static_cast<double>(full - empty), 0.0, 1.0);
+      if (area(middleOf(x, y))) {
+        const int grey = qRed(picture.pixel(m_origin + QPoint(x, y)));
+        *coverage = std::clamp((grey - empty) / static_cast<double>(full - empty), 0.0, 1.0);
       }
     }
   }
@@ -71,7 +72,7 @@ QRectF Ink::box() const {
   }
   const auto [left, right] = extent(columns);
   const auto [top, bottom] = extent(rows);
-  return {QPointF(left, top) / m_scale, QPointF(right, bottom) / m_scale};
+  return {(m_origin + QPointF(left, top)) / m_scale, (m_origin + QPointF(right, bottom)) / m_scale};
 }
 
 std::vector<Ink::Part> Ink::parts() const {
@@ -108,7 +109,7 @@ void Ink::forEach(const std::function<void(QPointF, double)>& visit) const {
   for (int y = 0; y < m_height; ++y) {
     for (int x = 0; x < m_width; ++x) {
       if (at(x, y) > 0) {
-        visit(QPointF(x + 0.5, y + 0.5) / m_scale, at(x, y));
+        visit(middleOf(x, y), at(x, y));
       }
     }
   }

@@ -19,10 +19,10 @@ class Ink {
     double largestCoverage = 0;
   };
 
-  /// Reads the pixels whose middle is in the area. `ground` is a place in the picture without ink, `full` the
-  /// grey value of the ink itself.
-  Ink(const QImage& picture, double scale, const std::function<bool(QPointF)>& area, QPointF ground,
-      int full);
+  /// Reads the pixels within the bounds whose middle is in the area. `ground` is a place in the picture
+  /// without ink, `full` the grey value of the ink itself.
+  Ink(const QImage& picture, double scale, QRectF bounds, const std::function<bool(QPointF)>& area,
+      QPointF ground, int full);
 
   /// In square points.
   double amount() const;
@@ -36,7 +36,10 @@ class Ink {
  private:
   double at(int x, int y) const { return m_coverage[static_cast<std::size_t>(y * m_width + x)]; }
 
+  QPointF middleOf(int x, int y) const { return (m_origin + QPointF(x + 0.5, y + 0.5)) / m_scale; }
+
   double m_scale;
+  QPoint m_origin;
   int m_width;
   int m_height;
   std::vector<double> m_coverage;

@@ -40,8 +40,9 @@ class InkTest : public PictureFixture, public testing::WithParamInterface<bool> 
       const QPointF offset = place - centre;
       return std::hypot(offset.x(), offset.y()) < radius && condition(offset);
     };
-    return {seen, panel.devicePixelRatio(), area, centre - QPointF(0, radius - 2),
-            GetParam() == inverted ? 0 : 255};
+    const QRectF bounds(centre - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius));
+    return {seen, panel.devicePixelRatio(),        bounds,
+            area, centre - QPointF(0, radius - 2), GetParam() == inverted ? 0 : 255};
   }
 
   Ink symbolOf(const PanelWindow& panel, const QImage& seen, const char* mode, bool inverted = false) const {
