@@ -34,7 +34,10 @@ class Ink {
   void forEach(const std::function<void(QPointF place, double coverage)>& visit) const;
 
  private:
-  double at(int x, int y) const { return m_coverage[static_cast<std::size_t>(y * m_width + x)]; }
+  double at(int x, int y) const {
+    return m_coverage[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) +
+                      static_cast<std::size_t>(x)];
+  }
 
   QPointF middleOf(int x, int y) const { return (m_origin + QPointF(x + 0.5, y + 0.5)) / m_scale; }
 
