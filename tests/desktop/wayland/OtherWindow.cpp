@@ -1,5 +1,5 @@
-// A window of another application, in the colour that is its argument. It takes up all the room there is. Its title says
-// whether a button or a key was pressed last.
+// A window of another application, in the colour that is its argument. It takes up all the room there is. Its
+// title says whether a button or a key was pressed last.
 
 #include <QColor>
 #include <QGuiApplication>
