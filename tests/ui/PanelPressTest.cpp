@@ -15,8 +15,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr std::array buttons{"mode-scope",         "mode-metronome",      "mode-sparkles",  "mode-wind",
-                             "transport-previous", "transport-playPause", "transport-next", "quit"};
+constexpr std::array pressableButtons{
+    "mode-scope",         "mode-metronome",      "mode-sparkles",  "mode-wind",
+    "transport-previous", "transport-playPause", "transport-next", "quit"};
 constexpr double dimmed = 0.5;
 
 /// Presses, holds and releases buttons of a panel in which nothing plays.
@@ -44,9 +45,9 @@ class PanelPressTest : public PanelFixture {
 };
 
 TEST_F(PanelPressTest, AButtonIsDimWhileItIsHeldAndActsWhenItIsReleased) {
-  for (const char* const button : buttons) {
+  for (const char* const button : pressableButtons) {
     hold(button);
-    for (const char* const other : buttons) {
+    for (const char* const other : pressableButtons) {
       EXPECT_DOUBLE_EQ(opacityOf(other), other == button ? dimmed : 1) << other;
     }
     EXPECT_TRUE(m_factory.players().empty());
@@ -88,7 +89,7 @@ TEST_F(PanelPressTest, AButtonIsDimOnlyWhileTheHeldPointerIsOnIt) {
 
 TEST_F(PanelPressTest, HoveringAndOtherMouseButtonsChangeNothing) {
   const QImage before = m_panel->grabWindow();
-  for (const char* const button : buttons) {
+  for (const char* const button : pressableButtons) {
     QTest::mouseMove(m_panel.get(), centreOf(button));
     EXPECT_EQ(m_panel->grabWindow(), before) << button;
     QTest::mousePress(m_panel.get(), Qt::RightButton, {}, centreOf(button));
@@ -150,7 +151,7 @@ TEST_F(PanelPressTest, EachTargetIsLargeEnoughForAFinger) {
   constexpr double least = 24;
   for (const char* const language : {"en", "zh-Hans", "zh-Hant", "ja"}) {
     speak(language);
-    for (const char* const button : buttons) {
+    for (const char* const button : pressableButtons) {
       for (const QPoint corner : {QPoint(-1, -1), QPoint(1, -1), QPoint(-1, 1), QPoint(1, 1)}) {
         const QPoint place = centreOf(button) + corner * (least / 2 - 1);
         QTest::mousePress(m_panel.get(), Qt::LeftButton, {}, place);

@@ -10,14 +10,14 @@ namespace mireval {
 namespace {
 
 constexpr double margin = 1;
-constexpr double radius = 28;
+constexpr double cornerRadius = 28;
 
 /// The scale of the screen.
 class PanelShapeTest : public testing::TestWithParam<double> {
  protected:
   const double m_scale = GetParam();
   const QSize m_window = QSize(340, 341) * m_scale;
-  const QRegion m_shape = panelShape(m_window, m_scale, margin, radius);
+  const QRegion m_shape = panelShape(m_window, m_scale, margin, cornerRadius);
 
   /// How many pixels are missing on the left of the row.
   int inset(int row) const {
@@ -52,13 +52,13 @@ TEST_P(PanelShapeTest, FollowsTheRadiusOnTheDiagonal) {
   while (!m_shape.contains(QPoint(cut, cut))) {
     ++cut;
   }
-  const double expected = (margin - 0.5 + (radius + 0.5) * (1 - std::sqrt(0.5))) * m_scale;
+  const double expected = (margin - 0.5 + (cornerRadius + 0.5) * (1 - std::sqrt(0.5))) * m_scale;
   EXPECT_NEAR(cut, expected, 0.51);
 }
 
 TEST_P(PanelShapeTest, StepsAreSinglePixels) {
   // Around the diagonal each row is one or two pixels longer than the one above it.
-  const auto middle = static_cast<int>((margin + radius * (1 - std::sqrt(0.5))) * m_scale);
+  const auto middle = static_cast<int>((margin + cornerRadius * (1 - std::sqrt(0.5))) * m_scale);
   int singleSteps = 0;
   for (int row = middle - 3; row < middle + 3; ++row) {
     const int step = inset(row) - inset(row + 1);
