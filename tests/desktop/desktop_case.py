@@ -92,11 +92,14 @@ class DesktopTest(unittest.TestCase):
 
     def panel_at_rest(self):
         """Waits for the panel, and for the window manager to have put it where it stays."""
-        def twice_the_same():
+        def always_the_same():
             first = self.panel()
-            time.sleep(0.2)
-            return first if first == self.panel() else None
-        return wait_for(twice_the_same, "the panel", 5)
+            for _ in range(4):
+                time.sleep(0.2)
+                if self.panel() != first:
+                    return None
+            return first
+        return wait_for(always_the_same, "the panel", 10)
 
     def find_buttons(self, *names):
         """The places of buttons within a panel that opens as a window. A player without a bus cannot be asked for
