@@ -18,8 +18,7 @@ constexpr std::size_t bytesPerFrame = channels * sizeof(Sample);
 
 /// How much the server holds for us. It asks for more when half of it has been played.
 constexpr microseconds bufferLength = 2s;
-/// A new gain is heard after this time: enough for the replaced frames to reach the server, also on a busy
-/// machine.
+/// A new gain is heard after this time: replaced frames reach the server by then, also on a busy machine.
 constexpr microseconds gainLatency = 100ms;
 constexpr microseconds gainRamp = 10ms;
 /// Closer to the end than this counts as the end.
