@@ -27,7 +27,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // A window manager answers within milliseconds; a tiling one may never agree.
-constexpr auto patience = std::chrono::milliseconds(250);
+constexpr auto patience = std::chrono::seconds(1);
 
 /// Positions the items now instead of in the middle of drawing a frame, which could not be held back any
 /// more.
