@@ -4,6 +4,8 @@
 #include <QPoint>
 #include <QRect>
 
+#include <cstdint>
+
 class QRegion;
 class QScreen;
 
@@ -20,9 +22,16 @@ class DropDown : public QObject {
   /// area. Does nothing where the desktop chooses the place.
   virtual void moveTo(QScreen& screen, const QRect& workArea, QPoint position) = 0;
 
-  /// Shows only these pixels of the window, in pixels of the screen from its top-left corner. Called after
-  /// `moveTo`, and again when the window's size has changed; only where windows are not blended.
-  virtual void setShape(const QRegion& pixels) = 0;
+  enum class Outside : std::uint8_t {
+    /// The window draws nothing there, but could not show what lies behind it.
+    hidden,
+    /// The window draws its own shadow there.
+    shadow,
+  };
+
+  /// The pixels of the window that are the panel, in pixels of the screen from its top-left corner. Clicks on
+  /// the others are clicks outside. Called after each `moveTo`.
+  virtual void setShape(const QRegion& pixels, Outside outside) = 0;
 
   /// Shows the window and asks for the keyboard.
   virtual void show() = 0;

@@ -24,6 +24,9 @@ DropDownPanel::DropDownPanel(const std::optional<QRect>& icon, const WindowSyste
       m_dropDown(windowSystem.makeDropDown(*this)) {
   if (m_blended) {
     setColor(Qt::transparent);
+    rootObject()->setProperty("shaded", true);
+    // By itself, the window would follow in the next turn of the event loop.
+    resize(viewSize());
   } else {
     setGround(colorScheme, Qt::white, Qt::black);
   }
@@ -59,19 +62,21 @@ void DropDownPanel::place() {
   if (screens.empty()) {
     return;
   }
-  const PanelPlacement placement = placePanel(m_icon, size(), screens);
+  // The shadow may reach over the bar and beyond the screen.
+  const int shadow = rootObject()->property("shadowReach").toInt();
+  const PanelPlacement placement = placePanel(m_icon, size().shrunkBy(QMargins() + shadow), screens);
   QScreen* const screen = QGuiApplication::screens().at(static_cast<qsizetype>(placement.screen));
-  m_dropDown->moveTo(*screen, screens[placement.screen].workArea, placement.position);
-  if (!m_blended) {
-    cutCornersOff();
-  }
+  m_dropDown->moveTo(*screen, screens[placement.screen].workArea,
+                     placement.position - QPoint(shadow, shadow));
+  shape();
 }
 
-void DropDownPanel::cutCornersOff() {
+void DropDownPanel::shape() {
   const qreal margin = rootObject()->property("margin").toReal();
   const qreal radius = rootObject()->property("cornerRadius").toReal();
   // Of the view, which may already be smaller than the window.
-  m_dropDown->setShape(panelShape(viewSize() * devicePixelRatio(), devicePixelRatio(), margin, radius));
+  m_dropDown->setShape(panelShape(viewSize() * devicePixelRatio(), devicePixelRatio(), margin, radius),
+                       m_blended ? DropDown::Outside::shadow : DropDown::Outside::hidden);
 }
 
 void DropDownPanel::dismiss(Dismissal how) {
@@ -105,9 +110,7 @@ void DropDownPanel::resizeEvent(QResizeEvent* event) {
 }
 
 void DropDownPanel::prepareSmallerFrame() {
-  if (!m_blended) {
-    cutCornersOff();
-  }
+  shape();
 }
 
 }  // namespace mireval

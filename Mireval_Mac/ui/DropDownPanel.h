@@ -39,7 +39,7 @@ class DropDownPanel final : public PanelWindow {
   void handleClickOutside();
   void dismiss(Dismissal how);
   void place();
-  void cutCornersOff();
+  void shape();
 
   const std::optional<QRect> m_icon;
   const WindowSystem& m_windowSystem;

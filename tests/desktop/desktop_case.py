@@ -85,10 +85,15 @@ class DesktopTest(unittest.TestCase):
         return self.session.windows("--name", "(^| )Mireval$")
 
     def panel(self):
-        """The rectangle of the player's only window; None while there is none."""
+        """The rectangle of the player's only window without its shadow; None while there is none."""
         windows = self.windows()
         self.assertLessEqual(len(windows), 1)
-        return self.session.rectangle(windows[0]) if windows else None
+        rectangle = self.session.rectangle(windows[0]) if windows else None
+        if rectangle is None:
+            return None
+        x, y, width, height = rectangle
+        left, right, top, bottom = self.session.shadow(windows[0])
+        return x + left, y + top, width - left - right, height - top - bottom
 
     def panel_at_rest(self):
         """Waits for the panel, and for the window manager to have put it where it stays."""
@@ -122,10 +127,13 @@ class DesktopTest(unittest.TestCase):
 
     def hear_tone(self, recorder, seconds=10):
         """The track whose steady tone is heard now."""
+        pitches = None
+
         def track():
+            nonlocal pitches
             # A stretch with the end of one tone and the beginning of the next has the mean pitch of some other one.
             samples = recorder.next(0.3)
             pitches = pitch(samples[:len(samples) // 2]), pitch(samples[len(samples) // 2:])
             return next((number for number in range(1, TRACKS_PER_MODE + 1)
                          if all(abs(frequency_of(number) - heard) < 5 for heard in pitches)), None)
-        return wait_for(track, "one of the tones", seconds)
+        return wait_for(track, lambda: f"one of the tones, hearing {pitches} Hz", seconds)

@@ -9,11 +9,25 @@ from png import write_png
 ICON_COLOUR = (0x5A, 0x48, 0xE0)
 # The largest distance between points of one icon, which has white parts.
 GAP = 8
+# Of the panel where windows blend, in device-independent pixels.
+SHADOW = 16
 
 
 def centre_of(rectangle):
     left, top, width, height = rectangle
     return left + width // 2, top + height // 2
+
+
+def without_shadow(window, scale=1):
+    """The panel in the rectangle of its window, where that has a shadow. The scale is that of the numbers."""
+    left, top, width, height = window
+    reach = round(SHADOW * scale)
+    return left + reach, top + reach, width - 2 * reach, height - 2 * reach
+
+
+def is_shaded(pixel, colour):
+    """Whether the pixel has that colour, and at most the panel's shadow on it."""
+    return all(0.85 * full - 1 <= seen <= full for seen, full in zip(pixel, colour))
 
 
 class Screenshot:

@@ -22,13 +22,15 @@ LIBC = ctypes.CDLL(None, use_errno=True)
 
 
 def wait_for(condition, what, seconds=15):
-    """Waits for the condition's first true value and returns it; fails after so many seconds."""
+    """Waits for the condition's first true value and returns it; fails after so many seconds. What is waited for may be
+    a function of no arguments, which is called then.
+    """
     limit = time.monotonic() + seconds
     while True:
         if value := condition():
             return value
         if time.monotonic() > limit:
-            raise AssertionError(f"waited {seconds} s in vain for {what}")
+            raise AssertionError(f"waited {seconds} s in vain for {what() if callable(what) else what}")
         time.sleep(0.05)
 
 
@@ -285,6 +287,11 @@ class Session:
         lines = self.run("xdotool", "getwindowgeometry", "--shell", window).stdout.splitlines()
         values = dict(line.split("=") for line in lines)
         return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")) if values else None
+
+    def shadow(self, window):
+        """How far the shadow that a window draws itself reaches from its left, right, top and bottom edge."""
+        values = self.run("xprop", "-id", window, "_GTK_FRAME_EXTENTS").stdout.partition("=")[2]
+        return tuple(map(int, values.split(","))) if values else (0, 0, 0, 0)
 
     def set_background(self, colour):
         """Fills the desktop, also for a compositor."""

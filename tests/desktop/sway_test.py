@@ -8,7 +8,7 @@ from pathlib import Path
 
 from desktop_case import PROGRAM, SCREENSHOTS
 from player import Player
-from screen import Screenshot
+from screen import Screenshot, without_shadow
 from session import wait_for
 from sway_session import SECOND_SCREEN, SwaybarSession, WaybarSession, leave_root
 from wayland_case import FIRST_TRACK, FREE_PLACE, BarTests, DropDownTests, MusicTests, WaylandCase
@@ -108,7 +108,7 @@ class SwayScalesTest(SwayCase):
     def test_sharp_at_scale_2(self):
         self.set_scale(2)
         self.assert_opens_beside_icon("top", "2")
-        left, top, width, height = (2 * side for side in self.player.panel().extents)
+        left, top, width, height = (2 * side for side in without_shadow(self.player.panel().extents))
         self.session.move_pointer(FREE_PLACE)
         seen = self.session.capture_at(2)
         wanted = Screenshot.by_command(None, "convert", PICTURES / "reference/2x/panel-en-light-nothing.png",

@@ -7,6 +7,7 @@ from contextlib import contextmanager
 from desktop_case import PROGRAM, SCREENSHOTS, DesktopTest, make_tones
 from media import Playerctl, wait_for_player
 from player import Player
+from screen import is_shaded, without_shadow
 from session import wait_for
 from sound import RATE, longest_silence
 from wlroots_session import SCREEN_SIZE, hexadecimal
@@ -83,7 +84,7 @@ class WaylandCase(DesktopTest):
         time.sleep(SETTLING_SECONDS)
         panel = self.player.panel()
         self.assertIsNotNone(panel, "the panel has closed by itself")
-        return panel.extents
+        return without_shadow(panel.extents)
 
     def assert_closes(self):
         wait_for(lambda: self.player.panel() is None, "the panel to close", 5)
@@ -91,7 +92,9 @@ class WaylandCase(DesktopTest):
         self.assertIsNone(self.player.panel(), "the panel has opened again")
 
     def assert_seen(self, rectangle, behind, shot):
-        """The whole panel is visible there, and at its round corners what was behind it in the first picture."""
+        """The whole panel is visible there, and at its round corners and around it, below its shadow, what was behind it
+        in the first picture.
+        """
         left, top, width, height = rectangle
         right, bottom = left + width, top + height
         self.assertGreater(min(width, height), 200)
@@ -100,7 +103,7 @@ class WaylandCase(DesktopTest):
         for place in ((left + 4, y), (right - 5, y), (x, top + 4), (x, bottom - 5)):
             self.assertNotEqual(shot.pixel(*place), behind.pixel(*place), place)
         for place in ((left + 1, top + 1), (right - 2, top + 1), (left + 1, bottom - 2), (right - 2, bottom - 2)):
-            self.assertEqual(shot.pixel(*place), behind.pixel(*place), place)
+            self.assertTrue(is_shaded(shot.pixel(*place), behind.pixel(*place)), place)
 
     def assert_beside_icon(self, rectangle, edge):
         left, top, width, height = rectangle
@@ -152,6 +155,11 @@ class DropDownTests(OtherWindowTests):
     def test_click_on_the_background_closes(self):
         self.open_panel()
         self.session.click(FREE_PLACE)
+        self.assert_closes()
+
+    def test_click_on_the_shadow_closes(self):
+        left, top, width, height = self.open_panel()
+        self.session.click((left - 8, top + height // 2))
         self.assert_closes()
 
     def test_click_on_the_bar_closes(self):

@@ -4,6 +4,7 @@ import unittest
 
 from gnome_session import SCREEN_SIZE, GnomeSession
 from media import Playerctl
+from screen import without_shadow
 from session import wait_for
 from sway_session import leave_root
 from wayland_case import FIRST_TRACK, FREE_PLACE, DropDownTests, MediaTests, OtherWindowTests, WaylandCase
@@ -98,7 +99,7 @@ class GnomeNativeTest(OtherWindowTests, GnomeCase):
     def test_opens_whole_on_the_screen(self):
         behind = self.screenshot("behind")
         self.open_panel()
-        left, top, width, height = self.session.frame("Mireval")
+        left, top, width, height = without_shadow(self.session.frame("Mireval"))
         area_left, area_top, area_width, area_height = self.session.work_area(self.icon)
         self.assertTrue(area_left <= left <= area_left + area_width - width, left)
         self.assertTrue(area_top <= top <= area_top + area_height - height, top)

@@ -17,7 +17,10 @@ class FakeDropDown final : public DropDown {
     m_window.setPosition(position);
   }
 
-  void setShape(const QRegion& pixels) override { m_shape = pixels; }
+  void setShape(const QRegion& pixels, Outside outside) override {
+    m_shape = pixels;
+    m_outside = outside;
+  }
 
   void show() override {
     m_window.show();
@@ -28,13 +31,14 @@ class FakeDropDown final : public DropDown {
 
   bool isExclusive() const { return m_exclusive; }
 
-  /// Empty when the whole window is shown.
   const QRegion& shape() const { return m_shape; }
+  Outside outside() const { return m_outside; }
 
  private:
   bool m_exclusive = true;
   QWindow& m_window;
   QRegion m_shape;
+  Outside m_outside = Outside::hidden;
 };
 
 }  // namespace mireval

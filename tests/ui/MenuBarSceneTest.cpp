@@ -130,7 +130,8 @@ TEST_F(MenuBarSceneTest, ShownBeforeAnyClickThePanelIsWhereIconsUsuallyAre) {
   ASSERT_NE(m_scene.panel(), nullptr);
   EXPECT_TRUE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
   const QRect screen = m_scene.panel()->screen()->geometry();
-  EXPECT_EQ(m_scene.panel()->geometry().topRight(),
+  const QRect panel = m_windowSystem.dropDown()->shape().boundingRect();
+  EXPECT_EQ(panel.translated(m_scene.panel()->position()).topRight(),
             QPoint(screen.right() - 4, screen.top() + FakeWindowSystem::barHeight + 4));
 }
 
@@ -390,15 +391,24 @@ TEST_F(MenuBarSceneTest, TrayThatAppearsLaterTakesOver) {
   EXPECT_TRUE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
 }
 
-TEST_F(MenuBarSceneTest, CornersAreCutOffWithoutACompositor) {
-  m_menuBarExtra.click(iconPlace);
-  EXPECT_TRUE(m_windowSystem.dropDown()->shape().isEmpty());
-  m_menuBarExtra.click(iconPlace);
-  m_windowSystem.setBlends(false);
-  m_menuBarExtra.click(iconPlace);
-  const QRegion shape = m_windowSystem.dropDown()->shape();
-  EXPECT_FALSE(shape.contains(QPoint(1, 1)));
-  EXPECT_TRUE(shape.contains(QPoint(m_scene.panel()->width() / 2, 1)));
+TEST_F(MenuBarSceneTest, WhatIsAroundThePanelIsAShadowOrWithoutACompositorCutOff) {
+  std::vector<QRect> places;
+  for (const bool blends : {true, false}) {
+    m_windowSystem.setBlends(blends);
+    m_menuBarExtra.click(iconPlace);
+    const FakeDropDown& dropDown = *m_windowSystem.dropDown();
+    const QWindow& window = *m_scene.panel();
+    const QRegion shape = dropDown.shape();
+    const QRect panel = shape.boundingRect();
+    EXPECT_EQ(dropDown.outside(), blends ? DropDown::Outside::shadow : DropDown::Outside::hidden);
+    // The same all around, outside of the panel's outline.
+    EXPECT_EQ(panel, QRect({}, window.size()).marginsRemoved(QMargins() + (blends ? 16 : 0)));
+    EXPECT_FALSE(shape.contains(panel.topLeft() + QPoint(1, 1)));
+    EXPECT_TRUE(shape.contains({panel.center().x(), panel.top() + 1}));
+    places.push_back(panel.translated(window.position()));
+    m_menuBarExtra.click(iconPlace);
+  }
+  EXPECT_EQ(places.front(), places.back());
 }
 
 }  // namespace

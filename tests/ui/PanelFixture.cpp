@@ -55,9 +55,14 @@ PanelFixture::PanelFixture(std::unique_ptr<AudioLibraryProviding> provider) {
                        m_nowPlayingInfoCenter, m_imageDecoder, m_debugOutput});
 }
 
-std::unique_ptr<PanelWindow> PanelFixture::makePanel(const QRect& icon) {
-  return opened(
-      std::make_unique<DropDownPanel>(icon, m_windowSystem, *m_controller, m_localization, m_colorScheme));
+std::unique_ptr<PanelWindow> PanelFixture::makePanel(const QRect& icon, Shadow shadow) {
+  auto panel =
+      std::make_unique<DropDownPanel>(icon, m_windowSystem, *m_controller, m_localization, m_colorScheme);
+  if (shadow == Shadow::without) {
+    panel->rootObject()->setProperty("shaded", false);
+  }
+  panel->setSettingsOpen(m_staysOpen);
+  return opened(std::move(panel));
 }
 
 std::unique_ptr<PanelWindow> PanelFixture::makeFramedPanel() {

@@ -37,8 +37,12 @@ class PanelFixture : public testing::Test {
   ~PanelFixture() override { runEventLoopOnce(); }
   explicit PanelFixture(std::unique_ptr<AudioLibraryProviding> provider);
 
-  /// Opens a drop-down beside an icon at the place, or a framed window.
-  std::unique_ptr<PanelWindow> makePanel(const QRect& icon = {400, 10, 1, 1});
+  enum class Shadow { without, with };
+
+  /// Opens a drop-down beside an icon at the place, or a framed window. Without the shadow that it has where
+  /// windows blend, the drop-down's window is as large as elsewhere.
+  std::unique_ptr<PanelWindow> makePanel(const QRect& icon = {400, 10, 1, 1},
+                                         Shadow shadow = Shadow::without);
   std::unique_ptr<PanelWindow> makeFramedPanel();
 
   /// The item of that object name, or one inside it; fails the test and returns an empty item when there is
@@ -72,6 +76,8 @@ class PanelFixture : public testing::Test {
   FakeWindowSystem m_windowSystem;
   FakeNotices m_notices;
   std::shared_ptr<AudioPlayerController> m_controller;
+  /// Keeps drop-downs open without the keyboard, as beside the settings.
+  bool m_staysOpen = false;
 
  private:
   mutable QQuickItem m_noItem;

@@ -1,7 +1,7 @@
 import QtQuick
 import Mireval
 
-// The panel with room around it for the outer half of its outline.
+// The panel with room around it for the outer half of its outline and for a shadow.
 Item {
     id: surface
 
@@ -9,12 +9,25 @@ Item {
     required property AppLocalization localization
     required property ColorScheme colorScheme
 
-    // Also read by the window, which cuts the corners off where transparency is missing.
-    readonly property real margin: 1
+    // Set by the window where transparent parts show what lies behind.
+    property bool shaded: false
+
+    // Read by the window, too.
+    readonly property int shadowReach: shaded ? 16 : 0
+    readonly property real margin: shadowReach + 1
     readonly property alias cornerRadius: panel.cornerRadius
 
     width: panel.width + 2 * margin
     height: panel.height + 2 * margin
+
+    PanelShadow {
+        objectName: "shadow"
+        anchors.fill: parent
+        visible: surface.shaded
+        color: Appearances.of(surface.colorScheme.dark).shadow
+        inset: surface.margin
+        radius: surface.cornerRadius
+    }
 
     MacMenuBarPanelView {
         id: panel

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QtTest/QTest>
 
 #include <algorithm>
@@ -72,7 +73,10 @@ int differingPixels(const QImage& one, const QImage& other) {
 
 }  // namespace
 
-PictureFixture::PictureFixture() : PanelFixture(fixedLibrary()) {}
+PictureFixture::PictureFixture() : PanelFixture(fixedLibrary()) {
+  // A window manager that is still busy with the last test's window may take the keyboard away.
+  m_staysOpen = true;
+}
 
 void PictureFixture::playTo(double seconds) {
   m_factory.newest().currentTime = seconds;
@@ -80,13 +84,15 @@ void PictureFixture::playTo(double seconds) {
   m_mainThread.runAll();
 }
 
-QImage PictureFixture::picture(QWindow& window) {
-  // The screen has it once the server has answered whatever came after it.
-  QTest::qWait(50);
+QImage PictureFixture::picture(QQuickWindow& window) {
+  QSignalSpy frames(&window, &QQuickWindow::frameSwapped);
+  window.update();
+  EXPECT_TRUE(frames.wait());
+  // The server has the frame when it answers.
   return window.screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-void PictureFixture::compareWithReference(QWindow& window, const QString& name) {
+void PictureFixture::compareWithReference(QQuickWindow& window, const QString& name) {
   const QString fileName = name + u".png"_s;
   const QDir references(qEnvironmentVariable("MIREVAL_PICTURES"));
   const QDir taken(qEnvironmentVariable("MIREVAL_SCREENSHOTS"));

@@ -19,11 +19,12 @@ class PictureFixture : public PanelFixture {
   /// Lets the newest player play on to that second, and the panel know.
   void playTo(double seconds);
 
-  /// What the window shows on the screen, in the pixels of the screen.
-  static QImage picture(QWindow& window);
+  /// What the window shows on the screen once it has drawn all that was done before, in the pixels of the
+  /// screen.
+  static QImage picture(QQuickWindow& window);
 
   /// Fails the test when the window's picture does not become the reference of that name within two seconds.
-  static void compareWithReference(QWindow& window, const QString& name);
+  static void compareWithReference(QQuickWindow& window, const QString& name);
 };
 
 }  // namespace mireval

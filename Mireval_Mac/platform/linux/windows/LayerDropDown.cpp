@@ -37,6 +37,16 @@ void LayerDropDown::moveTo(QScreen& screen, const QRect& workArea, QPoint positi
   m_window.setPosition(position);
   if (m_role) {
     m_role->place(placement());
+  }
+}
+
+void LayerDropDown::setShape(const QRegion& pixels, Outside /*outside*/) {
+  const QRect bounds = pixels.boundingRect();
+  const double scale = m_window.devicePixelRatio();
+  m_panel = QRectF(QPointF(bounds.topLeft()) / scale, QSizeF(bounds.size()) / scale).toAlignedRect();
+  // For the pointer only, on Wayland.
+  m_window.setMask(m_panel);
+  if (m_role) {
     cover();
   }
 }
@@ -88,7 +98,7 @@ void LayerDropDown::cover() {
     // Queued, because covers may end.
     connect(m_covers.get(), &ScreenCovers::clicked, this, &DropDown::clickedOutside, Qt::QueuedConnection);
   }
-  m_covers->leaveOut({m_position, m_window.size()});
+  m_covers->leaveOut(m_panel.translated(m_position));
 }
 
 void LayerDropDown::endRole() {

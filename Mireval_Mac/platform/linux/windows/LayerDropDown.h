@@ -22,8 +22,7 @@ class LayerDropDown final : public DropDown {
   ~LayerDropDown() override;
 
   void moveTo(QScreen& screen, const QRect& workArea, QPoint position) override;
-  /// Nothing: what is transparent is so here.
-  void setShape(const QRegion& /*pixels*/) override {}
+  void setShape(const QRegion& pixels, Outside outside) override;
   void show() override;
   void setExclusive(bool exclusive) override;
 
@@ -38,6 +37,8 @@ class LayerDropDown final : public DropDown {
   LayerShell& m_shell;
   QRect m_workArea;
   QPoint m_position;
+  /// In the window, in device-independent pixels.
+  QRect m_panel;
   bool m_exclusive = true;
   /// Older than the window's role, and so below it with some compositors, but above it with others.
   std::shared_ptr<ScreenCovers> m_covers;

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
+#include <QtMath>
 
 #include <chrono>
 #include <utility>
@@ -74,16 +75,37 @@ void LinuxDropDown::moveTo(QScreen& screen, const QRect&, QPoint position) {
   // The screen comes first: the position depends on its scale.
   m_window.setScreen(&screen);
   m_window.setPosition(position);
-  if (m_catcher) {
-    m_catcher->leaveOut(m_window.geometry());
-  }
 }
 
-void LinuxDropDown::setShape(const QRegion& pixels) {
-  // Qt's own masks are in device-independent pixels. A Wayland desktop always blends windows.
-  if (const auto x11 = X11Connection::forApplication()) {
-    x11->setShape(static_cast<xcb_window_t>(m_window.winId()), pixels);
+void LinuxDropDown::setShape(const QRegion& pixels, Outside outside) {
+  m_shape = pixels;
+  const double scale = m_window.devicePixelRatio();
+  const QRect bounds = pixels.boundingRect();
+  const QRect panel =
+      QRectF(QPointF(bounds.topLeft()) / scale, QSizeF(bounds.size()) / scale).toAlignedRect();
+  if (m_catcher) {
+    m_catcher->leaveOut(panel.translated(m_window.position()));
   }
+  const auto x11 = X11Connection::forApplication();
+  if (!x11) {
+    // For the pointer only, on Wayland.
+    m_window.setMask(panel);
+    return;
+  }
+  // Not by Qt's masks, which are in device-independent pixels.
+  const auto window = static_cast<xcb_window_t>(m_window.winId());
+  if (outside == Outside::hidden) {
+    x11->setShape(window, pixels);
+    return;
+  }
+  x11->setInputShape(window, pixels);
+  // Keeps window managers from adding a shadow of theirs, and from moving the panel to make room for ours.
+  const QSize size = m_window.size() * scale;
+  x11->setCardinals(window, "_GTK_FRAME_EXTENTS",
+                    {static_cast<std::uint32_t>(bounds.left()),
+                     static_cast<std::uint32_t>(size.width() - 1 - bounds.right()),
+                     static_cast<std::uint32_t>(bounds.top()),
+                     static_cast<std::uint32_t>(size.height() - 1 - bounds.bottom())});
 }
 
 void LinuxDropDown::show() {
@@ -118,11 +140,15 @@ void LinuxDropDown::grabInput(int attemptsLeft) {
   }
 }
 
+bool LinuxDropDown::contains(QPointF place) const {
+  const QPointF pixel = place * m_window.devicePixelRatio();
+  return m_shape.contains(QPoint(qFloor(pixel.x()), qFloor(pixel.y())));
+}
+
 bool LinuxDropDown::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
-      m_pressedOutside = !QRect(QPoint(), m_window.size())
-                              .contains(static_cast<const QMouseEvent*>(event)->position().toPoint());
+      m_pressedOutside = !contains(static_cast<const QMouseEvent*>(event)->position());
       return m_pressedOutside;
     case QEvent::MouseButtonRelease:
       // Not on the press: a tray acts on the release. With the pointer free again, it would reopen the panel.

@@ -3,6 +3,7 @@
 #include "platform/DropDown.h"
 #include "platform/linux/windows/InvisibleWindow.h"
 
+#include <QRegion>
 #include <QWindow>
 
 #include <memory>
@@ -45,7 +46,7 @@ class LinuxDropDown final : public DropDown {
   LinuxDropDown(QWindow& window, const Kind& kind);
 
   void moveTo(QScreen& screen, const QRect& workArea, QPoint position) override;
-  void setShape(const QRegion& pixels) override;
+  void setShape(const QRegion& pixels, Outside outside) override;
   void show() override;
   void setExclusive(bool exclusive) override;
 
@@ -53,10 +54,13 @@ class LinuxDropDown final : public DropDown {
 
  private:
   void grabInput(int attemptsLeft);
+  bool contains(QPointF place) const;
 
   QWindow& m_window;
   const Kind& m_kind;
   std::unique_ptr<InvisibleWindow> m_catcher;
+  /// Of the window, in pixels of the screen.
+  QRegion m_shape;
   bool m_exclusive = true;
   bool m_pressedOutside = false;
 };

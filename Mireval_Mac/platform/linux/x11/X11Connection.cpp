@@ -2,8 +2,6 @@
 
 #include <QGuiApplication>
 
-#include <xcb/shape.h>
-
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -118,7 +116,21 @@ QByteArray X11Connection::bytes(xcb_window_t window, xcb_atom_t property, xcb_at
           xcb_get_property_value_length(reply.get())};
 }
 
+void X11Connection::setCardinals(xcb_window_t window, std::string_view property,
+                                 std::initializer_list<std::uint32_t> values) const {
+  xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom(property, Make::yes),
+                      XCB_ATOM_CARDINAL, 32, static_cast<std::uint32_t>(values.size()), values.begin());
+}
+
 void X11Connection::setShape(xcb_window_t window, const QRegion& pixels) const {
+  setShape(window, pixels, XCB_SHAPE_SK_BOUNDING);
+}
+
+void X11Connection::setInputShape(xcb_window_t window, const QRegion& pixels) const {
+  setShape(window, pixels, XCB_SHAPE_SK_INPUT);
+}
+
+void X11Connection::setShape(xcb_window_t window, const QRegion& pixels, xcb_shape_kind_t kind) const {
   if (!hasExtension("SHAPE")) {
     return;
   }
@@ -129,8 +141,8 @@ void X11Connection::setShape(xcb_window_t window, const QRegion& pixels) const {
                           .width = static_cast<std::uint16_t>(part.width()),
                           .height = static_cast<std::uint16_t>(part.height())});
   }
-  xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_YX_BANDED,
-                       window, 0, 0, static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+  xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_YX_BANDED, window, 0, 0,
+                       static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
 }
 
 }  // namespace mireval

@@ -5,6 +5,7 @@
 #include <QRegion>
 #include <QSize>
 
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
 
 #include <cstdint>
@@ -44,9 +45,14 @@ class X11Connection final {
   void addAtoms(xcb_window_t window, std::string_view property,
                 std::initializer_list<std::string_view> added) const;
 
+  void setCardinals(xcb_window_t window, std::string_view property,
+                    std::initializer_list<std::uint32_t> values) const;
+
   /// The window is there only where the region is, for the eye and for the pointer. In pixels from its
   /// top-left corner.
   void setShape(xcb_window_t window, const QRegion& pixels) const;
+  /// The same for the pointer only.
+  void setInputShape(xcb_window_t window, const QRegion& pixels) const;
 
  private:
   X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, int screenNumber)
@@ -55,6 +61,7 @@ class X11Connection final {
   enum class Make : std::uint8_t { no, yes };
 
   xcb_atom_t atom(std::string_view name, Make make) const;
+  void setShape(xcb_window_t window, const QRegion& pixels, xcb_shape_kind_t kind) const;
   QByteArray bytes(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, int format) const;
 
   xcb_connection_t* m_connection;

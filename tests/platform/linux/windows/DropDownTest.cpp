@@ -12,12 +12,14 @@
 #include <QSignalSpy>
 #include <QtTest/QTest>
 
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace mireval {
 namespace {
@@ -26,8 +28,13 @@ class DropDownTest : public testing::TestWithParam<const LinuxDropDown::Kind*> {
  protected:
   DropDownTest() {
     m_window.resize(100, 200);
-    m_dropDown.moveTo(*QGuiApplication::primaryScreen(), {}, place);
+    move(place);
     m_dropDown.show();
+  }
+
+  void move(QPoint position) {
+    m_dropDown.moveTo(*QGuiApplication::primaryScreen(), {}, position);
+    m_dropDown.setShape(panel, DropDown::Outside::shadow);
   }
 
   static void send(QWindow& window, QEvent::Type type, QPoint where) {
@@ -47,6 +54,8 @@ class DropDownTest : public testing::TestWithParam<const LinuxDropDown::Kind*> {
   }
 
   static constexpr QPoint place{300, 40};
+  /// Without its shadow, in the window.
+  static constexpr QRect panel{16, 16, 68, 168};
 
   QRasterWindow m_window;
   LinuxDropDown m_dropDown{m_window, *GetParam()};
@@ -70,6 +79,20 @@ TEST_P(DropDownTest, TellsOfAClickOutsideOnRelease) {
   EXPECT_EQ(m_clicks.size(), 1);
 }
 
+TEST_P(DropDownTest, ClickOnTheShadowIsOutside) {
+  int clicks = 0;
+  for (const QPoint click : {QPoint(15, 50), QPoint(84, 50), QPoint(50, 15), QPoint(50, 184)}) {
+    send(m_window, QEvent::MouseButtonPress, click);
+    send(m_window, QEvent::MouseButtonRelease, click);
+    EXPECT_EQ(m_clicks.size(), ++clicks);
+  }
+  for (const QPoint click : {panel.topLeft(), panel.bottomRight()}) {
+    send(m_window, QEvent::MouseButtonPress, click);
+    send(m_window, QEvent::MouseButtonRelease, click);
+  }
+  EXPECT_EQ(m_clicks.size(), clicks);
+}
+
 TEST_P(DropDownTest, DoesNotTellOfAClickInside) {
   send(m_window, QEvent::MouseButtonPress, {20, 50});
   send(m_window, QEvent::MouseButtonRelease, {20, 50});
@@ -82,18 +105,18 @@ using CatchingDropDownTest = DropDownTest;
 INSTANTIATE_TEST_SUITE_P(, CatchingDropDownTest,
                          testing::Values(&LinuxDropDown::managed, &LinuxDropDown::popup));
 
-TEST_P(CatchingDropDownTest, CoversEverythingButTheWindow) {
+TEST_P(CatchingDropDownTest, CoversEverythingButThePanel) {
   ASSERT_NE(catcher(), nullptr);
   EXPECT_EQ(catcher()->geometry(), m_window.screen()->virtualGeometry());
-  const auto coversAllBut = [](const QRect& panel) {
+  const auto coversAllBut = [](const QRect& area) {
     const QRegion mask = catcher()->mask();
-    return !mask.contains(panel.center()) && !mask.contains(panel.topLeft()) &&
-           mask.contains(panel.topLeft() - QPoint(1, 1));
+    return !mask.contains(area.center()) && !mask.contains(area.topLeft()) &&
+           mask.contains(area.topLeft() - QPoint(1, 1));
   };
-  EXPECT_TRUE(coversAllBut(m_window.geometry()));
-  m_dropDown.moveTo(*m_window.screen(), {}, {10, 30});
+  EXPECT_TRUE(coversAllBut(panel.translated(place)));
+  move({10, 30});
   EXPECT_EQ(m_window.position(), QPoint(10, 30));
-  EXPECT_TRUE(coversAllBut(m_window.geometry()));
+  EXPECT_TRUE(coversAllBut(panel.translated(10, 30)));
 }
 
 TEST_P(CatchingDropDownTest, TellsOfAClickOnTheCoverOnRelease) {
@@ -162,6 +185,23 @@ class X11DropDownTest : public testing::Test {
                             std::ranges::count(atoms, x11.atom("_NET_WM_STATE_SKIP_PAGER")));
   }
 
+  /// Of the window on the server, in pixels.
+  QRegion shape(xcb_shape_kind_t kind) {
+    const std::unique_ptr<xcb_shape_get_rectangles_reply_t, decltype(&std::free)> reply(
+        xcb_shape_get_rectangles_reply(
+            m_connection,
+            xcb_shape_get_rectangles(m_connection, static_cast<xcb_window_t>(m_window.winId()), kind),
+            nullptr),
+        &std::free);
+    QRegion region;
+    for (const xcb_rectangle_t& part :
+         std::span(xcb_shape_get_rectangles_rectangles(reply.get()),
+                   static_cast<std::size_t>(xcb_shape_get_rectangles_rectangles_length(reply.get())))) {
+      region += QRect(part.x, part.y, part.width, part.height);
+    }
+    return region;
+  }
+
   QRasterWindow m_window;
   xcb_connection_t* m_connection = nullptr;
 };
@@ -171,6 +211,29 @@ TEST_F(X11DropDownTest, ManagedWindowIsNotListedAmongTheWindows) {
   dropDown.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&m_window));
   EXPECT_EQ(unlistingStates(), 2);
+}
+
+TEST_F(X11DropDownTest, ShadowTakesNoClicksAndIsAnnounced) {
+  m_window.resize(100, 200);
+  const auto dropDown = LinuxWindowSystem().makeDropDown(m_window);
+  dropDown->moveTo(*m_window.screen(), {}, {10, 30});
+  // A corner is missing.
+  const QRegion panel = QRegion(16, 14, 68, 160).subtracted(QRect(16, 14, 1, 1));
+  dropDown->setShape(panel, DropDown::Outside::shadow);
+  EXPECT_EQ(shape(XCB_SHAPE_SK_INPUT), panel);
+  EXPECT_EQ(shape(XCB_SHAPE_SK_BOUNDING), QRegion(0, 0, 100, 200));
+  const X11Connection x11 = *X11Connection::forApplication();
+  EXPECT_EQ(x11.cardinals(static_cast<xcb_window_t>(m_window.winId()), x11.atom("_GTK_FRAME_EXTENTS")),
+            (std::vector<std::uint32_t>{16, 16, 14, 26}));
+}
+
+TEST_F(X11DropDownTest, WhatCannotBeSeenThroughIsCutOff) {
+  m_window.resize(100, 200);
+  const auto dropDown = LinuxWindowSystem().makeDropDown(m_window);
+  dropDown->moveTo(*m_window.screen(), {}, {10, 30});
+  const QRegion panel = QRegion(0, 0, 100, 200).subtracted(QRect(0, 0, 3, 3));
+  dropDown->setShape(panel, DropDown::Outside::hidden);
+  EXPECT_EQ(shape(XCB_SHAPE_SK_BOUNDING), panel);
 }
 
 TEST_F(X11DropDownTest, PlainX11GetsAWindowThatGrabsThePointer) {
