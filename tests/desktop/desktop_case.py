@@ -110,8 +110,9 @@ class DesktopTest(unittest.TestCase):
         """The places of buttons within a panel that opens as a window. A player without a bus cannot be asked for
         them, so another one is."""
         player = Player(self.session, PROGRAM, BUNDLE, name="other")
-        places = [player.find_button(name).centre for name in names]
+        # Only then its buttons are where they are said to be.
         left, top, _, _ = self.panel_at_rest()
+        places = [player.find_button(name).centre for name in names]
         player.press("Quit")
         self.assertEqual(player.exit_status(), 0)
         return [(x - left, y - top) for x, y in places]
