@@ -46,10 +46,10 @@ struct LayerSurface::Listener {
 };
 
 LayerSurface::LayerSurface(zwlr_layer_shell_v1* layers, wl_surface* surface, wl_output* output,
-                           const Placement& placement)
+                           const Placement& placement, const char* name)
     : m_surface(surface),
       m_role(zwlr_layer_shell_v1_get_layer_surface(layers, surface, output, ZWLR_LAYER_SHELL_V1_LAYER_OVERLAY,
-                                                   "mireval")) {
+                                                   name)) {
   zwlr_layer_surface_v1_add_listener(m_role.get(), &Listener::table, this);
   place(placement);
 }

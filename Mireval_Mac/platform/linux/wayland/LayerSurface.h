@@ -44,9 +44,9 @@ class LayerSurface final : public QObject {
   };
 
   /// Asks for the place. The surface must have no role and no content, until `configured`. `layers` may be a
-  /// queue's stand-in.
+  /// queue's stand-in. Some compositors treat a layer as its name says.
   LayerSurface(zwlr_layer_shell_v1* layers, wl_surface* surface, wl_output* output,
-               const Placement& placement);
+               const Placement& placement, const char* name = "mireval");
   ~LayerSurface() override;
 
   /// Shows the surface elsewhere on the same screen.

@@ -23,7 +23,7 @@ class ScreenCovers::Cover {
         m_screen(screen.geometry()),
         m_surface(wl_compositor_create_surface(shell.compositor())),
         m_viewport(wp_viewporter_get_viewport(shell.viewporter(), m_surface.get())),
-        m_layer(shell.layers(), m_surface.get(), LayerShell::outputOf(screen), placement) {
+        m_layer(shell.layers(), m_surface.get(), LayerShell::outputOf(screen), placement, name) {
     QObject::connect(&m_layer, &LayerSurface::configured, &m_layer, [this] {
       wp_viewport_set_destination(m_viewport.get(), m_layer.size().width(), m_layer.size().height());
       wl_surface_attach(m_surface.get(), m_shell.pixel(), 0, 0);
@@ -51,6 +51,9 @@ class ScreenCovers::Cover {
   static constexpr LayerSurface::Placement placement{
       .edges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge,
       .bars = LayerSurface::Bars::cover};
+  // KWin 5 gives the keyboard to each layer that is clicked on, except docks. Qt 6.4 must not get it for a
+  // surface that is not Qt's: it would remember the surface after its end.
+  static constexpr const char* name = "dock";
 
   const LayerShell& m_shell;
   const QRect m_screen;
