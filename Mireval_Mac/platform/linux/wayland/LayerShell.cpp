@@ -2,6 +2,7 @@
 
 #include "platform/linux/posix/FileDescriptor.h"
 #include "platform/linux/wayland/LayerSurface.h"
+#include "platform/linux/wayland/PopupProbe.h"
 #include "platform/linux/wayland/WaylandQueue.h"
 
 #include <qpa/qplatformnativeinterface.h>
@@ -14,6 +15,7 @@
 #include <unistd.h>
 #include <viewporter-client-protocol.h>
 #include <wayland-client.h>
+#include <xdg-popup-client-protocol.h>
 
 #include <algorithm>
 #include <chrono>
@@ -24,6 +26,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+constexpr auto patienceWithProbe = 200ms;
+constexpr Qt::Edges allEdges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge;
 
 /// The memory is all zeros: transparent.
 wl_buffer* makeTransparentPixel(wl_shm* shm) {
@@ -59,6 +64,12 @@ struct LayerShell::Listener {
     bind(shell.m_shm, wl_shm_interface, 1);
     bind(shell.m_viewporter, wp_viewporter_interface, 1);
     bind(shell.m_layers, zwlr_layer_shell_v1_interface, 4);
+    if (!shell.m_popups) {
+      bind(shell.m_popups, xdg_wm_base_interface, 1);
+      if (shell.m_popups) {
+        xdg_wm_base_add_listener(shell.m_popups.get(), &popupsTable, data);
+      }
+    }
     if (!shell.m_seat) {
       bind(shell.m_seat, wl_seat_interface, 1);
       if (shell.m_seat) {
@@ -75,8 +86,11 @@ struct LayerShell::Listener {
 
   static void seatName(void*, wl_seat*, const char*) {}
 
+  static void ping(void*, xdg_wm_base* popups, std::uint32_t serial) { xdg_wm_base_pong(popups, serial); }
+
   static constexpr wl_registry_listener registryTable{.global = &global, .global_remove = &globalRemove};
   static constexpr wl_seat_listener seatTable{.capabilities = &seatCapabilities, .name = &seatName};
+  static constexpr xdg_wm_base_listener popupsTable{.ping = &ping};
 };
 
 bool LayerShell::isAmong(const QByteArrayList& interfaces) {
@@ -112,8 +126,9 @@ LayerShell::LayerShell(wl_display* connection) : m_connection(connection) {
   // The second answer is that of the seat.
   constexpr auto patience = 250ms;
   queue.roundTrip(patience) && queue.roundTrip(patience);
-  for (void* const object : std::initializer_list<void*>{m_registry.get(), m_compositor.get(), m_shm.get(),
-                                                         m_seat.get(), m_viewporter.get(), m_layers.get()}) {
+  for (void* const object :
+       std::initializer_list<void*>{m_registry.get(), m_compositor.get(), m_shm.get(), m_seat.get(),
+                                    m_viewporter.get(), m_layers.get(), m_popups.get()}) {
     if (object != nullptr) {
       queue.handOver(object);
     }
@@ -150,8 +165,25 @@ QSize LayerShell::usableSize(QScreen& screen) const {
   const WaylandQueue queue(m_connection);
   const WaylandProxy<wl_surface> surface(wl_compositor_create_surface(m_compositor.get()));
   LayerSurface probe(queue.standInFor(m_layers.get()).get(), surface.get(), outputOf(screen),
-                     {.edges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge});
-  return probe.waitUntilConfigured(queue, 200ms) ? probe.size() : screen.size();
+                     {.edges = allEdges});
+  return probe.waitUntilConfigured(queue, patienceWithProbe) ? probe.size() : screen.size();
+}
+
+QRect LayerShell::popupArea(QScreen& screen) const {
+  const QRect all = screen.geometry();
+  if (!m_popups) {
+    return all;
+  }
+  const WaylandQueue queue(m_connection);
+  const WaylandProxy<wl_surface> surface(wl_compositor_create_surface(m_compositor.get()));
+  LayerSurface parent(queue.standInFor(m_layers.get()).get(), surface.get(), outputOf(screen),
+                      {.edges = allEdges, .bars = LayerSurface::Bars::cover});
+  if (!parent.waitUntilConfigured(queue, patienceWithProbe)) {
+    return all;
+  }
+  const PopupProbe popup(m_compositor.get(), queue.standInFor(m_popups.get()).get(), parent, all.size());
+  const QRect area = popup.area(queue, patienceWithProbe).value_or(QRect()).translated(all.topLeft()) & all;
+  return area.isEmpty() ? all : area;
 }
 
 }  // namespace mireval

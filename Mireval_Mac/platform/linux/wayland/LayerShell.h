@@ -3,6 +3,7 @@
 #include "platform/linux/wayland/WaylandProxy.h"
 
 #include <QByteArrayList>
+#include <QRect>
 #include <QSize>
 
 #include <cstdint>
@@ -17,6 +18,7 @@ struct wl_seat;
 struct wl_shm;
 struct wl_surface;
 struct wp_viewporter;
+struct xdg_wm_base;
 struct zwlr_layer_shell_v1;
 class QScreen;
 class QWindow;
@@ -56,9 +58,13 @@ class LayerShell final {
   static wl_output* outputOf(QScreen& screen);
   static wl_surface* surfaceOf(QWindow& window);
 
-  /// The size of what bars leave of the screen; the compositor does not tell on which sides they are. Waits
-  /// for its answer, for a fifth of a second at most; the whole size without one.
+  /// The size of what bars that are layers leave of the screen; the compositor does not tell on which sides
+  /// they are. Waits for its answer, for a fifth of a second at most; the whole size without one.
   QSize usableSize(QScreen& screen) const;
+
+  /// What bars that are no layers leave of the screen, in device-independent pixels on the desktop. Waits for
+  /// two answers as `usableSize` does for one; the whole screen without them.
+  QRect popupArea(QScreen& screen) const;
 
  private:
   struct Listener;
@@ -73,6 +79,7 @@ class LayerShell final {
   WaylandProxy<wl_seat> m_seat;
   WaylandProxy<wp_viewporter> m_viewporter;
   WaylandProxy<zwlr_layer_shell_v1> m_layers;
+  WaylandProxy<xdg_wm_base> m_popups;
   WaylandProxy<wl_buffer> m_pixel;
   std::uint32_t m_seatCapabilities = 0;
 };

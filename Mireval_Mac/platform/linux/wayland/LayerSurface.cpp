@@ -72,6 +72,10 @@ void LayerSurface::place(const Placement& placement) {
   wl_surface_commit(m_surface);
 }
 
+void LayerSurface::adopt(xdg_popup* popup) const {
+  zwlr_layer_surface_v1_get_popup(m_role.get(), popup);
+}
+
 bool LayerSurface::waitUntilConfigured(const WaylandQueue& queue, std::chrono::milliseconds patience) {
   const bool configured = queue.waitUntil([this] { return m_configured; }, patience);
   queue.handOver(m_role.get());

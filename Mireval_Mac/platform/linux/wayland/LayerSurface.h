@@ -10,6 +10,7 @@
 #include <cstdint>
 
 struct wl_output;
+struct xdg_popup;
 
 namespace mireval {
 
@@ -55,6 +56,9 @@ class LayerSurface final : public QObject {
   /// Waits for `configured` on the queue that the role was made with, and moves the role to the application's
   /// queue. False if the answer does not come in time.
   bool waitUntilConfigured(const WaylandQueue& queue, std::chrono::milliseconds patience);
+
+  /// Makes the popup one of this layer. The popup must have no parent yet.
+  void adopt(xdg_popup* popup) const;
 
   /// As the compositor has told it.
   QSize size() const { return m_size; }

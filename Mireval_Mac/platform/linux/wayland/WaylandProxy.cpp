@@ -3,6 +3,7 @@
 #include <layer-shell-client-protocol.h>
 #include <viewporter-client-protocol.h>
 #include <wayland-client.h>
+#include <xdg-popup-client-protocol.h>
 
 namespace mireval {
 
@@ -52,6 +53,22 @@ void WaylandProxyDeleter::operator()(wp_viewport* viewport) const {
 
 void WaylandProxyDeleter::operator()(wp_viewporter* viewporter) const {
   wp_viewporter_destroy(viewporter);
+}
+
+void WaylandProxyDeleter::operator()(xdg_popup* popup) const {
+  xdg_popup_destroy(popup);
+}
+
+void WaylandProxyDeleter::operator()(xdg_positioner* positioner) const {
+  xdg_positioner_destroy(positioner);
+}
+
+void WaylandProxyDeleter::operator()(xdg_surface* surface) const {
+  xdg_surface_destroy(surface);
+}
+
+void WaylandProxyDeleter::operator()(xdg_wm_base* popups) const {
+  xdg_wm_base_destroy(popups);
 }
 
 void WaylandProxyDeleter::operator()(zwlr_layer_shell_v1* layers) const {

@@ -14,6 +14,10 @@ struct wl_surface;
 struct wl_touch;
 struct wp_viewport;
 struct wp_viewporter;
+struct xdg_popup;
+struct xdg_positioner;
+struct xdg_surface;
+struct xdg_wm_base;
 struct zwlr_layer_shell_v1;
 struct zwlr_layer_surface_v1;
 
@@ -33,6 +37,10 @@ struct WaylandProxyDeleter {
   void operator()(wl_touch* touch) const;
   void operator()(wp_viewport* viewport) const;
   void operator()(wp_viewporter* viewporter) const;
+  void operator()(xdg_popup* popup) const;
+  void operator()(xdg_positioner* positioner) const;
+  void operator()(xdg_surface* surface) const;
+  void operator()(xdg_wm_base* popups) const;
   void operator()(zwlr_layer_shell_v1* layers) const;
   void operator()(zwlr_layer_surface_v1* role) const;
 };

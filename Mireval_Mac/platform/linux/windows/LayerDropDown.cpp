@@ -30,7 +30,9 @@ LayerDropDown::LayerDropDown(QWindow& window, LayerShell& shell) : m_window(wind
 LayerDropDown::~LayerDropDown() = default;
 
 void LayerDropDown::moveTo(QScreen& screen, const QRect& workArea, QPoint position) {
-  m_workArea = workArea;
+  // Layers are not tied to bars that are no layers.
+  const bool barsAreLayers = m_shell.usableSize(screen) != screen.geometry().size();
+  m_layerArea = barsAreLayers ? workArea : screen.geometry();
   m_position = position;
   m_window.setScreen(&screen);
   // Only for screen readers: it does not move the window.
@@ -53,8 +55,8 @@ void LayerDropDown::setShape(const QRegion& pixels, Outside /*outside*/) {
 
 LayerSurface::Placement LayerDropDown::placement() const {
   const QRect window(m_position, m_window.size());
-  const QMargins margins(window.left() - m_workArea.left(), window.top() - m_workArea.top(),
-                         m_workArea.right() - window.right(), m_workArea.bottom() - window.bottom());
+  const QMargins margins(window.left() - m_layerArea.left(), window.top() - m_layerArea.top(),
+                         m_layerArea.right() - window.right(), m_layerArea.bottom() - window.bottom());
   // The compositor knows the ends of bars better, so the nearer edges count.
   const bool left = margins.left() < margins.right();
   const bool top = margins.top() < margins.bottom();

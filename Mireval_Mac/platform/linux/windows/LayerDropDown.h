@@ -35,7 +35,8 @@ class LayerDropDown final : public DropDown {
 
   QWindow& m_window;
   LayerShell& m_shell;
-  QRect m_workArea;
+  /// What the compositor takes to be the edges.
+  QRect m_layerArea;
   QPoint m_position;
   /// In the window, in device-independent pixels.
   QRect m_panel;

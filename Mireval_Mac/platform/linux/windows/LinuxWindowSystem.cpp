@@ -90,7 +90,10 @@ std::vector<ScreenArea> LinuxWindowSystem::screens(const std::optional<QRect>& i
                     .workArea = screen->availableGeometry(),
                     .scale = x11 ? screen->devicePixelRatio() : 1};
     if (m_layers) {
-      area.workArea = workAreaOfSize(area.geometry, m_layers->usableSize(*screen), icon);
+      const QSize size = m_layers->usableSize(*screen);
+      // The bars of Plasma 5 are no layers.
+      area.workArea = size == area.geometry.size() ? m_layers->popupArea(*screen)
+                                                   : workAreaOfSize(area.geometry, size, icon);
     } else if (x11) {
       const QRect native = workArea(area.nativeGeometry(), x11->rootSize(), bars);
       const QRectF left = area.fromNative(QRectF(native));
