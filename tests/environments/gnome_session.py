@@ -41,7 +41,7 @@ TEXTS = """
     if (!actor.mapped)
       return {};
     const [x, y] = actor.get_transformed_position();
-    const own = actor instanceof imports.gi.St.Label
+    const own = actor instanceof imports.gi.St.Label && actor.text
       ? {[actor.text]: [Math.round(x + actor.width / 2), Math.round(y + actor.height / 2)]} : {};
     return Object.assign(own, ...actor.get_children().map(texts));
   })

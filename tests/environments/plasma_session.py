@@ -4,12 +4,14 @@ Positions and pictures are in the screen's pixels, whatever the scale.
 """
 
 import re
+import shutil
 import subprocess
 import time
 from pathlib import Path
 
 from session import BUTTONS, Session, wait_for
 
+VERSION = 6 if shutil.which("kded6") else 5
 # In the desktop's own units.
 WIDTH, HEIGHT = 1280, 800
 BACKGROUND = (0x2F, 0x6F, 0x4F)
@@ -25,9 +27,14 @@ for (const desktop of desktops()) {{
 MOVE_BAR = """
 const bar = panels()[0];
 bar.location = "{edge}";
-bar.lengthMode = "{length}";
 bar.alignment = "center";
+{length}
 """
+# Plasma 5 has no bar as short as its contents.
+SHORT_BAR, LONG_BAR = {
+    5: ("bar.minimumLength = bar.maximumLength = 500;",
+        "bar.maximumLength = bar.minimumLength = screenGeometry(bar.screen).width;"),
+    6: ('bar.lengthMode = "fit";', 'bar.lengthMode = "fill";')}[VERSION]
 PLASMA_SHELL = ("org.kde.plasmashell", "/PlasmaShell", "org.kde.PlasmaShell")
 
 
@@ -47,13 +54,13 @@ class PlasmaSession(Session):
         self._start_x_server()
         self.environment.update({
             "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
-            "KDE_SESSION_VERSION": "6", "XDG_SESSION_TYPE": self.kind})
+            "KDE_SESSION_VERSION": str(VERSION), "XDG_SESSION_TYPE": self.kind})
         # For screenshots and xdotool, if the programs get another display.
         self._screen_environment = dict(self.environment)
         self._start_window_manager()
         # The bus was started first, and starts services of the desktop.
         self._succeed("dbus-update-activation-environment", "--all")
-        self._start_in_session("kded6")
+        self._start_in_session(f"kded{VERSION}")
         self._start_in_session("plasmashell")
         self.wait_for_tray()
         wait_for(self._set_background, "the desktop's background", 90)
@@ -93,12 +100,11 @@ class PlasmaSession(Session):
         self.run("busctl", "--user", "call", *PLASMA_SHELL, "evaluateScript", "s", script)
 
     def shorten_bar(self, edge):
-        """Makes it as short as its contents and moves it to the middle of an edge: there an icon is far from all
-        corners."""
-        self._tell_shell(MOVE_BAR.format(edge=edge, length="fit"))
+        """Makes it short and moves it to the middle of an edge: there an icon is far from all corners."""
+        self._tell_shell(MOVE_BAR.format(edge=edge, length=SHORT_BAR))
 
     def restore_bar(self):
-        self._tell_shell(MOVE_BAR.format(edge="bottom", length="fill"))
+        self._tell_shell(MOVE_BAR.format(edge="bottom", length=LONG_BAR))
 
     @property
     def free_place(self):

@@ -1,4 +1,4 @@
-"""Uses the player on Plasma 6, on X11 and on Wayland, at the scales that its settings offer."""
+"""Uses the player on Plasma 5 or 6, on X11 and on Wayland, at the scales that its settings offer."""
 
 import os
 import time
@@ -19,6 +19,8 @@ FIRST_TRACK = "1 / 16"
 LARGEST_GAP = 12
 DISTANCE_FROM_EDGE = 4
 TOLERANCE = 3
+# From the panel's corner to its first button.
+FIRST_MODE = (50, 60)
 # From the panel to the icon's centre.
 FURTHEST_ICON = 40
 # Longer than all that goes on while the panel opens or closes.
@@ -207,6 +209,18 @@ class PlasmaTests:
         playerctl("pause")
         self.hear_silence(recorder)
         self.close_panel()
+
+    def test_settings_stay_open_beside_the_panel(self):
+        left, top, _, _ = self.open_panel()
+        self.run_copy("--settings")
+        self.player.wait_for_text("Language", 5)
+        time.sleep(SETTLING_SECONDS)
+        self.screenshot("opened")
+        self.assertIn("Quit", self.player.texts())
+        self.session.click(tuple(round(start + self.scale * offset)
+                                 for start, offset in zip((left, top), FIRST_MODE, strict=True)))
+        self.player.wait_for_text(FIRST_TRACK, 5)
+        self.assertIn("Language", self.player.texts())
 
 
 class PlasmaX11Test(PlasmaTests, PlasmaCase):
