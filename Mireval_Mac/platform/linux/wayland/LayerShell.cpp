@@ -28,7 +28,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 constexpr auto patienceWithProbe = 200ms;
-constexpr Qt::Edges allEdges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge;
 
 /// The memory is all zeros: transparent.
 wl_buffer* makeTransparentPixel(wl_shm* shm) {
@@ -165,7 +164,7 @@ QSize LayerShell::usableSize(QScreen& screen) const {
   const WaylandQueue queue(m_connection);
   const WaylandProxy<wl_surface> surface(wl_compositor_create_surface(m_compositor.get()));
   LayerSurface probe(queue.standInFor(m_layers.get()).get(), surface.get(), outputOf(screen),
-                     {.edges = allEdges});
+                     {.edges = LayerSurface::allEdges});
   return probe.waitUntilConfigured(queue, patienceWithProbe) ? probe.size() : screen.size();
 }
 
@@ -177,7 +176,7 @@ QRect LayerShell::popupArea(QScreen& screen) const {
   const WaylandQueue queue(m_connection);
   const WaylandProxy<wl_surface> surface(wl_compositor_create_surface(m_compositor.get()));
   LayerSurface parent(queue.standInFor(m_layers.get()).get(), surface.get(), outputOf(screen),
-                      {.edges = allEdges, .bars = LayerSurface::Bars::cover});
+                      {.edges = LayerSurface::allEdges, .bars = LayerSurface::Bars::cover});
   if (!parent.waitUntilConfigured(queue, patienceWithProbe)) {
     return all;
   }

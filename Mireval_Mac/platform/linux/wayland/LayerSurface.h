@@ -35,6 +35,8 @@ class LayerSurface final : public QObject {
     exclusive,
   };
 
+  static constexpr Qt::Edges allEdges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge;
+
   struct Placement {
     Qt::Edges edges;
     /// From the edges, in device-independent pixels, as the size is. No size: from edge to edge.

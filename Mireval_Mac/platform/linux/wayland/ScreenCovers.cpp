@@ -48,9 +48,8 @@ class ScreenCovers::Cover {
   const wl_surface* surface() const { return m_surface.get(); }
 
  private:
-  static constexpr LayerSurface::Placement placement{
-      .edges = Qt::TopEdge | Qt::BottomEdge | Qt::LeftEdge | Qt::RightEdge,
-      .bars = LayerSurface::Bars::cover};
+  static constexpr LayerSurface::Placement placement{.edges = LayerSurface::allEdges,
+                                                     .bars = LayerSurface::Bars::cover};
   // KWin 5 gives the keyboard to each layer that is clicked on, except docks. Qt 6.4 must not get it for a
   // surface that is not Qt's: it would remember the surface after its end.
   static constexpr const char* name = "dock";
