@@ -156,8 +156,8 @@ class TrayCase(DesktopTest):
                                delta=TOLERANCE * self.scale, msg=where)
 
     def assert_corners(self, shot, panel, *, blended):
-        """The desktop shows at the panel's corners, with the panel's shadow on it where windows blend. The panel is grey,
-        so coloured pixels have the desktop in them.
+        """The desktop shows at the panel's corners, with the panel's shadow on it where windows blend. The panel is
+        grey, so coloured pixels have the desktop in them.
         """
         left, top, width, height = panel
         side = int(CORNER * self.scale)

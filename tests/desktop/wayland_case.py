@@ -92,8 +92,8 @@ class WaylandCase(DesktopTest):
         self.assertIsNone(self.player.panel(), "the panel has opened again")
 
     def assert_seen(self, rectangle, behind, shot):
-        """The whole panel is visible there, and at its round corners and around it, below its shadow, what was behind it
-        in the first picture.
+        """The whole panel is visible there, and at its round corners and around it, below its shadow, what was behind
+        it in the first picture.
         """
         left, top, width, height = rectangle
         right, bottom = left + width, top + height

@@ -129,7 +129,8 @@ class PlasmaCase(DesktopTest):
         self.assertTrue(0 <= gap <= LARGEST_GAP * self.scale, (gap, where))
 
     def assert_seen(self, panel, behind, shot):
-        """The panel is seen there, whole, and around it and at its round corners, below its shadow, what was there before.
+        """The panel is seen there, whole, and around it and at its round corners, below its shadow, what was there
+        before.
         """
         left, top, width, height = panel
         self.assertGreater(min(width, height), 200 * self.scale)
