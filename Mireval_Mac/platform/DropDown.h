@@ -30,7 +30,7 @@ class DropDown : public QObject {
   };
 
   /// The pixels of the window that are the panel, in pixels of the screen from its top-left corner. Clicks on
-  /// the others are clicks outside. Called after each `moveTo`.
+  /// the others are clicks outside. Called after each `moveTo`, and before the window gets smaller.
   virtual void setShape(const QRegion& pixels, Outside outside) = 0;
 
   /// Shows the window and asks for the keyboard.

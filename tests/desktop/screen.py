@@ -18,11 +18,10 @@ def centre_of(rectangle):
     return left + width // 2, top + height // 2
 
 
-def without_shadow(window, scale=1):
-    """The panel in the rectangle of its window, where that has a shadow. The scale is that of the numbers."""
+def without_shadow(window):
+    """The panel in the rectangle of its window, where that has a shadow. Both in device-independent pixels."""
     left, top, width, height = window
-    reach = round(SHADOW * scale)
-    return left + reach, top + reach, width - 2 * reach, height - 2 * reach
+    return left + SHADOW, top + SHADOW, width - 2 * SHADOW, height - 2 * SHADOW
 
 
 def is_shaded(pixel, colour):

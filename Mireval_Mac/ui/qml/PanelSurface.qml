@@ -21,7 +21,6 @@ Item {
     height: panel.height + 2 * margin
 
     PanelShadow {
-        objectName: "shadow"
         anchors.fill: parent
         visible: surface.shaded
         color: Appearances.of(surface.colorScheme.dark).shadow
