@@ -4,9 +4,10 @@ namespace mireval {
 
 class AudioPlayer;
 
-/// Told about the end of playback. The call comes once per play-through, when the last frame has been heard
-/// or when the file cannot be decoded any further; never because of a pause, and never after the player has
-/// been destroyed. It may come on any thread, must return quickly, and must neither call nor destroy the
+/// Told about the end of playback. The call comes once per play-through, when the last frame has been heard,
+/// or at most 50 ms before, so that another track can follow without a gap; the last frame may be where the
+/// file cannot be decoded any further. It never comes because of a pause, and never after the player has been
+/// destroyed. It may come on any thread, must return quickly, and must neither call nor destroy the
 /// player: hand the work to the main thread.
 class AudioPlayerDelegate {
  public:
@@ -18,7 +19,7 @@ class AudioPlayerDelegate {
 };
 
 /// Plays one audio file from its start. Used on the UI thread only; no call waits for the sound system.
-/// Destroying the player ends its sound.
+/// Destroying the player ends its sound. One player sounds at a time: another that plays then pauses.
 class AudioPlayer {
  public:
   virtual ~AudioPlayer() = default;

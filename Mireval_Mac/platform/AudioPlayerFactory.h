@@ -19,8 +19,10 @@ class AudioPlayerFactory {
  public:
   virtual ~AudioPlayerFactory() = default;
 
-  /// Begins what takes long, without waiting for it, because sound will be wanted soon. Optional.
+  /// Begins what takes long, without waiting for it, because sound may be wanted soon. Optional.
   virtual void warmUp() {}
+  /// Takes `warmUp` back: what was made ready goes again some time after the last sound.
+  virtual void coolDown() {}
 
   /// Opens the file and decodes its beginning; takes a few milliseconds and never waits for the sound
   /// system. Fails with a description when the file is no readable audio file. Without a sound system there

@@ -97,7 +97,13 @@ std::shared_ptr<AudioPlayerController> makeAudioPlayer(const Desktop& desktop) {
 void connectScenes(MenuBarScene& scene, SettingsScene& settings, const Desktop& desktop) {
   QObject::connect(&scene, &MenuBarScene::panelWillOpen, &scene,
                    [&desktop] { desktop.audioPlayerFactory.warmUp(); });
-  QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, desktop.releaseUnusedMemory);
+  QObject::connect(&scene, &MenuBarScene::panelDidClose, &scene, [&scene, &desktop] {
+    // It may have been opened again already.
+    if (scene.panel() == nullptr) {
+      desktop.audioPlayerFactory.coolDown();
+    }
+    desktop.releaseUnusedMemory();
+  });
   QObject::connect(&scene, &MenuBarScene::settingsRequested, &settings, &SettingsScene::show);
   QObject::connect(&scene, &MenuBarScene::quitRequested, qApp, [] { QCoreApplication::exit(0); });
   QObject::connect(&settings, &SettingsScene::windowWillShow, &scene,

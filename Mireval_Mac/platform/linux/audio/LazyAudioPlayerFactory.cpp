@@ -6,6 +6,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 
+#include <chrono>
 #include <string>
 #include <utility>
 
@@ -28,13 +29,28 @@ fs::path LazyAudioPlayerFactory::moduleOfApplication() {
 }
 
 void LazyAudioPlayerFactory::warmUp() {
+  onceLoaded(&AudioPlayerFactory::warmUp);
+}
+
+void LazyAudioPlayerFactory::coolDown() {
   if (m_loading.valid() || m_loaded) {
+    onceLoaded(&AudioPlayerFactory::coolDown);
+  }
+}
+
+/// Does not wait for the module: if it is still being loaded, the step follows on another thread.
+void LazyAudioPlayerFactory::onceLoaded(void (AudioPlayerFactory::*step)()) {
+  if (m_loading.valid() && m_loading.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
+    m_loaded = m_loading.get();
+  }
+  if (m_loaded) {
+    ((**m_loaded).*step)();
     return;
   }
-  m_loading = std::async(std::launch::async, [this] {
-    Loaded loaded = load();
+  m_loading = std::async(std::launch::async, [this, step, earlier = std::move(m_loading)]() mutable {
+    Loaded loaded = earlier.valid() ? earlier.get() : load();
     if (loaded) {
-      (*loaded)->warmUp();
+      ((**loaded).*step)();
     }
     return loaded;
   });

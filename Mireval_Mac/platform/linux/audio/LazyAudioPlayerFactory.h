@@ -29,6 +29,7 @@ class LazyAudioPlayerFactory final : public AudioPlayerFactory {
 
   /// Loads the module on a thread of its own. The destructor waits for that.
   void warmUp() override;
+  void coolDown() override;
 
   /// Waits for the module if it is still being loaded. A module that cannot be loaded is an ordinary error.
   AudioPlayerResult create(const std::filesystem::path& file, const QString& title) override;
@@ -37,6 +38,7 @@ class LazyAudioPlayerFactory final : public AudioPlayerFactory {
   using Loaded = tl::expected<std::unique_ptr<AudioPlayerFactory>, QString>;
 
   Loaded load() const;
+  void onceLoaded(void (AudioPlayerFactory::*step)());
 
   const std::filesystem::path m_module;
   const FileDescriptor m_openModule;

@@ -18,7 +18,7 @@ constexpr double rememberedSeconds = 3;
 }  // namespace
 
 PulseAudioPlayer::Playing::Playing(PulseAudioPlayer& player)
-    : retryTimer(*player.m_server, [&player] { player.retry(); }) {}
+    : retryTimer(player.m_server, [&player] { player.retry(); }) {}
 
 microseconds PulseAudioPlayer::Playing::stallPatience() const {
   constexpr int mostDoublings = 4;
@@ -33,32 +33,36 @@ void PulseAudioPlayer::Playing::scheduleRetry() {
   }
 }
 
-PulseAudioPlayer::PulseAudioPlayer(std::shared_ptr<PulseServer> server, std::filesystem::path file,
+PulseAudioPlayer::PulseAudioPlayer(std::shared_ptr<PulseOutput> output, std::filesystem::path file,
                                    const QString& title, std::unique_ptr<AudioDecoder> decoder)
-    : m_server(std::move(server)),
+    : m_output(std::move(output)),
+      m_server(m_output->server()),
       m_file(std::move(file)),
       m_title(title.toUtf8()),
       m_sampleRate(decoder->sampleRate()),
       m_durationSeconds(decoder->durationSeconds()),
       m_frames(std::make_unique<FrameHistory>(std::move(decoder), rememberedSeconds)) {
-  const PulseServer::Lock lock(*m_server);
-  m_server->addClient(*this);
+  const PulseServer::Lock lock(m_server);
+  m_server.addClient(*this);
 }
 
 PulseAudioPlayer::~PulseAudioPlayer() {
-  const PulseServer::Lock lock(*m_server);
-  m_server->removeClient(*this);
-  m_playing.reset();
+  const PulseServer::Lock lock(m_server);
+  m_server.removeClient(*this);
+  if (m_stream) {
+    m_output->giveBack(m_stream->release(), PulseOutput::Content::nothing);
+  }
   m_stream.reset();
+  m_playing.reset();
 }
 
 void PulseAudioPlayer::setDelegate(AudioPlayerDelegate* delegate) {
-  const PulseServer::Lock lock(*m_server);
+  const PulseServer::Lock lock(m_server);
   m_delegate = delegate;
 }
 
 void PulseAudioPlayer::setVolume(float volume) {
-  const PulseServer::Lock lock(*m_server);
+  const PulseServer::Lock lock(m_server);
   m_gain = std::isnan(volume) ? 0 : std::clamp(volume, 0.0F, 1.0F);
   if (m_stream) {
     m_stream->setGain(m_gain);
@@ -66,19 +70,17 @@ void PulseAudioPlayer::setVolume(float volume) {
 }
 
 float PulseAudioPlayer::volume() const {
-  const PulseServer::Lock lock(*m_server);
+  const PulseServer::Lock lock(m_server);
   return m_gain;
 }
 
 void PulseAudioPlayer::prepareToPlay() {
-  const PulseServer::Lock lock(*m_server);
-  if (!m_stream && !m_playing && m_frames) {
-    openStream(m_heard);
-  }
+  const PulseServer::Lock lock(m_server);
+  m_output->prepare(m_sampleRate);
 }
 
 void PulseAudioPlayer::play() {
-  const PulseServer::Lock lock(*m_server);
+  const PulseServer::Lock lock(m_server);
   if (m_playing) {
     return;
   }
@@ -95,22 +97,23 @@ void PulseAudioPlayer::play() {
 }
 
 void PulseAudioPlayer::pause() {
-  const PulseServer::Lock lock(*m_server);
+  const PulseServer::Lock lock(m_server);
   if (m_playing) {
     m_playing.reset();
     if (m_stream) {
       m_stream->pause();
     }
+    m_output->soundStopped();
   }
 }
 
 bool PulseAudioPlayer::isPlaying() const {
-  const PulseServer::Lock lock(*m_server);
+  const PulseServer::Lock lock(m_server);
   return m_playing.has_value();
 }
 
 double PulseAudioPlayer::currentTime() const {
-  const PulseServer::Lock lock(*m_server);
+  const PulseServer::Lock lock(m_server);
   const std::uint64_t heard = std::max(m_heard, m_stream ? m_stream->heard() : 0);
   return static_cast<double>(heard) / m_sampleRate;
 }
@@ -125,7 +128,7 @@ void PulseAudioPlayer::serverLost() {
   // libpulse itself tells a stream.
   if (m_playing && !m_stream) {
     if (m_playing->failedAttempts > 0) {
-      m_server->askForServer();
+      m_server.askForServer();
     }
     m_playing->scheduleRetry();
   }
@@ -147,25 +150,35 @@ void PulseAudioPlayer::streamStalled() {
 }
 
 void PulseAudioPlayer::streamEnded() {
-  dropStream();
+  m_heard = std::max(m_heard, m_stream->lastHeard());
+  m_output->giveBack(m_stream->release(), PulseOutput::Content::theEndOfATrack);
+  m_stream.reset();
   finish(!m_frames->decoder().failed());
 }
 
+PulsePointer<pa_stream> PulseAudioPlayer::giveUpStream() {
+  m_playing.reset();
+  m_heard = std::max(m_heard, m_stream->heard());
+  PulsePointer<pa_stream> stream = m_stream->release();
+  m_stream.reset();
+  return stream;
+}
+
 void PulseAudioPlayer::openStream(std::uint64_t from) {
-  if (m_server->readyContext() == nullptr) {
+  if (m_server.readyContext() == nullptr) {
     // `serverReady` or `serverLost` follows.
     return;
   }
-  m_stream = PulseStream::open(*m_server, m_title.constData(), *m_frames, from, m_gain, *this);
-  if (!m_playing) {
+  m_playing->retryTimer.stop();
+  PulsePointer<pa_stream> stream = m_output->takeFor(*this, m_sampleRate);
+  if (!stream) {
+    m_playing->scheduleRetry();
     return;
   }
-  m_playing->retryTimer.stop();
-  if (m_stream) {
-    m_stream->play(m_playing->stallPatience());
-  } else {
-    m_playing->scheduleRetry();
-  }
+  PulseStream::Client& client = *this;
+  m_stream = std::make_unique<PulseStream>(m_server, std::move(stream), m_title.constData(), *m_frames, from,
+                                           m_gain, client);
+  m_stream->play(m_playing->stallPatience());
 }
 
 void PulseAudioPlayer::dropStream() {
@@ -174,16 +187,17 @@ void PulseAudioPlayer::dropStream() {
   }
   m_heard = std::max(m_heard, m_stream->lastHeard());
   m_stream.reset();
+  m_output->forgetHolder();
 }
 
 void PulseAudioPlayer::retry() {
   if (m_stream) {
     return;
   }
-  if (m_server->connect()) {
+  if (m_server.connect()) {
     openStream(m_heard);
   } else {
-    m_server->askForServer();
+    m_server.askForServer();
     m_playing->scheduleRetry();
   }
 }

@@ -2,6 +2,7 @@
 
 #include "platform/AudioPlayer.h"
 #include "platform/linux/audio/FrameHistory.h"
+#include "platform/linux/audio/PulseOutput.h"
 #include "platform/linux/audio/PulseServer.h"
 #include "platform/linux/audio/PulseStream.h"
 
@@ -15,13 +16,17 @@
 
 namespace mireval {
 
-/// Plays one file through the sound server, with one stream after the other: a lost stream is replaced, with
-/// growing pauses between the attempts, and playback goes on at the frame that was heard last. The volume
-/// scales the samples, and the server's own volume is left to the user.
-class PulseAudioPlayer final : public AudioPlayer, private PulseServer::Client, private PulseStream::Client {
+/// Plays one file through the sound server, on the one stream that all players share. A lost stream is
+/// replaced, with growing pauses between the attempts, and playback goes on at the frame that was heard last,
+/// as it does when another player had the stream meanwhile. The volume scales the samples, and the server's
+/// own volume is left to the user.
+class PulseAudioPlayer final : public AudioPlayer,
+                               private PulseServer::Client,
+                               private PulseStream::Client,
+                               private PulseOutput::Holder {
  public:
   /// `decoder` is at the start of `file`, which is opened again for a second play-through.
-  PulseAudioPlayer(std::shared_ptr<PulseServer> server, std::filesystem::path file, const QString& title,
+  PulseAudioPlayer(std::shared_ptr<PulseOutput> output, std::filesystem::path file, const QString& title,
                    std::unique_ptr<AudioDecoder> decoder);
   PulseAudioPlayer(const PulseAudioPlayer&) = delete;
   PulseAudioPlayer& operator=(const PulseAudioPlayer&) = delete;
@@ -53,6 +58,8 @@ class PulseAudioPlayer final : public AudioPlayer, private PulseServer::Client, 
   void streamLost() override;
   void streamStalled() override;
   void streamEnded() override;
+  PulsePointer<pa_stream> giveUpStream() override;
+  bool isSounding() const override { return m_playing.has_value(); }
 
   void openStream(std::uint64_t from);
   void dropStream();
@@ -60,7 +67,8 @@ class PulseAudioPlayer final : public AudioPlayer, private PulseServer::Client, 
   bool reopenFile();
   void finish(bool successfully);
 
-  const std::shared_ptr<PulseServer> m_server;
+  const std::shared_ptr<PulseOutput> m_output;
+  PulseServer& m_server;
   const std::filesystem::path m_file;
   const QByteArray m_title;
   const int m_sampleRate;

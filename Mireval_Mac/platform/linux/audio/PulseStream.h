@@ -12,10 +12,11 @@
 
 namespace mireval {
 
-/// One stream to the sound server. It plays the frames of a track from a given one to the last, with a deep
-/// buffer, so that the machine can sleep for about a second at a time. Not to be used again once it is lost,
-/// stalls or has ended. Positions are frame numbers of the track. Everything, also the destructor, needs the
-/// server's lock; frames are decoded when the server asks for them, on libpulse's thread.
+/// Plays the frames of a track, from a given one to the last, on a stream of the sound server, which may have
+/// played others before. The buffer is deep, so that the machine can sleep for about a second at a time. Not
+/// to be used again once the stream is lost, stalls or has ended. Positions are frame numbers of the track.
+/// Everything, also the destructor, needs the server's lock; but for the first, frames are decoded on
+/// libpulse's thread, when the server can take them.
 class PulseStream {
  public:
   /// Told on libpulse's thread with the lock held. Each call may destroy the stream.
@@ -25,18 +26,26 @@ class PulseStream {
     virtual void streamLost() = 0;
     /// The server has not asked for frames for too long while playing.
     virtual void streamStalled() = 0;
-    /// The last frame has been heard, or the file cannot be decoded any further.
+    /// The last frame, which may be where the file cannot be decoded any further, has been heard, or will be
+    /// within `endLead`.
     virtual void streamEnded() = 0;
 
    protected:
     ~Client() = default;
   };
 
-  /// Begins to open a stream that is silent until `play`. `title` is what mixers show. The server must be
-  /// ready; server, frames and client must outlive the stream. Starts at `from` or, if that frame is
-  /// forgotten, at the oldest in `frames`. Returns nullptr when libpulse refuses.
-  static std::unique_ptr<PulseStream> open(PulseServer& server, const char* title, FrameHistory& frames,
-                                           std::uint64_t from, float gain, Client& client);
+  /// Begins to open a stream, corked, for frames of `sampleRate` Hz. The server must be ready. Returns
+  /// nullptr when libpulse refuses.
+  static PulsePointer<pa_stream> connect(const PulseServer& server, int sampleRate);
+
+  /// Takes over a stream from `connect` or `release`. `title` is what mixers show. Server, title, frames and
+  /// client must outlive this. Starts at `from` or, if that frame is forgotten, at the oldest in `frames`.
+  PulseStream(PulseServer& server, PulsePointer<pa_stream> stream, const char* title, FrameHistory& frames,
+              std::uint64_t from, float gain, Client& client);
+
+  /// So long before the last frame is heard its end is told, so that frames of the next track can follow at
+  /// once.
+  static constexpr std::chrono::milliseconds endLead{50};
 
   /// A server has stalled when its buffer must be empty and it has not asked for frames for this long.
   static constexpr std::chrono::seconds usualPatience{5};
@@ -50,6 +59,10 @@ class PulseStream {
   void play(std::chrono::microseconds patience);
   void pause();
 
+  /// Hands the stream over, without frames that are still to be heard unless it has ended. Afterwards this
+  /// can only be destroyed.
+  PulsePointer<pa_stream> release();
+
   /// Scales the frames, 0...1. What the server holds already is replaced, so the change is heard at once.
   void setGain(float gain);
 
@@ -60,17 +73,21 @@ class PulseStream {
   /// The last frame that the server itself is known to have played: at most `lastHeard`.
   std::uint64_t confirmed() const;
   /// True once the server has asked for more than the first buffer.
-  bool isFlowing() const { return m_fills > 1; }
+  bool isFlowing() const { return m_next - m_start > framesIn(bufferLength); }
 
  private:
   using Clock = std::chrono::steady_clock;
 
-  PulseStream(PulseServer& server, const char* title, FrameHistory& frames, std::uint64_t from, float gain,
-              Client& client);
+  /// How much the server holds for us. It asks for more when half of it has been played.
+  static constexpr std::chrono::microseconds bufferLength = std::chrono::seconds(2);
+
   void stateChanged();
+  void begin();
   bool isReady() const { return pa_stream_get_state(m_stream.get()) == PA_STREAM_READY; }
   void updateCork();
   void fill();
+  void append(std::uint64_t frames);
+  std::optional<std::int64_t> origin() const;
   std::uint64_t write(std::uint64_t position, std::uint64_t frames);
   void drained();
   void requestTiming();
@@ -88,17 +105,18 @@ class PulseStream {
   GainRamp m_gain;
   bool m_playing = false;
   std::chrono::microseconds m_patience{};
-  int m_fills = 0;
   /// The last known position and its time.
   std::uint64_t m_heard = m_start;
   Clock::time_point m_heardAt;
   /// Every frame of the file has been written.
   bool m_allWritten = false;
+  bool m_hasEnded = false;
   /// When the server had nothing left to play after the last frame was written.
   std::optional<Clock::time_point> m_drainedAt;
   int m_endChecks = 0;
   PulseServer::Timer m_stallTimer;
   PulseServer::Timer m_endTimer;
+  const char* const m_title;
   PulsePointer<pa_stream> m_stream;
   PulsePointer<pa_operation> m_timingRequest;
 };

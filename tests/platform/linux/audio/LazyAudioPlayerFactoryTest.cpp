@@ -43,6 +43,9 @@ TEST(LazyAudioPlayerFactoryTest, LoadsTheModuleThatWasThereAtTheStart) {
 TEST(LazyAudioPlayerFactoryTest, MayEndWhileTheModuleIsBeingLoaded) {
   FakeNotices notices;
   LazyAudioPlayerFactory factory(AUDIO_MODULE, notices);
+  factory.coolDown();
+  factory.warmUp();
+  factory.coolDown();
   factory.warmUp();
 }
 

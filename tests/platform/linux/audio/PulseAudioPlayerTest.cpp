@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -86,6 +87,17 @@ class PulseAudioPlayerTest : public testing::TestWithParam<SoundServer::Kind> {
   }
 
   bool isExact() const { return GetParam() == SoundServer::Kind::pulseAudio; }
+
+  /// What the server's mixer shows: "corked" or "sounding" for each stream.
+  std::vector<std::string> streams() const {
+    const std::string list = server.control({"list", "sink-inputs"});
+    std::vector<std::string> states;
+    constexpr std::string_view key = "Corked: ";
+    for (auto at = list.find(key); at != std::string::npos; at = list.find(key, at + 1)) {
+      states.emplace_back(list.compare(at + key.size(), 3, "yes") == 0 ? "corked" : "sounding");
+    }
+    return states;
+  }
 
   /// Seconds that the server itself may add or drop: without real-time priority, PipeWire skips a block of
   /// 21 ms now and then when the machine is busy.
@@ -271,8 +283,99 @@ TEST_P(PulseAudioPlayerTest, IsSilentOnceDestroyedAndCallsNobody) {
   const std::size_t before = recorder.frames();
   sleepFor(0.5);
   EXPECT_EQ(recorder.recordingFrom(before).peak(), 0);
-  // Nothing may be left behind on the server either.
-  EXPECT_TRUE(waitUntil([&] { return server.control({"list", "short", "sink-inputs"}).empty(); }, 3s));
+  // All that is left behind on the server is the stream that is kept ready.
+  EXPECT_TRUE(waitUntil([&] { return streams() == std::vector<std::string>{"corked"}; }, 3s));
+}
+
+TEST_P(PulseAudioPlayerTest, TakesTheSoundFromAnotherPlayerWhichResumesWhereItWas) {
+  const auto second = open(files.tone(1000, 30));
+  const auto first = open(files.tone(440, 30));
+  first->play();
+  sleepFor(1);
+  const auto third = factory.create(files.folder() / "tone-1000-30-44100-2.m4a", {});
+  EXPECT_FALSE(factory.create(files.folder() / "none.m4a", {}));
+  EXPECT_TRUE(first->isPlaying());
+  second->play();
+  EXPECT_FALSE(first->isPlaying());
+  EXPECT_EQ(second->currentTime(), 0);
+  const double position = first->currentTime();
+  EXPECT_NEAR(position, 1, 0.3);
+  const MonitorRecorder recorder(server);
+  sleepFor(0.8);
+  EXPECT_EQ(streams(), std::vector<std::string>{"sounding"});
+  EXPECT_GT(recorder.recording().part(0.3, 0.4).shareOfTone(1000), 0.98);
+  EXPECT_EQ(first->currentTime(), position);
+
+  second->pause();
+  first->play();
+  sleepFor(0.2);
+  const std::size_t before = recorder.frames();
+  sleepFor(0.8);
+  EXPECT_GT(recorder.recordingFrom(before).part(0.1, 0.6).shareOfTone(440), 0.98);
+  EXPECT_NEAR(first->currentTime(), position + 1, 0.3);
+  EXPECT_EQ(streams(), std::vector<std::string>{"sounding"});
+  EXPECT_EQ(ends.calls(), 0);
+}
+
+TEST_P(PulseAudioPlayerTest, LosesNoFrameBetweenTwoTracks) {
+  // Of one kind and of two: these need two streams.
+  for (const int secondRate : {44100, 48000}) {
+    const auto firstFile = files.tone(440, 1);
+    const auto secondFile = files.tone(1000, 1, {.sampleRate = secondRate});
+    const int endsBefore = ends.calls();
+    auto player = open(firstFile);
+    const MonitorRecorder recorder(server);
+    player->play();
+    ASSERT_TRUE(waitUntil([&] { return ends.calls() == endsBefore + 1; }, 5s));
+    auto next = open(secondFile);
+    next->play();
+    player = std::move(next);
+    ASSERT_TRUE(waitUntil([&] { return ends.calls() == endsBefore + 2; }, 5s));
+    EXPECT_NEAR(player->currentTime(), 1, 1e-6);
+    sleepFor(0.4);
+    const Recording sound = recorder.recording().trimmed();
+    EXPECT_LT(sound.longestSilence(), isExact() ? 0.001 : serverSlack());
+    // Two streams may sound together for the time by which the end is told early.
+    EXPECT_NEAR(sound.seconds(), 2, serverSlack() + (secondRate == 44100 ? 0 : 0.05));
+    EXPECT_GT(sound.part(0.5, 0.45).shareOfTone(440), 0.95);
+    EXPECT_GT(sound.part(sound.seconds() - 0.95, 0.9).shareOfTone(1000), 0.95);
+  }
+}
+
+TEST_P(PulseAudioPlayerTest, PlaysOnOneStreamThatIsReadyBeforeAndGoesAWhileAfter) {
+  PulseAudioPlayerFactory shortLived(notices, 500ms);
+  shortLived.warmUp();
+  // The fixture's own, which it has kept ready, and this one.
+  ASSERT_TRUE(waitUntil([&] { return streams().size() == 2; }, 5s));
+  EXPECT_EQ(streams(), (std::vector<std::string>{"corked", "corked"}));
+  shortLived.coolDown();
+  ASSERT_TRUE(waitUntil([&] { return streams().size() == 1; }, 5s));
+
+  shortLived.warmUp();
+  ASSERT_TRUE(waitUntil([&] { return streams().size() == 2; }, 5s));
+  const auto player = shortLived.create(files.tone(440, 30), {}).value();
+  player->play();
+  shortLived.coolDown();
+  sleepFor(1);
+  EXPECT_TRUE(player->isPlaying());
+  EXPECT_EQ(streams().size(), 2U);
+  player->pause();
+  const double position = player->currentTime();
+  EXPECT_NEAR(position, 1, 0.3);
+  // The paused player's stream goes, too, and the player does not mind.
+  ASSERT_TRUE(waitUntil([&] { return streams().size() == 1; }, 5s));
+  EXPECT_EQ(player->currentTime(), position);
+  player->play();
+  sleepFor(1);
+  EXPECT_NEAR(player->currentTime(), position + 1, 0.3);
+  EXPECT_EQ(streams(), (std::vector<std::string>{"corked", "sounding"}));
+}
+
+TEST_P(PulseAudioPlayerTest, LetsTheDeviceSleepAfterTheLastTrack) {
+  const auto player = open(files.tone(440, 0.5));
+  player->play();
+  ASSERT_TRUE(waitUntil([&] { return ends.calls() == 1; }, 5s));
+  EXPECT_TRUE(waitUntil([&] { return streams() == std::vector<std::string>{"corked"}; }, 5s));
 }
 
 TEST_P(PulseAudioPlayerTest, IsMusicWithATitleForMixers) {
@@ -421,8 +524,8 @@ TEST_P(PulseAudioPlayerSinkTest, GoesOnWhenItsSinkComesBack) {
 TEST_P(PulseAudioPlayerTest, NeverWaitsForAFrozenServerAndGoesOnAfterwards) {
   auto player = open(files.tone(440, 60));
   auto abandoned = open(files.tone(440, 5));
-  player->play();
   abandoned->play();
+  player->play();
   sleepFor(1);
   server.freeze();
   expectPrompt([&] { abandoned.reset(); });
@@ -445,6 +548,9 @@ TEST_P(PulseAudioPlayerTest, NeverWaitsForAFrozenServerAndGoesOnAfterwards) {
     std::this_thread::sleep_for(100ms);
   }
   EXPECT_LE(last, 1 + 3 + 2);
+  // The last of the others has taken the sound.
+  EXPECT_FALSE(player->isPlaying());
+  player->play();
   server.thaw();
   player->setVolume(1);
   const MonitorRecorder recorder(server);
