@@ -90,6 +90,44 @@ class EndOfTrackTest(DesktopTest):
         self.assertEqual(player.exit_status(), 0)
 
 
+class ReadyStreamTest(DesktopTest):
+    def streams(self):
+        """The number of each stream in the mixer, and whether it is corked."""
+        lines = self.session.run("pactl", "list", "sink-inputs").stdout.splitlines()
+        numbers = [line.split("#")[1] for line in lines if line.startswith("Sink Input #")]
+        return dict(zip(numbers, [line.endswith("yes") for line in lines if "Corked:" in line], strict=True))
+
+    def test_one_is_ready_while_the_panel_is_open_and_for_a_minute(self):
+        player = Player(self.session, PROGRAM, make_tones(self.session.folder / "resources", 60))
+        icon = player.find_icon()
+        self.assertEqual(self.streams(), {})
+        self.session.click(icon)
+        ready = wait_for(self.streams, "a stream")
+        self.assertEqual(list(ready.values()), [True])
+        recorder = self.listen()
+        player.press("Focus")
+        first = self.hear_tone(recorder)
+        player.press("Next")
+        self.assertNotEqual(self.hear_tone(recorder), first)
+        self.assertEqual(self.streams(), dict.fromkeys(ready, False))
+        player.press("Pause")
+        wait_for(lambda: self.streams() == ready, "the stream to be corked")
+
+        self.session.press_key("Escape")
+        player.wait_until_closed()
+        closed = time.monotonic()
+        controls = MediaPlayer(self.session)
+        position = controls.position_seconds
+        wait_for(lambda: not self.streams(), "the stream to go", 90)
+        self.assertGreater(time.monotonic() - closed, 50)
+        self.assertEqual(controls.position_seconds, position)
+        controls.command("Play")
+        self.hear_tone(recorder)
+        self.assertGreater(controls.position_seconds, position)
+        self.assertLess(controls.position_seconds, position + 5)
+        self.assertEqual(player.errors, "")
+
+
 class WithoutTrayTest(DesktopTest):
     desktop = {"tray": False, "sound": False}
 

@@ -49,11 +49,8 @@ PulseAudioPlayer::PulseAudioPlayer(std::shared_ptr<PulseOutput> output, std::fil
 PulseAudioPlayer::~PulseAudioPlayer() {
   const PulseServer::Lock lock(m_server);
   m_server.removeClient(*this);
-  if (m_stream) {
-    m_output->giveBack(m_stream->release(), PulseOutput::Content::nothing);
-  }
-  m_stream.reset();
-  m_playing.reset();
+  giveUpSound();
+  m_output->forgetHolder(*this);
 }
 
 void PulseAudioPlayer::setDelegate(AudioPlayerDelegate* delegate) {
@@ -88,6 +85,7 @@ void PulseAudioPlayer::play() {
     finish(false);
     return;
   }
+  m_output->claimSound(*this);
   m_playing.emplace(*this);
   if (m_stream) {
     m_stream->play(m_playing->stallPatience());
@@ -150,18 +148,16 @@ void PulseAudioPlayer::streamStalled() {
 }
 
 void PulseAudioPlayer::streamEnded() {
-  m_heard = std::max(m_heard, m_stream->lastHeard());
-  m_output->giveBack(m_stream->release(), PulseOutput::Content::theEndOfATrack);
-  m_stream.reset();
+  giveStreamBack();
   finish(!m_frames->decoder().failed());
 }
 
-PulsePointer<pa_stream> PulseAudioPlayer::giveUpStream() {
+void PulseAudioPlayer::giveUpSound() {
+  if (m_stream) {
+    m_stream->heard();
+    giveStreamBack();
+  }
   m_playing.reset();
-  m_heard = std::max(m_heard, m_stream->heard());
-  PulsePointer<pa_stream> stream = m_stream->release();
-  m_stream.reset();
-  return stream;
 }
 
 void PulseAudioPlayer::openStream(std::uint64_t from) {
@@ -170,7 +166,7 @@ void PulseAudioPlayer::openStream(std::uint64_t from) {
     return;
   }
   m_playing->retryTimer.stop();
-  PulsePointer<pa_stream> stream = m_output->takeFor(*this, m_sampleRate);
+  PulsePointer<pa_stream> stream = m_output->take(m_sampleRate);
   if (!stream) {
     m_playing->scheduleRetry();
     return;
@@ -181,13 +177,19 @@ void PulseAudioPlayer::openStream(std::uint64_t from) {
   m_stream->play(m_playing->stallPatience());
 }
 
+void PulseAudioPlayer::giveStreamBack() {
+  m_heard = std::max(m_heard, m_stream->lastHeard());
+  m_output->giveBack(m_stream->release());
+  m_stream.reset();
+}
+
 void PulseAudioPlayer::dropStream() {
   if (m_playing && m_stream->isFlowing()) {
     m_playing->failedAttempts = 0;
   }
   m_heard = std::max(m_heard, m_stream->lastHeard());
   m_stream.reset();
-  m_output->forgetHolder();
+  m_output->streamLost();
 }
 
 void PulseAudioPlayer::retry() {

@@ -58,10 +58,11 @@ class PulseAudioPlayer final : public AudioPlayer,
   void streamLost() override;
   void streamStalled() override;
   void streamEnded() override;
-  PulsePointer<pa_stream> giveUpStream() override;
+  void giveUpSound() override;
   bool isSounding() const override { return m_playing.has_value(); }
 
   void openStream(std::uint64_t from);
+  void giveStreamBack();
   void dropStream();
   void retry();
   bool reopenFile();

@@ -11,14 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Longer than the end of a track is on its way when its player is done.
+/// Longer than the end of a track still takes when its player gives the stream back.
 constexpr auto runOutTime = 1s;
-
-void cork(pa_stream& stream) {
-  if (pa_stream_get_state(&stream) == PA_STREAM_READY && pa_stream_is_corked(&stream) == 0) {
-    const PulsePointer<pa_operation> operation(pa_stream_cork(&stream, 1, nullptr, nullptr));
-  }
-}
 
 }  // namespace
 
@@ -60,8 +54,8 @@ void PulseOutput::soundStopped() {
 
 void PulseOutput::prepare(int sampleRate) {
   m_sampleRate = sampleRate;
-  if (!m_idle && m_holder == nullptr && m_server.readyContext() != nullptr) {
-    keepIdle(open(sampleRate));
+  if (!m_idle && !m_isTaken && m_server.readyContext() != nullptr) {
+    keepIdle(PulseStream::connect(m_server, sampleRate));
   }
 }
 
@@ -71,41 +65,40 @@ void PulseOutput::serverReady() {
   }
 }
 
-PulsePointer<pa_stream> PulseOutput::takeFor(Holder& holder, int sampleRate) {
-  PulsePointer<pa_stream> stream = m_holder != nullptr ? m_holder->giveUpStream() : std::move(m_idle);
-  m_holder = nullptr;
+void PulseOutput::claimSound(Holder& holder) {
+  Holder* const earlier = std::exchange(m_holder, &holder);
+  if (earlier != nullptr && earlier != &holder) {
+    earlier->giveUpSound();
+  }
+}
+
+void PulseOutput::forgetHolder(const Holder& holder) {
+  if (m_holder == &holder) {
+    m_holder = nullptr;
+  }
+}
+
+PulsePointer<pa_stream> PulseOutput::take(int sampleRate) {
   m_sampleRate = sampleRate;
-  if (stream && pa_stream_get_sample_spec(stream.get())->rate != static_cast<std::uint32_t>(sampleRate)) {
-    pa_stream_set_state_callback(stream.get(), nullptr, nullptr);
-    m_leaving = std::move(stream);
+  if (m_idle && pa_stream_get_sample_spec(m_idle.get())->rate != static_cast<std::uint32_t>(sampleRate)) {
+    pa_stream_set_state_callback(m_idle.get(), nullptr, nullptr);
+    m_leaving = std::move(m_idle);
     m_runOutTimer.start(runOutTime);
   }
-  if (!stream) {
-    stream = open(sampleRate);
-  }
-  if (stream) {
-    m_holder = &holder;
-  }
+  PulsePointer<pa_stream> stream = m_idle ? std::move(m_idle) : PulseStream::connect(m_server, sampleRate);
+  m_isTaken = stream != nullptr;
   return stream;
 }
 
-void PulseOutput::giveBack(PulsePointer<pa_stream> stream, Content content) {
-  m_holder = nullptr;
-  if (content == Content::nothing) {
-    cork(*stream);
-  } else {
-    m_runOutTimer.start(runOutTime);
-  }
+void PulseOutput::giveBack(PulsePointer<pa_stream> stream) {
+  m_isTaken = false;
   keepIdle(std::move(stream));
+  m_runOutTimer.start(runOutTime);
   soundStopped();
 }
 
-void PulseOutput::forgetHolder() {
-  m_holder = nullptr;
-}
-
-PulsePointer<pa_stream> PulseOutput::open(int sampleRate) const {
-  return PulseStream::connect(m_server, sampleRate);
+void PulseOutput::streamLost() {
+  m_isTaken = false;
 }
 
 void PulseOutput::keepIdle(PulsePointer<pa_stream> stream) {
@@ -125,9 +118,10 @@ void PulseOutput::idleStateChanged() {
 
 void PulseOutput::endRunningOut() {
   m_leaving.reset();
-  if (m_idle) {
-    // A stream that is not corked keeps the device awake.
-    cork(*m_idle);
+  // A stream that is not corked keeps the device awake.
+  if (m_idle && pa_stream_get_state(m_idle.get()) == PA_STREAM_READY &&
+      pa_stream_is_corked(m_idle.get()) == 0) {
+    const PulsePointer<pa_operation> operation(pa_stream_cork(m_idle.get(), 1, nullptr, nullptr));
   }
 }
 
@@ -135,10 +129,10 @@ void PulseOutput::dropUnused() {
   if (m_soundIsExpected || (m_holder != nullptr && m_holder->isSounding())) {
     return;
   }
-  m_idle.reset();
   if (m_holder != nullptr) {
-    std::exchange(m_holder, nullptr)->giveUpStream();
+    m_holder->giveUpSound();
   }
+  m_idle.reset();
 }
 
 }  // namespace mireval

@@ -16,19 +16,16 @@ class Notices;
 /// Everything but the constructor, the destructor and `server` needs the server's lock.
 class PulseOutput final : private PulseServer::Client {
  public:
-  /// Who plays on the stream. Called with the lock held.
+  /// Whose sound it is. Called with the lock held.
   class Holder {
    public:
-    /// Stops playing and hands the stream over, with no frames in it that are still to be heard.
-    virtual PulsePointer<pa_stream> giveUpStream() = 0;
+    /// Stops playing and gives its stream back, if it has one.
+    virtual void giveUpSound() = 0;
     virtual bool isSounding() const = 0;
 
    protected:
     ~Holder() = default;
   };
-
-  /// What a stream that is given back still contains.
-  enum class Content { nothing, theEndOfATrack };
 
   /// The notices must outlive this. When no sound is expected, a stream that nobody plays on is kept for
   /// `kept`.
@@ -47,23 +44,25 @@ class PulseOutput final : private PulseServer::Client {
   /// Begins to open a stream unless there is one, or no server yet. Frames have `sampleRate` Hz.
   void prepare(int sampleRate);
 
-  /// The stream, corked or not, for `holder`, which the last holder loses it to. It may still be opening.
-  /// Nullptr when libpulse refuses. The server must be ready.
-  PulsePointer<pa_stream> takeFor(Holder& holder, int sampleRate);
-
-  /// The holder needs the stream no longer.
-  void giveBack(PulsePointer<pa_stream> stream, Content content);
-  /// The holder has lost or closed the stream.
-  void forgetHolder();
-
+  /// The sound is `holder`'s from now on; another one has to give it up.
+  void claimSound(Holder& holder);
   /// Nothing is heard from now on until a holder plays again.
   void soundStopped();
+  /// The holder, if it is the one, is about to go.
+  void forgetHolder(const Holder& holder);
+
+  /// The stream, which may be corked or not, and may still be opening. Nullptr when libpulse refuses. The
+  /// server must be ready, and the stream not be taken.
+  PulsePointer<pa_stream> take(int sampleRate);
+  /// What the stream still contains is heard.
+  void giveBack(PulsePointer<pa_stream> stream);
+  /// The stream that was taken is gone.
+  void streamLost();
 
  private:
   void serverReady() override;
   void serverLost() override {}
 
-  PulsePointer<pa_stream> open(int sampleRate) const;
   void keepIdle(PulsePointer<pa_stream> stream);
   void idleStateChanged();
   void endRunningOut();
@@ -77,7 +76,8 @@ class PulseOutput final : private PulseServer::Client {
   /// As in the last file, and in the files that ship.
   int m_sampleRate = 44100;
   Holder* m_holder = nullptr;
-  /// Open, or about to be, and without a holder.
+  bool m_isTaken = false;
+  /// Open, or about to be, and not taken.
   PulsePointer<pa_stream> m_idle;
   /// Of another sample rate than is needed now; may still play the end of a track.
   PulsePointer<pa_stream> m_leaving;

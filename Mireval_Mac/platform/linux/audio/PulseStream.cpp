@@ -242,10 +242,12 @@ void PulseStream::requestTiming() {
 void PulseStream::timingArrived() {
   m_timingRequest.reset();
   fill();
-  microseconds remaining(1'000'000 * (m_next - heard()) / static_cast<std::uint64_t>(m_sampleRate));
+  const auto lastHeard = static_cast<std::int64_t>(heard());
   if (!m_allWritten || !m_playing) {
     return;
   }
+  const std::int64_t remainingFrames = static_cast<std::int64_t>(m_next) - position().value_or(lastHeard);
+  microseconds remaining(1'000'000 * remainingFrames / m_sampleRate);
   const pa_timing_info* const timing = pa_stream_get_timing_info(m_stream.get());
   if (timing != nullptr && timing->read_index < timing->write_index) {
     // What had run dry was what the stream played before.
@@ -267,20 +269,26 @@ void PulseStream::timingArrived() {
   m_endTimer.start(std::max(remaining - endLead, patience));
 }
 
-std::uint64_t PulseStream::heard() {
+/// Where the server is in the track while it plays; negative while it still plays what was in the stream
+/// before.
+std::optional<std::int64_t> PulseStream::position() const {
   const pa_timing_info* const timing =
       m_playing && isReady() ? pa_stream_get_timing_info(m_stream.get()) : nullptr;
   const std::optional<std::int64_t> first = timing != nullptr ? origin() : std::nullopt;
   pa_usec_t streamTime = 0;
   // Between two answers of the server, libpulse lets its clock run on even if nothing plays.
-  if (first && timing->playing != 0 && pa_stream_get_time(m_stream.get(), &streamTime) >= 0) {
-    const std::uint64_t before = static_cast<std::uint64_t>(*first) / bytesPerFrame;
-    const std::uint64_t played = std::max(framesIn(microseconds(streamTime)), before) - before;
-    const std::uint64_t position = std::min(m_start + played, m_next);
-    if (position > m_heard) {
-      m_heard = position;
-      m_heardAt = Clock::now();
-    }
+  if (!first || timing->playing == 0 || pa_stream_get_time(m_stream.get(), &streamTime) < 0) {
+    return std::nullopt;
+  }
+  const auto played = static_cast<std::int64_t>(framesIn(microseconds(streamTime)));
+  return static_cast<std::int64_t>(m_start) + played - *first / static_cast<std::int64_t>(bytesPerFrame);
+}
+
+std::uint64_t PulseStream::heard() {
+  const auto reached = static_cast<std::uint64_t>(std::max<std::int64_t>(position().value_or(0), 0));
+  if (std::min(reached, m_next) > m_heard) {
+    m_heard = std::min(reached, m_next);
+    m_heardAt = Clock::now();
   }
   return m_heard;
 }

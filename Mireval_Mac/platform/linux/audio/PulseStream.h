@@ -88,6 +88,7 @@ class PulseStream {
   void fill();
   void append(std::uint64_t frames);
   std::optional<std::int64_t> origin() const;
+  std::optional<std::int64_t> position() const;
   std::uint64_t write(std::uint64_t position, std::uint64_t frames);
   void drained();
   void requestTiming();
