@@ -18,6 +18,10 @@ constexpr std::size_t bytesPerFrame = channels * sizeof(Sample);
 
 /// Written before the stream starts; what follows is decoded while this sounds.
 constexpr microseconds firstPiece = 200ms;
+/// The server's clock is asked again after this time; until then libpulse's estimate is good.
+constexpr microseconds trustInClock = 5s;
+/// A server that has not answered by then has stopped.
+constexpr microseconds answerTime = 250ms;
 /// A new gain is heard after this time: replaced frames reach the server by then, also on a busy machine.
 constexpr microseconds gainLatency = 100ms;
 constexpr microseconds gainRamp = 10ms;
@@ -58,7 +62,7 @@ PulseStream::PulseStream(PulseServer& server, PulsePointer<pa_stream> stream, co
       m_sampleRate(frames.decoder().sampleRate()),
       m_start(std::max(from, frames.oldestFrame())),
       m_gain(gain),
-      m_stallTimer(server, [this] { m_client.streamStalled(); }),
+      m_stallTimer(server, [this] { suspectStall(); }),
       m_endTimer(server, [this] { requestTiming(); }),
       m_title(title),
       m_stream(std::move(stream)) {
@@ -138,7 +142,7 @@ void PulseStream::updateCork() {
   requestTiming();
   if (m_playing) {
     m_heardAt = Clock::now();
-    m_stallTimer.start(m_patience);
+    watchForStall(m_patience);
   }
 }
 
@@ -217,9 +221,26 @@ void PulseStream::append(std::uint64_t frames) {
     m_patience = usualPatience;
   }
   if (m_playing) {
-    m_stallTimer.start(m_allWritten ? m_patience + bufferLength : m_patience);
+    watchForStall(m_allWritten ? m_patience + bufferLength : m_patience);
   }
+  if (m_allWritten || since(m_timedAt) > trustInClock) {
+    requestTiming();
+  }
+}
+
+void PulseStream::watchForStall(microseconds patience) {
+  m_stallIsSuspected = false;
+  m_stallTimer.start(patience);
+}
+
+void PulseStream::suspectStall() {
+  if (std::exchange(m_stallIsSuspected, true)) {
+    m_client.streamStalled();
+    return;
+  }
+  // A server that only stands still can tell what was played until then.
   requestTiming();
+  m_stallTimer.start(answerTime);
 }
 
 // When is the track over? The server's clock says how much is still to be heard after the last frame was
@@ -241,6 +262,7 @@ void PulseStream::requestTiming() {
 
 void PulseStream::timingArrived() {
   m_timingRequest.reset();
+  m_timedAt = Clock::now();
   fill();
   const auto lastHeard = static_cast<std::int64_t>(heard());
   if (!m_allWritten || !m_playing) {

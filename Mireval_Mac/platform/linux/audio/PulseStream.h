@@ -91,6 +91,8 @@ class PulseStream {
   std::optional<std::int64_t> position() const;
   std::uint64_t write(std::uint64_t position, std::uint64_t frames);
   void drained();
+  void watchForStall(std::chrono::microseconds patience);
+  void suspectStall();
   void requestTiming();
   void timingArrived();
   std::uint64_t framesIn(std::chrono::microseconds time) const {
@@ -109,6 +111,9 @@ class PulseStream {
   /// The last known position and its time.
   std::uint64_t m_heard = m_start;
   Clock::time_point m_heardAt;
+  /// When the server last told its clock.
+  Clock::time_point m_timedAt;
+  bool m_stallIsSuspected = false;
   /// Every frame of the file has been written.
   bool m_allWritten = false;
   bool m_hasEnded = false;
