@@ -249,9 +249,9 @@ void AudioPlayerController::updateNowPlayingInfo() {
   info.playbackRate = m_isPlaying ? 1 : 0;
   const std::int64_t position = std::max<std::int64_t>(m_currentVisualIndex + 1, 1);
   if (const auto cover = m_coverImages.coverImage(m_currentTrack->mood, position)) {
-    info.artwork = MediaItemArtwork{.boundsSize = cover->image.size(),
-                                    .requestHandler = [image = cover->image](QSize) { return image; },
-                                    .file = cover->file};
+    info.artwork = MediaItemArtwork{.boundsSize = cover->size(),
+                                    .requestHandler = [cover = *cover](QSize) { return cover.image(); },
+                                    .file = cover->file()};
   }
   m_services.nowPlayingInfoCenter.setNowPlayingInfo(info);
 }

@@ -10,7 +10,7 @@
 #include "platform/ShowRequests.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "playback/AudioPlayerController.h"
-#include "playback/ImageCache.h"
+#include "playback/CoverImages.h"
 #include "ui/CommandLine.h"
 #include "ui/MenuBarScene.h"
 #include "ui/SettingsScene.h"

@@ -1,6 +1,6 @@
 #include "fakes/FakeMemoryPressure.h"
 #include "playback/ControllerFixture.h"
-#include "playback/ImageCache.h"
+#include "playback/CoverImages.h"
 
 #include <algorithm>
 #include <set>
@@ -107,7 +107,7 @@ TEST_F(ControllerCoverTest, ACoverIsDecodedOnce) {
   m_controller->selectMood(Mood::focus);
   EXPECT_EQ(coverEvents(),
             (Events{"bundle: CoverImages/focus-01.png", "decoder: thumbnail focus-01.png 1600"}));
-  const qint64 pixels = artwork()->requestHandler({}).cacheKey();
+  const QImage image = artwork()->requestHandler({});
   for (int i = 0; i < 20; ++i) {
     tick();
   }
@@ -115,7 +115,7 @@ TEST_F(ControllerCoverTest, ACoverIsDecodedOnce) {
   m_controller->togglePlayback();
   m_controller->selectMood(Mood::focus);
   EXPECT_EQ(coverEvents(), Events{});
-  EXPECT_EQ(artwork()->requestHandler({}).cacheKey(), pixels);
+  EXPECT_EQ(artwork()->requestHandler({}), image);
   EXPECT_EQ(m_decoder.decodings("focus-01.png"), 1);
 }
 
@@ -186,7 +186,7 @@ TEST_F(ControllerCoverTest, TheSameImageComesForEverySize) {
   EXPECT_EQ(image.size(), artwork()->boundsSize);
   for (const QSize size :
        {QSize(), QSize(0, 0), QSize(1, 1), QSize(64, 32), QSize(5000, 5000), QSize(-1, -1)}) {
-    EXPECT_EQ(artwork()->requestHandler(size).cacheKey(), image.cacheKey());
+    EXPECT_EQ(artwork()->requestHandler(size), image);
   }
 }
 
@@ -274,22 +274,22 @@ TEST_F(ControllerCoverTest, ASecondControllerFindsTheCoversOfTheFirst) {
 // Without the fixture, so that it is the first use when CTest runs the test by itself.
 TEST(ControllerCoverCacheTest, IsMadeOnceUnderConcurrentFirstUse) {
   constexpr int threadCount = 8;
-  std::array<ImageCache*, threadCount> caches{};
+  std::array<CoverImages::Cache*, threadCount> caches{};
   std::atomic<int> ready = 0;
   std::vector<std::thread> threads;
-  for (ImageCache*& cache : caches) {
+  for (CoverImages::Cache*& cache : caches) {
     threads.emplace_back([&cache, &ready] {
       ++ready;
       while (ready < threadCount) {
       }
       cache = &CoverImages::coverImageCache();
-      cache->image(u"none"_s);
+      cache->cover(u"none"_s);
     });
   }
   for (std::thread& thread : threads) {
     thread.join();
   }
-  EXPECT_EQ(std::set<ImageCache*>(caches.begin(), caches.end()).size(), 1U);
+  EXPECT_EQ(std::set<CoverImages::Cache*>(caches.begin(), caches.end()).size(), 1U);
   EXPECT_NE(caches.front(), nullptr);
 }
 

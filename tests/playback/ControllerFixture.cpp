@@ -1,6 +1,6 @@
 #include "playback/ControllerFixture.h"
 
-#include "playback/ImageCache.h"
+#include "playback/CoverImages.h"
 
 #include <utility>
 
