@@ -54,13 +54,14 @@ KernelMemoryPressure::KernelMemoryPressure(FileDescriptor file) : m_file(std::mo
 }
 
 void KernelMemoryPressure::report() {
-  // The notifier's own poll has cleared the event. An error that stays means that the control group is gone.
+  // The notifier's own poll has cleared the event. If this poll still finds an error, the control group is
+  // gone.
   pollfd state{.fd = m_file.get(), .events = 0, .revents = 0};
   if (poll(&state, 1, 0) <= 0) {
     Q_EMIT memoryIsShort();
     return;
   }
-  // The notifier is the caller, so it is only disabled here.
+  // The notifier calls this function, so it must not be destroyed here.
   m_notifier->setEnabled(false);
   m_file = FileDescriptor();
 }

@@ -10,8 +10,8 @@
 
 namespace mireval {
 
-/// Watches a pressure file of the kernel. Sleeps until the kernel reports a shortage of memory, and never
-/// signals where there is no such file.
+/// Watches a pressure file of the kernel, without a thread and without polling. Never signals where there is
+/// no such file.
 class KernelMemoryPressure final : public MemoryPressure {
   Q_OBJECT
 
@@ -23,8 +23,9 @@ class KernelMemoryPressure final : public MemoryPressure {
     std::filesystem::path system = "/proc/pressure/memory";
   };
 
-  /// The pressure file of the process's control group, else that of the system, with the request to report.
-  /// Closed when there is neither, or when this user may not watch: older kernels ask for privileges.
+  /// Opens the pressure file of the process's control group, else that of the system, and asks the kernel to
+  /// report. The result is closed if there is neither file or if the kernel demands privileges, as older ones
+  /// do.
   static FileDescriptor open(const Places& places);
 
   KernelMemoryPressure() : KernelMemoryPressure(open(Places())) {}

@@ -11,8 +11,8 @@
 namespace mireval {
 namespace {
 
-/// The loader touches every page of the libraries, and few are needed again. Only segments that were never
-/// writable are released: their content is still in the file.
+/// The loader reads most pages of the libraries, but the program needs few of them again. Only segments that
+/// were never writable are released, because the system can read them again from the file.
 int releaseCode(dl_phdr_info* object, std::size_t, void*) {
   const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
   for (const ElfW(Phdr) & segment : std::span(object->dlpi_phdr, object->dlpi_phnum)) {
@@ -36,9 +36,9 @@ void releaseUnusedMemory() {
 }
 
 void useMmapForLargeBlocks() {
-  // Blocks of this size and more get a mapping of their own. This is glibc's default, but only a value that
-  // was set stays: otherwise freeing a large block raises it, later blocks come from the heap, and any block
-  // behind them keeps them from being returned.
+  // Blocks of this size and more get a mapping of their own. This is glibc's default, but setting it keeps it
+  // there. Otherwise glibc raises it when a large block is freed, takes later blocks from the heap, and
+  // cannot give them back while a block behind them is in use.
   constexpr int bytes = 128 * 1024;
   mallopt(M_MMAP_THRESHOLD, bytes);
 }
