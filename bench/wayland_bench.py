@@ -9,14 +9,17 @@ import sys
 import time
 from pathlib import Path
 
-from figures import start_up_milliseconds, status
+from cost import memory
 from player import Player
 from screen import Screenshot
 from session import wait_for
+from startup import compare_starts
 from sway_session import WaybarSession, leave_root
+from table import Row, print_table
 from wlroots_session import BACKGROUND_COLOUR, SCREEN_SIZE
 
 BUILD = Path(sys.argv[1]).resolve()
+STARTS = 5
 OPENINGS = 9
 # Within the panel, which is below the icon.
 PLACE = (SCREEN_SIZE[0] // 2, 100)
@@ -32,7 +35,7 @@ def shows_panel(session):
     return shot.pixel(0, 0) != BACKGROUND_COLOUR
 
 
-def first_frame_milliseconds(session, icon):
+def milliseconds_to_panel(session, icon):
     """From the release of the button to the panel on the screen, which is looked at every few milliseconds."""
     session.click(icon)
     begin = time.monotonic()
@@ -42,23 +45,25 @@ def first_frame_milliseconds(session, icon):
 
 
 def measure(session, platform):
+    """The figures of one platform of Qt, in the order of the rows."""
     environment = {"QT_QPA_PLATFORM": platform}
-    start = start_up_milliseconds(session, BUILD / "mireval", environment)
+    player_start, empty_run = compare_starts(session, BUILD, STARTS, environment)
     player = Player(session, BUILD / "mireval", environment=environment)
     icon = player.find_icon()
-    time.sleep(3)
-    idle = status(player.process.pid)
+    time.sleep(2)
+    idle = memory(player.process.pid)
     times = []
-    for _ in range(OPENINGS):
-        times.append(first_frame_milliseconds(session, icon))
-        time.sleep(1)
-        opened = status(player.process.pid)
+    for _ in range(OPENINGS + 1):
+        times.append(milliseconds_to_panel(session, icon))
+        time.sleep(0.5)
+        opened = memory(player.process.pid)
         session.press_key("Escape")
         wait_for(lambda: not shows_panel(session), "the panel to close")
-        time.sleep(0.5)
+        time.sleep(0.3)
     player.process.kill()
     player.process.wait()
-    return start, idle, statistics.median(times), max(times), opened
+    first, *later = times
+    return player_start, empty_run, first, (statistics.median(later), max(later)), *idle, *opened
 
 
 def main():
@@ -67,14 +72,14 @@ def main():
     try:
         session.start_bar("top", "center")
         session.move_pointer((60, 500))
-        print(f"{'windows':<9} {'start ms':>9} {'idle RSS, anon MB':>19} {'click to frame ms, worst':>25} "
-              f"{'open RSS, anon MB':>19}")
-        for platform in ("wayland", "xcb"):
-            start, idle, median, worst, opened = measure(session, platform)
-            print(f"{platform:<9} {start:>9.0f} {idle[2]:>12.1f} {idle[3]:>6.2f} {median:>18.0f} {worst:>6.0f} "
-                  f"{opened[2]:>12.1f} {opened[3]:>6.2f}", flush=True)
+        figures = {"layer": measure(session, "wayland"), "Xwayland": measure(session, "xcb")}
     finally:
         session.end()
+    names = ("start to icon registered, ms", "empty QGuiApplication, ms", "click to panel, first opening, ms",
+             "click to panel, later openings, ms", "own memory MB, idle", "resident MB, idle",
+             "own memory MB, panel open", "resident MB, panel open")
+    print_table("The panel on a Wayland desktop, as a layer and through Xwayland: median / worst", figures,
+                [Row(name, dict(zip(figures, values))) for name, values in zip(names, zip(*figures.values()))])
 
 
 if __name__ == "__main__":
