@@ -24,7 +24,7 @@ struct UsableDisplays {
 ///
 /// Ask before the application object is made, because Qt waits for a silent server without end, and ends the
 /// process when there is no display. Takes a few milliseconds with a local server, and at most `patience`, in
-/// whole seconds, with each silent one. The process must have one thread only.
+/// whole seconds, with each silent one. No other thread may change the environment meanwhile.
 UsableDisplays findUsableDisplays(const QByteArray& platforms,
                                   std::chrono::seconds patience = std::chrono::seconds(3));
 
