@@ -27,6 +27,7 @@
 
 #include <QAccessible>
 #include <QGuiApplication>
+#include <QTimer>
 
 #include <chrono>
 #include <utility>
@@ -55,6 +56,9 @@ std::chrono::milliseconds patienceWithBar(const LinuxDesktop::Start& start) {
   // A slow login takes its time. Whoever starts the player by hand wants to see it.
   return std::chrono::seconds(start.starter == LinuxDesktop::Start::Starter::session ? 30 : 2);
 }
+
+// From the start of the event loop.
+constexpr std::chrono::milliseconds timeForIcon(200);
 
 }  // namespace
 
@@ -223,9 +227,10 @@ std::shared_ptr<const Desktop> LinuxDesktop::connect() {
     m_notices.say(
         "the session bus does not answer; screen readers cannot see the windows until the next start");
   }
-  // Makes Qt ask the bus about screen readers now, and not with the first window, when the bus may be silent.
-  QAccessible::isActive();
   m_silentBusGuard.reset();
+  // Makes Qt ask the bus about screen readers soon, and not with the first window, when the bus may be
+  // silent. Qt waits for the answer, so the icon comes before.
+  QTimer::singleShot(timeForIcon, qGuiApp, [] { QAccessible::isActive(); });
   const auto services = std::make_shared<Services>(m_instance, m_start, m_notices);
   return {services, &services->desktop};
 }
