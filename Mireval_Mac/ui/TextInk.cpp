@@ -1,16 +1,19 @@
 #include "ui/TextInk.h"
 
+#include <QCache>
 #include <QGlyphRun>
 #include <QPainterPath>
 #include <QRawFont>
+#include <QStringList>
 #include <QTextLayout>
 #include <QTextOption>
 
 #include <algorithm>
 
 namespace mireval {
+namespace {
 
-TextInk inkOf(const QString& text, const QFont& font) {
+TextInk measureInk(const QString& text, const QFont& font) {
   QTextLayout layout(text, font);
   QTextOption option;
   // As in QML: a character may stand at a fraction of a pixel.
@@ -30,6 +33,23 @@ TextInk inkOf(const QString& text, const QFont& font) {
       ink.box |= rawFont.pathForGlyph(glyphs[index]).boundingRect().translated(positions[index]);
     }
   }
+  return ink;
+}
+
+}  // namespace
+
+TextInk inkOf(const QString& text, const QFont& font) {
+  // Measuring hints every outline. The bindings of a new panel ask for the same words several times, and
+  // those of the next panel ask again.
+  constexpr qsizetype wordsOfTwoLanguages = 32;
+  // Without the font itself, which would keep Qt's font engines in memory.
+  static QCache<QStringList, TextInk> known(wordsOfTwoLanguages);
+  const QStringList key = font.families() << font.key() << text;
+  if (const TextInk* const ink = known.object(key)) {
+    return *ink;
+  }
+  const TextInk ink = measureInk(text, font);
+  known.insert(key, new TextInk(ink));
   return ink;
 }
 

@@ -15,7 +15,7 @@ struct TextInk {
   double lineHeight = 0;
 };
 
-/// The text on one line, as the views lay it out.
+/// The text on one line, as the views lay it out. Remembers what it was asked last. For the UI thread.
 TextInk inkOf(const QString& text, const QFont& font);
 
 /// The font with less space between the letters, so that the text's ink is as wide as `room` at most. Takes a
