@@ -15,7 +15,7 @@ from pathlib import Path
 from cost import cost_rows
 from first_pixel import milliseconds_to_panel
 from session import Session
-from startup import compare_starts
+from startup import compare_starts, turn_off_screen_reader
 from table import Row, print_table
 
 BUILD = Path(sys.argv[1]).resolve()
@@ -44,21 +44,22 @@ def panel_rows(session):
 
 
 def start_rows(session):
-    # Only tests need it; it would make both programs wait for the bus of the screen readers.
-    del session.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
     player, empty = compare_starts(session, BUILD, STARTS)
     return [Row("start to icon; run of an empty QGuiApplication", {"mireval": player, "empty": empty}),
             Row("the same, in runs of the empty application", {"mireval": player[0] / empty[0]}, goal=1.4, digits=2)]
 
 
 def main():
+    print("bench: listening to the players, for two minutes", file=sys.stderr)
     print_table("Sound on the monitor of a null sink, ms: median / worst of nine", PLAYERS, sound_rows())
+    print("bench: watching them play and pause, for two minutes", file=sys.stderr)
     print_table("Running on PulseAudio", PLAYERS, cost_rows(BUILD, SCREENSHOTS))
     for title, columns, rows_of in (
             ("The panel on X11, with openbox and xfce4-panel, ms: median / worst", ("mireval",), panel_rows),
             (f"Starting on X11, ms: median / worst of {STARTS}, in turn", ("mireval", "empty"), start_rows)):
         session = Session(SCREENSHOTS, sound=False)
         try:
+            turn_off_screen_reader(session)
             print_table(title, columns, rows_of(session))
         finally:
             session.end()

@@ -7,6 +7,11 @@ import time
 from player import Player
 
 
+def turn_off_screen_reader(session):
+    """Only tests need one. Programs wait for its bus at their start."""
+    del session.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
+
+
 def milliseconds_to_icon(session, program, environment=None):
     """From the start of the player to the registration of its icon with the tray. Ends the player again."""
     watch = session.start(["dbus-monitor", "--session", "interface='org.kde.StatusNotifierWatcher'"],

@@ -13,7 +13,7 @@ from cost import memory
 from player import Player
 from screen import Screenshot
 from session import wait_for
-from startup import compare_starts
+from startup import compare_starts, turn_off_screen_reader
 from sway_session import WaybarSession, leave_root
 from table import Row, print_table
 from wlroots_session import BACKGROUND_COLOUR, SCREEN_SIZE
@@ -70,6 +70,7 @@ def main():
     leave_root()
     session = DesktopWithBoth(BUILD / "bench" / "screenshots", sound=False)
     try:
+        turn_off_screen_reader(session)
         session.start_bar("top", "center")
         session.move_pointer((60, 500))
         figures = {"layer": measure(session, "wayland"), "Xwayland": measure(session, "xcb")}
