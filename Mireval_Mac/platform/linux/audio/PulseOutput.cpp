@@ -1,6 +1,5 @@
 #include "platform/linux/audio/PulseOutput.h"
 
-#include "platform/linux/audio/AudioDecoder.h"
 #include "platform/linux/audio/PulseStream.h"
 
 #include <cstdint>
