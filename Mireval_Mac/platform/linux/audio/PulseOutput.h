@@ -33,7 +33,7 @@ class PulseOutput final : private PulseServer::Client {
   PulseOutput(const PulseOutput&) = delete;
   PulseOutput& operator=(const PulseOutput&) = delete;
   /// Holders must be gone by now.
-  ~PulseOutput();
+  virtual ~PulseOutput();
 
   PulseServer& server() { return m_server; }
 
