@@ -69,6 +69,8 @@ void PulseOutput::claimSound(Holder& holder) {
   if (earlier != nullptr && earlier != &holder) {
     earlier->giveUpSound();
   }
+  // The timer may run since the end of the track before.
+  m_dropTimer.stop();
 }
 
 void PulseOutput::forgetHolder(const Holder& holder) {
@@ -80,7 +82,7 @@ void PulseOutput::forgetHolder(const Holder& holder) {
 PulsePointer<pa_stream> PulseOutput::take(int sampleRate) {
   m_sampleRate = sampleRate;
   if (m_idle && pa_stream_get_sample_spec(m_idle.get())->rate != static_cast<std::uint32_t>(sampleRate)) {
-    pa_stream_set_state_callback(m_idle.get(), nullptr, nullptr);
+    removeCallbacks(m_idle.get());
     m_leaving = std::move(m_idle);
     m_runOutTimer.start(runOutTime);
   }

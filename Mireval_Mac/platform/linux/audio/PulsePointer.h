@@ -11,6 +11,14 @@
 
 namespace mireval {
 
+/// From now on libpulse tells nobody about the stream.
+inline void removeCallbacks(pa_stream* stream) {
+  pa_stream_set_state_callback(stream, nullptr, nullptr);
+  pa_stream_set_write_callback(stream, nullptr, nullptr);
+  pa_stream_set_started_callback(stream, nullptr, nullptr);
+  pa_stream_set_underflow_callback(stream, nullptr, nullptr);
+}
+
 /// Ends and releases objects of libpulse. Those of the server's thread need its lock.
 struct PulseDeleter {
   void operator()(pa_operation* operation) const { pa_operation_unref(operation); }
@@ -26,9 +34,7 @@ struct PulseDeleter {
     pa_context_unref(context);
   }
   void operator()(pa_stream* stream) const {
-    pa_stream_set_write_callback(stream, nullptr, nullptr);
-    pa_stream_set_started_callback(stream, nullptr, nullptr);
-    pa_stream_set_underflow_callback(stream, nullptr, nullptr);
+    removeCallbacks(stream);
     pa_stream_set_state_callback(stream, close, nullptr);
     close(stream, nullptr);
   }

@@ -105,10 +105,7 @@ void PulseStream::begin() {
 PulsePointer<pa_stream> PulseStream::release() {
   m_endTimer.stop();
   m_stallTimer.stop();
-  pa_stream_set_state_callback(m_stream.get(), nullptr, nullptr);
-  pa_stream_set_write_callback(m_stream.get(), nullptr, nullptr);
-  pa_stream_set_started_callback(m_stream.get(), nullptr, nullptr);
-  pa_stream_set_underflow_callback(m_stream.get(), nullptr, nullptr);
+  removeCallbacks(m_stream.get());
   if (isReady() && !m_hasEnded) {
     const PulsePointer<pa_operation> flushing(pa_stream_flush(m_stream.get(), nullptr, nullptr));
     // The next position to be written is known again once the server has answered.
