@@ -39,6 +39,13 @@ else()
   endif()
 endif()
 
+# Makes a program or module export the symbols in the linker's version script, and no others. Hidden visibility is not
+# enough: the standard library's headers make their type information visible.
+function(mireval_export_only target script)
+  target_link_options(${target} PRIVATE -Wl,--version-script=${script})
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${script})
+endfunction()
+
 set_property(GLOBAL PROPERTY RULE_LAUNCH_CUSTOM "\"${CMAKE_CURRENT_LIST_DIR}/reproducibly\"")
 
 include(CheckPIESupported)
