@@ -18,6 +18,7 @@ add_custom_command(
   VERBATIM)
 add_custom_target(changelog ALL DEPENDS ${changelog})
 install(FILES ${changelog} packaging/debian/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/mireval)
+install(FILES packaging/debian/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME mireval)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_VERBATIM_VARIABLES ON)
@@ -26,6 +27,7 @@ set(CPACK_PACKAGE_VERSION ${package_version})
 set(CPACK_PACKAGE_CONTACT "The Mireval authors <authors@mireval.org>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/StripComments.cmake)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 # Nearly everything in it is compressed already.
 set(CPACK_DEBIAN_COMPRESSION_TYPE gzip)

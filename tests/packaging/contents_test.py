@@ -106,6 +106,14 @@ class ContentsTest(unittest.TestCase):
         self.assertIn(["pulseaudio", "pipewire-pulse"], recommends)
 
     def test_lintian_finds_nothing(self):
-        result = subprocess.run(["lintian", "--allow-root", "--fail-on", "error,warning", self.package.path],
+        result = subprocess.run(["lintian", "--allow-root", "--pedantic", "--display-info", "--fail-on",
+                                 "error,warning,info,pedantic", self.package.path],
                                 capture_output=True, text=True, timeout=120)
         self.assertEqual((result.returncode, result.stdout), (0, ""), result.stderr)
+
+    def test_each_exception_has_a_reason(self):
+        lines = self.content("./usr/share/lintian/overrides/mireval").decode().splitlines()
+        exceptions = [number for number, line in enumerate(lines) if not line.startswith("#")]
+        self.assertTrue(exceptions)
+        for number in exceptions:
+            self.assertTrue(number > 0 and lines[number - 1].startswith("# "), lines[number])
