@@ -107,7 +107,7 @@ void StatusNotifierItem::appear() {
 void StatusNotifierItem::setToolTip(const QString& text) {
   // Hosts read it as markup.
   const QByteArray markup = text.toHtmlEscaped().toUtf8();
-  if (std::exchange(m_toolTip, markup) != markup && m_isRegistered) {
+  if (std::exchange(m_toolTip, markup) != markup && m_registration == Registration::done) {
     m_bus.emitSignal(objectPath, itemInterface, "NewToolTip", "");
   }
 }
@@ -140,7 +140,7 @@ void StatusNotifierItem::handleOwner(sd_bus_message* change) {
 void StatusNotifierItem::forgetWatcher() {
   m_call.reset();
   m_menuProperty.reset();
-  m_isRegistered = false;
+  m_registration = Registration::none;
 }
 
 void StatusNotifierItem::findWatcher() {
@@ -160,14 +160,19 @@ void StatusNotifierItem::handleProcess(sd_bus_message* reply) {
   if (m_host.needsMenu()) {
     m_menuProperty = m_bus.addObject(objectPath, itemInterface, menuPropertyTable, this);
   }
+  askForHost();
+}
+
+void StatusNotifierItem::registerItem() {
   // The unique name, because GNOME Shell does not show items that register another one.
   m_call = m_bus.call(registerWithWatcher, {m_bus.uniqueName().constData()}, MessageBus::Start::no,
                       messageHandler<&StatusNotifierItem::handleRegistered>, this);
 }
 
 void StatusNotifierItem::handleRegistered(sd_bus_message* reply) {
-  m_isRegistered = sd_bus_message_is_method_error(reply, nullptr) == 0;
-  if (m_isRegistered) {
+  if (sd_bus_message_is_method_error(reply, nullptr) == 0) {
+    m_registration = Registration::done;
+    // The host may have gone meanwhile.
     askForHost();
   } else {
     setPlacement(Placement::nowhere);
@@ -175,7 +180,7 @@ void StatusNotifierItem::handleRegistered(sd_bus_message* reply) {
 }
 
 void StatusNotifierItem::handleHostChange() {
-  if (m_isRegistered) {
+  if (m_registration != Registration::none) {
     askForHost();
   }
 }
@@ -189,7 +194,17 @@ void StatusNotifierItem::handleHost(sd_bus_message* reply) {
   // Some watchers lack the property; all of those have a host.
   int hasHost = 1;
   sd_bus_message_read(reply, "v", "b", &hasHost);
-  setPlacement(hasHost != 0 ? Placement::placed : Placement::nowhere);
+  if (hasHost == 0) {
+    if (m_registration == Registration::none) {
+      m_registration = Registration::waitsForHost;
+    }
+    setPlacement(Placement::nowhere);
+  } else if (m_registration == Registration::done) {
+    setPlacement(Placement::placed);
+  } else {
+    m_registration = Registration::none;
+    registerItem();
+  }
 }
 
 void StatusNotifierItem::setPlacement(Placement placement) {

@@ -17,8 +17,8 @@ namespace mireval {
 
 /// The application's icon on the session bus, for trays that show status notifier items.
 ///
-/// It registers with the watcher, which knows the items for the hosts, as soon as there is one, and again
-/// with each later one. It starts no watcher.
+/// It registers with the watcher, which knows the items for the hosts, as soon as that has a host, and again
+/// with each later watcher. It starts no watcher.
 class StatusNotifierItem final : public QObject {
   Q_OBJECT
 
@@ -58,6 +58,10 @@ class StatusNotifierItem final : public QObject {
   void activated(std::optional<QPoint> told);
 
  private:
+  /// Bars that read their own watcher's list before they listen to it, such as waybar, would miss an item
+  /// that registers while they start, so it waits until there is a host.
+  enum class Registration { none, waitsForHost, done };
+
   // What hosts call.
   static const sd_bus_vtable itemTable[];
   static const sd_bus_vtable menuPropertyTable[];
@@ -81,6 +85,7 @@ class StatusNotifierItem final : public QObject {
   void introduce();
   void forgetWatcher();
   void findWatcher();
+  void registerItem();
   void askForHost();
   void setPlacement(Placement placement);
   void activate(std::optional<QPoint> told);
@@ -92,7 +97,7 @@ class StatusNotifierItem final : public QObject {
   QByteArray m_activationToken;
   Placement m_placement = Placement::unknown;
   TrayHost m_host;
-  bool m_isRegistered = false;
+  Registration m_registration = Registration::none;
   StatusNotifierMenu m_menu;
   MessageBus& m_bus;
   MessageBus::Slots m_registrations;
