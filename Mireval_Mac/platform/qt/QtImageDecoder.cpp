@@ -66,6 +66,10 @@ QImage QtImageDecoder::decode(const std::filesystem::path& file, double maxPixel
       reader.setScaledSize(fitted);
     }
     image = reader.read();
+    // A GIF can be larger than its first frame, whose size Qt states and scales.
+    if (const QSize size = fittedSize(image.size(), maxPixelSize); size != image.size()) {
+      image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
   }
   // A file that could not be opened may be good.
   const bool opened =

@@ -170,6 +170,15 @@ TEST_F(QtImageDecoderTest, TheContentDecidesWhateverTheName) {
   EXPECT_EQ(m_decoder.thumbnail(odd, maxPixelSize).size(), QSize(20, 10));
 }
 
+// Qt takes the size of a GIF from its first frame, which covers only a part of this picture.
+TEST_F(QtImageDecoderTest, AThumbnailOfAPictureThatIsLargerThanItsFirstFrameFits) {
+  const fs::path file =
+      write(QByteArray::fromHex("47494638396109000020a100000000ffff0000ffffff00000021f90400000000"
+                                "002c0000000009000700000208848fa9cbed0f632b003b"));
+  EXPECT_EQ(m_decoder.thumbnail(file, 64).size(), QSize(1, 64));
+  EXPECT_EQ(m_decoder.image(file).size(), QSize(9, 8192));
+}
+
 TEST_F(QtImageDecoderTest, WhatIsNoPictureFails) {
   expectNoPicture(path("missing.png"));
   expectNoPicture({});
