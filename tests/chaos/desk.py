@@ -1,0 +1,164 @@
+"""A desktop with the player on it, whose parts can be taken away and given back."""
+
+import shutil
+import signal
+import subprocess
+import time
+
+from media import MediaPlayer, player_names
+from player import Player
+from session import Session, wait_for
+from sound import Recorder, is_silent, pitch
+
+LOWEST_TONE, TONE_STEP = 300, 25  # Hertz
+
+
+class PulseAudio:
+    name = "pulseaudio"
+
+    def __init__(self, session):
+        self._session = session
+        self._process = None
+
+    def start(self):
+        self._process = self._session.start([
+            "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+            "-L", "module-null-sink sink_name=null norewinds=1", "-L", "module-native-protocol-unix"])
+
+    def signal(self, number):
+        self._process.send_signal(number)
+        if number == signal.SIGKILL:
+            self._process.wait(10)
+
+
+class PipeWire:
+    name = "pipewire"
+
+    def __init__(self, session):
+        self._session = session
+        self._processes = []
+
+    def start(self):
+        self._processes = [self._session.start([program]) for program in ("pipewire", "wireplumber", "pipewire-pulse")]
+        self.wait_for_answer()
+        self._session.run("pactl", "load-module", "module-null-sink", "sink_name=null", "rate=44100")
+        self._session.run("pactl", "set-default-sink", "null")
+
+    def wait_for_answer(self):
+        wait_for(lambda: self._session.run("timeout", "2", "pactl", "info").returncode == 0, "the sound server")
+
+    def signal(self, number):
+        for process in self._processes:
+            process.send_signal(number)
+            if number == signal.SIGKILL:
+                process.wait(10)
+
+
+SERVERS = {server.name: server for server in (PulseAudio, PipeWire)}
+
+
+class ChaosSession(Session):
+    """A private desktop with a sound server of either kind."""
+
+    def __init__(self, screenshots, server):
+        self._server_kind = SERVERS[server]
+        super().__init__(screenshots)
+
+    def start_sound_server(self):
+        self.server = self._server_kind(self)
+        self.server.start()
+        wait_for(lambda: "null.monitor" in self.run("timeout", "2", "pactl", "list", "short", "sources").stdout,
+                 "the sound server")
+
+
+class Desk:
+    def __init__(self, screenshots, server, program, resources):
+        self.session = ChaosSession(screenshots, server)
+        try:
+            # A copy, since tracks are taken away.
+            self.resources = self.session.folder / "resources"
+            shutil.copytree(resources, self.resources)
+            self.player = Player(self.session, program, self.resources)
+            self.icon = self.player.find_icon()
+            self.recorder = Recorder(self.session, "null.monitor")
+        except BaseException:
+            self.session.end()
+            raise
+        self.controls = MediaPlayer(self.session)
+
+    def end(self):
+        self.session.end()
+
+    # What the witnesses say.
+
+    def heard_tone(self):
+        """The number of the tone that is heard, 0 for silence, None for anything else."""
+        samples = self.recorder.next(0.24)
+        if is_silent(samples):
+            return 0
+        half = len(samples) // 2
+        numbers = {round((pitch(part) - LOWEST_TONE) / TONE_STEP) if not is_silent(part) else 0
+                   for part in (samples[:half], samples[half:])}
+        return numbers.pop() if len(numbers) == 1 else None
+
+    def media(self):
+        """Status and title as the bus says them; None while the player is not among the media players."""
+        if self.controls.name not in player_names(self.session):
+            return None
+        return self.controls.status, self.controls.title
+
+    def shown(self):
+        """The texts of the panel and the names of its buttons; empty while it is closed."""
+        return self.player.texts()
+
+    # What the user does.
+
+    def toggle_panel(self):
+        # Sooner, it would be the second click of a double click, or the click that has closed the panel.
+        time.sleep(0.45)
+        self.session.click(self.icon)
+
+    def press(self, button):
+        self.player.press(button)
+
+    def start_again(self, *arguments):
+        copy = subprocess.run([self.player.process.args[0], *arguments], env=self.session.environment,
+                              capture_output=True, text=True, timeout=20)
+        if (copy.returncode, copy.stdout, copy.stderr) != (0, "", ""):
+            raise AssertionError(f"a second start: {copy}")
+
+    # What is taken away and comes back.
+
+    def kill_server(self):
+        self.session.server.signal(signal.SIGKILL)
+
+    def start_server(self):
+        self.session.start_sound_server()
+        self.recorder = Recorder(self.session, "null.monitor")
+
+    def freeze_server(self):
+        self.session.server.signal(signal.SIGSTOP)
+
+    def thaw_server(self):
+        self.session.server.signal(signal.SIGCONT)
+
+    def freeze_player(self):
+        self.player.process.send_signal(signal.SIGSTOP)
+
+    def thaw_player(self):
+        self.player.process.send_signal(signal.SIGCONT)
+
+    def hide_tracks(self, mode):
+        for track in (self.resources / "PreviewAudio").glob(f"{mode}-*.m4a"):
+            track.rename(track.with_suffix(".hidden"))
+
+    def show_tracks(self, mode):
+        for track in (self.resources / "PreviewAudio").glob(f"{mode}-*.hidden"):
+            track.rename(track.with_suffix(".m4a"))
+
+    def kill_tray(self):
+        self.session.stop_tray()
+
+    def start_tray(self):
+        self.session.start_tray()
+        self.icon = self.player.find_icon()

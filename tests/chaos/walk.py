@@ -1,0 +1,317 @@
+#!/usr/bin/env python3
+"""Walks at random through what a user and a machine can do to the player. After each step it checks what is heard, what
+the desktop's media controls say, and what the panel shows.
+
+usage: walk.py [--seed N] [--minutes M] [--server pulseaudio|pipewire]
+"""
+
+import argparse
+import copy
+import os
+import random
+import re
+import subprocess
+import sys
+import time
+from dataclasses import dataclass
+from pathlib import Path
+
+from desk import LOWEST_TONE, SERVERS, TONE_STEP, Desk
+from model import MODES, TITLES, TRACKS_PER_MODE, Model
+
+PROGRAM = os.environ["MIREVAL_PROGRAM"]
+BUNDLE = Path(os.environ["MIREVAL_BUNDLE"])
+SCREENSHOTS = Path(os.environ["MIREVAL_SCREENSHOTS"])
+TRACK_SECONDS = 40
+LIMIT_SECONDS = 5
+# What recordings, announcements and rounding to seconds may differ by.
+SLACK_SECONDS = 2
+LONGEST_WAIT_SECONDS = 5
+
+
+def make_tracks(folder):
+    """Tones of different pitch for all tracks of all modes."""
+    audio = folder / "PreviewAudio"
+    audio.mkdir(parents=True)
+    (folder / "MenuBarIcon.png").write_bytes((BUNDLE / "MenuBarIcon.png").read_bytes())
+    for number, name in enumerate((f"{mode}-{track}" for mode in MODES for track in range(1, TRACKS_PER_MODE + 1)), 1):
+        frequency = LOWEST_TONE + TONE_STEP * number
+        subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-f", "lavfi", "-i",
+                        f"sine=frequency={frequency}:duration={TRACK_SECONDS}", "-c:a", "aac", "-aac_coder", "fast",
+                        "-b:a", "64k", audio / f"{name}.m4a"], check=True, timeout=60)
+    return folder
+
+
+class Failure(Exception):
+    pass
+
+
+@dataclass
+class Observation:
+    """What the three witnesses say at one time."""
+
+    media: tuple
+    tone: int
+    texts: list
+
+
+class Walk:
+    def __init__(self, desk, seed, report):
+        self.desk = desk
+        self.random = random.Random(seed)
+        self.report = report
+        self.model = Model(TRACK_SECONDS, time.monotonic())
+        # What each track is called and sounds like is learned when it is first played, since each start shuffles.
+        self.titles = {}
+        self.tones = {}
+        self.number = 0
+        self.longest = {}
+
+    # Steps: each does something, and tells the model.
+
+    def step_mode_button(self):
+        mode = self.random.choice(MODES)
+        self.desk.press(TITLES[mode])
+        self.model.press_mode(mode)
+        return mode
+
+    def step_next(self):
+        self.desk.press("Next")
+        self.model.step(1)
+
+    def step_previous(self):
+        self.desk.press("Previous")
+        self.model.step(-1)
+
+    def step_transport(self):
+        self.desk.press("Pause" if self.model.is_playing else "Play")
+        self.model.press_transport()
+
+    def step_media_key(self):
+        command = self.random.choice(("Play", "Pause", "PlayPause"))
+        self.desk.controls.command(command)
+        self.model.media_command(command)
+        return command
+
+    def step_start_with_mode(self):
+        mode = self.random.choice(MODES)
+        self.desk.start_again(f"--mode={mode}")
+        self.model.select(mode)
+        return mode
+
+    def step_icon(self):
+        self.desk.toggle_panel()
+        self.model.panel_is_open = not self.model.panel_is_open
+
+    def step_escape(self):
+        self.desk.session.press_key("Escape")
+        self.model.panel_is_open = False
+
+    def step_second_start(self):
+        self.desk.start_again()
+        self.model.panel_is_open = True
+
+    def step_kill_server(self):
+        self.desk.kill_server()
+        self.model.has_sound_server = False
+        self.model.lose_music(3)
+
+    def step_start_server(self):
+        self.desk.start_server()
+        self.model.has_sound_server = True
+        self.model.lose_music(6)
+
+    def step_freeze_server(self):
+        seconds = self.random.uniform(0.2, 4)
+        self.desk.freeze_server()
+        time.sleep(seconds)
+        self.desk.thaw_server()
+        self.model.lose_music(seconds + 3)
+        return f"{seconds:.1f} s"
+
+    def step_freeze_player(self):
+        seconds = self.random.uniform(0.2, 4)
+        self.desk.freeze_player()
+        time.sleep(seconds)
+        self.desk.thaw_player()
+        self.model.lose_music(seconds + 3)
+        return f"{seconds:.1f} s"
+
+    def step_hide_tracks(self):
+        mode = self.random.choice([mode for mode in MODES if mode != self.model.mode])
+        self.desk.hide_tracks(mode)
+        self.model.missing_mode = mode
+        return mode
+
+    def step_show_tracks(self):
+        self.desk.show_tracks(self.model.missing_mode)
+        self.model.missing_mode = None
+
+    def step_kill_tray(self):
+        self.desk.kill_tray()
+        self.model.has_tray = False
+
+    def step_start_tray(self):
+        self.desk.start_tray()
+        self.model.has_tray = True
+
+    def possible_steps(self):
+        model = self.model
+        steps = [(2, self.step_start_with_mode), (2, self.step_freeze_player)]
+        if model.panel_is_open:
+            steps += [(6, self.step_mode_button), (3, self.step_escape)]
+            if model.mode:
+                steps += [(4, self.step_next), (4, self.step_previous), (4, self.step_transport)]
+        if model.loaded:
+            steps.append((4, self.step_media_key))
+        steps.append((1, self.step_hide_tracks) if model.missing_mode is None else (3, self.step_show_tracks))
+        if model.has_tray:
+            steps += [(6, self.step_icon), (2, self.step_second_start)]
+            if not model.panel_is_open:
+                steps.append((1, self.step_kill_tray))
+        else:
+            steps.append((6, self.step_start_tray))
+        if model.has_sound_server:
+            steps += [(2, self.step_kill_server), (2, self.step_freeze_server)]
+        else:
+            steps.append((8, self.step_start_server))
+        return steps
+
+    # Witnesses.
+
+    def observe(self):
+        tone = self.desk.heard_tone() if self.model.has_sound_server else None
+        return Observation(self.desk.media(), tone, self.desk.shown())
+
+    def disagreements(self):
+        """What is heard, said and shown otherwise than the model has it."""
+        self.model.pass_time(time.monotonic())
+        seen = self.observe()
+        found = self.compare(self.model, seen)
+        if found and self.model.may_have_ended(SLACK_SECONDS):
+            later = copy.deepcopy(self.model)
+            later.end_track()
+            if not self.compare(later, seen):
+                self.model, found = later, []
+        if self.model.must_have_ended(SLACK_SECONDS):
+            found.append("the track has not ended")
+        if not found:
+            self.learn(seen)
+        return found
+
+    def compare(self, model, seen):
+        return self.media_differences(model, seen.media) + self.sound_differences(model, seen.tone) + (
+            self.panel_differences(model, seen.texts))
+
+    def media_differences(self, model, media):
+        if model.loaded is None:
+            return [] if media is None else [f"among the media players before any music: {media}"]
+        if media is None:
+            return ["not among the media players"]
+        status, title = media
+        expected = "Playing" if model.is_playing else "Paused"
+        found = [] if status == expected else [f"status {status}, not {expected}"]
+        return found + self.unlike(self.titles, model.track, title, "title")
+
+    def sound_differences(self, model, tone):
+        if not model.has_sound_server:
+            return []
+        if not model.sounds:
+            return [] if tone == 0 else [f"tone {tone}, not silence"]
+        if not tone:
+            return ["silence, not music" if tone == 0 else "no clear tone"]
+        return self.unlike(self.tones, model.loaded, tone, "tone")
+
+    @staticmethod
+    def unlike(known, track, value, kind):
+        """Whether a track has another title or tone than before, or that of another track."""
+        if track in known:
+            return [] if known[track] == value else [f"{kind} {value}, not {known[track]}"]
+        others = [other for other in known if known[other] == value]
+        return [f"{kind} {value} of {others[0]}, not {track}"] if others else []
+
+    def learn(self, seen):
+        if seen.media:
+            self.titles.setdefault(self.model.track, seen.media[1])
+        if self.model.sounds and seen.tone:
+            self.tones.setdefault(self.model.loaded, seen.tone)
+
+    @staticmethod
+    def panel_differences(model, texts):
+        if not model.panel_is_open:
+            return [f"the panel shows {texts}"] if texts else []
+        wanted = [model.position_text, "Pause" if model.is_playing else "Play"]
+        return [f"no '{text}' among {texts}" for text in wanted if text not in texts]
+
+    def wait_for_agreement(self, name):
+        begin = time.monotonic()
+        while found := self.disagreements():
+            if time.monotonic() - begin > LIMIT_SECONDS:
+                raise Failure("; ".join(found))
+        seconds = time.monotonic() - begin
+        if not self.desk.player.is_running():
+            raise Failure("the player has ended")
+        self.longest[name] = max(seconds, self.longest.get(name, 0))
+        return seconds
+
+    def say(self, text):
+        print(text, file=self.report, flush=True)
+
+    def go(self, seconds):
+        self.wait_for_agreement("start")
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            weights, steps = zip(*self.possible_steps(), strict=True)
+            step, = self.random.choices(steps, weights)
+            pause = self.random.choice((0, 0, self.random.uniform(0, LONGEST_WAIT_SECONDS)))
+            name = step.__name__.removeprefix("step_").replace("_", " ")
+            self.number += 1
+            time.sleep(pause)
+            self.model.pass_time(time.monotonic())
+            self.disagreements()
+            detail = step() or ""
+            try:
+                agreed = self.wait_for_agreement(name)
+            except Failure as failure:
+                raise Failure(f"step {self.number} ({name} {detail}): {failure}") from None
+            self.say(f"{self.number:4} {name:<18} {detail:<12} after {pause:.1f} s, agreed in {agreed:.2f} s; "
+                     f"{self.model.mode} {self.model.position_text} "
+                     f"{'playing' if self.model.is_playing else 'paused'}")
+        self.check_output()
+
+    def check_output(self):
+        """Nothing may be written but the agreed lines."""
+        for text, allowed in ((self.desk.player.output, r'"Missing bundled track .+"'),
+                              (self.desk.player.errors, "mireval: no sound server answers; the music waits for one")):
+            lines = [line for line in text.splitlines() if not re.fullmatch(allowed, line)]
+            if lines:
+                raise Failure(f"written: {lines}")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(1_000_000))
+    parser.add_argument("--minutes", type=float, default=5)
+    parser.add_argument("--server", choices=SERVERS, default="pulseaudio")
+    arguments = parser.parse_args()
+    print(f"chaos: seed {arguments.seed}, {arguments.server}", flush=True)
+    tracks = SCREENSHOTS.parent / f"chaos-tracks-{TRACK_SECONDS}"
+    if not tracks.exists():
+        make_tracks(tracks.with_suffix(f".{os.getpid()}")).rename(tracks)
+    desk = Desk(SCREENSHOTS, arguments.server, PROGRAM, tracks)
+    walk = Walk(desk, arguments.seed, sys.stdout)
+    try:
+        walk.go(60 * arguments.minutes)
+    except (Failure, AssertionError) as failure:
+        desk.session.screenshot("chaos-failure")
+        print(f"chaos: FAILED, seed {arguments.seed}, {arguments.server}: {failure}")
+        return 1
+    finally:
+        desk.end()
+        for name, seconds in sorted(walk.longest.items(), key=lambda item: -item[1]):
+            print(f"longest until agreement: {name:<18} {seconds:.2f} s")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
