@@ -16,8 +16,13 @@ import time
 from dataclasses import dataclass
 from pathlib import Path
 
-from desk import LOWEST_TONE, SERVERS, TONE_STEP, Desk
-from model import MODES, TITLES, TRACKS_PER_MODE, Model
+from desk import LOWEST_TONE, TONE_STEP, Desk
+from desktop_steps import DesktopSteps
+from machine_steps import MachineSteps
+from model import MODES, TRACKS_PER_MODE, Model
+from sound_servers import SERVERS
+from sound_steps import SoundSteps
+from user_steps import UserSteps
 
 PROGRAM = os.environ["MIREVAL_PROGRAM"]
 BUNDLE = Path(os.environ["MIREVAL_BUNDLE"])
@@ -66,116 +71,7 @@ class Walk:
         self.tones = {}
         self.number = 0
         self.longest = {}
-
-    # Steps: each does something, and tells the model.
-
-    def step_mode_button(self):
-        mode = self.random.choice(MODES)
-        self.desk.press(TITLES[mode])
-        self.model.press_mode(mode)
-        return mode
-
-    def step_next(self):
-        self.desk.press("Next")
-        self.model.step(1)
-
-    def step_previous(self):
-        self.desk.press("Previous")
-        self.model.step(-1)
-
-    def step_transport(self):
-        self.desk.press("Pause" if self.model.is_playing else "Play")
-        self.model.press_transport()
-
-    def step_media_key(self):
-        command = self.random.choice(("Play", "Pause", "PlayPause"))
-        self.desk.controls.command(command)
-        self.model.media_command(command)
-        return command
-
-    def step_start_with_mode(self):
-        mode = self.random.choice(MODES)
-        self.desk.start_again(f"--mode={mode}")
-        self.model.select(mode)
-        return mode
-
-    def step_icon(self):
-        self.desk.toggle_panel()
-        self.model.panel_is_open = not self.model.panel_is_open
-
-    def step_escape(self):
-        self.desk.session.press_key("Escape")
-        self.model.panel_is_open = False
-
-    def step_second_start(self):
-        self.desk.start_again()
-        self.model.panel_is_open = True
-
-    def step_kill_server(self):
-        self.desk.kill_server()
-        self.model.has_sound_server = False
-        self.model.lose_music(3)
-
-    def step_start_server(self):
-        self.desk.start_server()
-        self.model.has_sound_server = True
-        self.model.lose_music(6)
-
-    def step_freeze_server(self):
-        seconds = self.random.uniform(0.2, 4)
-        self.desk.freeze_server()
-        time.sleep(seconds)
-        self.desk.thaw_server()
-        self.model.lose_music(seconds + 3)
-        return f"{seconds:.1f} s"
-
-    def step_freeze_player(self):
-        seconds = self.random.uniform(0.2, 4)
-        self.desk.freeze_player()
-        time.sleep(seconds)
-        self.desk.thaw_player()
-        self.model.lose_music(seconds + 3)
-        return f"{seconds:.1f} s"
-
-    def step_hide_tracks(self):
-        mode = self.random.choice([mode for mode in MODES if mode != self.model.mode])
-        self.desk.hide_tracks(mode)
-        self.model.missing_mode = mode
-        return mode
-
-    def step_show_tracks(self):
-        self.desk.show_tracks(self.model.missing_mode)
-        self.model.missing_mode = None
-
-    def step_kill_tray(self):
-        self.desk.kill_tray()
-        self.model.has_tray = False
-
-    def step_start_tray(self):
-        self.desk.start_tray()
-        self.model.has_tray = True
-
-    def possible_steps(self):
-        model = self.model
-        steps = [(2, self.step_start_with_mode), (2, self.step_freeze_player)]
-        if model.panel_is_open:
-            steps += [(6, self.step_mode_button), (3, self.step_escape)]
-            if model.mode:
-                steps += [(4, self.step_next), (4, self.step_previous), (4, self.step_transport)]
-        if model.loaded:
-            steps.append((4, self.step_media_key))
-        steps.append((1, self.step_hide_tracks) if model.missing_mode is None else (3, self.step_show_tracks))
-        if model.has_tray:
-            steps += [(6, self.step_icon), (2, self.step_second_start)]
-            if not model.panel_is_open:
-                steps.append((1, self.step_kill_tray))
-        else:
-            steps.append((6, self.step_start_tray))
-        if model.has_sound_server:
-            steps += [(2, self.step_kill_server), (2, self.step_freeze_server)]
-        else:
-            steps.append((8, self.step_start_server))
-        return steps
+        self.kinds = [kind(self) for kind in (UserSteps, SoundSteps, DesktopSteps, MachineSteps)]
 
     # Witnesses.
 
@@ -261,10 +157,10 @@ class Walk:
         self.wait_for_agreement("start")
         end = time.monotonic() + seconds
         while time.monotonic() < end:
-            weights, steps = zip(*self.possible_steps(), strict=True)
+            weights, steps = zip(*(step for kind in self.kinds for step in kind.possible()), strict=True)
             step, = self.random.choices(steps, weights)
             pause = self.random.choice((0, 0, self.random.uniform(0, LONGEST_WAIT_SECONDS)))
-            name = step.__name__.removeprefix("step_").replace("_", " ")
+            name = step.__name__.replace("_", " ")
             self.number += 1
             time.sleep(pause)
             self.model.pass_time(time.monotonic())
