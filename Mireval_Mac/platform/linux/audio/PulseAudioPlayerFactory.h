@@ -26,7 +26,7 @@ class PulseAudioPlayerFactory final : public AudioPlayerFactory {
   AudioPlayerResult create(const std::filesystem::path& file, const QString& title) override;
 
  private:
-  PulseOutput& output();
+  bool makeOutput();
 
   Notices& m_notices;
   const std::chrono::microseconds m_kept;

@@ -15,8 +15,9 @@ constexpr auto runOutTime = 1s;
 
 }  // namespace
 
-PulseOutput::PulseOutput(Notices& notices, std::chrono::microseconds kept)
-    : m_server(notices),
+PulseOutput::PulseOutput(PulsePointer<pa_threaded_mainloop> mainloop, Notices& notices,
+                         std::chrono::microseconds kept)
+    : m_server(std::move(mainloop), notices),
       m_kept(kept),
       m_runOutTimer(m_server, [this] { endRunningOut(); }),
       m_dropTimer(m_server, [this] { dropUnused(); }) {

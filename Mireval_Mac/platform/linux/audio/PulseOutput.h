@@ -27,9 +27,9 @@ class PulseOutput final : private PulseServer::Client {
     ~Holder() = default;
   };
 
-  /// The notices must outlive this. When no sound is expected, a stream that nobody plays on is kept for
-  /// `kept`.
-  PulseOutput(Notices& notices, std::chrono::microseconds kept);
+  /// `mainloop` is one of `PulseServer`. The notices must outlive this. When no sound is expected, a stream
+  /// that nobody plays on is kept for `kept`.
+  PulseOutput(PulsePointer<pa_threaded_mainloop> mainloop, Notices& notices, std::chrono::microseconds kept);
   PulseOutput(const PulseOutput&) = delete;
   PulseOutput& operator=(const PulseOutput&) = delete;
   /// Holders must be gone by now.

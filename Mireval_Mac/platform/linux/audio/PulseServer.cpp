@@ -18,6 +18,10 @@ namespace {
 void startServer() {
   constexpr pa_usec_t patience = 30 * PA_USEC_PER_SEC;
   const PulsePointer<pa_mainloop> loop(pa_mainloop_new());
+  if (!loop) {
+    // No descriptors are left.
+    return;
+  }
   const PulsePointer<pa_context> context(pa_context_new(pa_mainloop_get_api(loop.get()), "Mireval"));
   if (!context || pa_context_connect(context.get(), nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) {
     return;
@@ -73,7 +77,12 @@ void PulseServer::Timer::stop() {
   }
 }
 
-PulseServer::PulseServer(Notices& notices) : m_notices(notices), m_mainloop(pa_threaded_mainloop_new()) {
+PulsePointer<pa_threaded_mainloop> PulseServer::makeMainloop() {
+  return PulsePointer<pa_threaded_mainloop>(pa_threaded_mainloop_new());
+}
+
+PulseServer::PulseServer(PulsePointer<pa_threaded_mainloop> mainloop, Notices& notices)
+    : m_notices(notices), m_mainloop(std::move(mainloop)) {
   pa_threaded_mainloop_set_name(m_mainloop.get(), "mireval-audio");
   pa_threaded_mainloop_start(m_mainloop.get());
 }

@@ -60,7 +60,10 @@ class PulseServer {
     pa_time_event* m_event = nullptr;
   };
 
-  explicit PulseServer(Notices& notices);
+  /// Nullptr when the process has no descriptors left.
+  static PulsePointer<pa_threaded_mainloop> makeMainloop();
+
+  PulseServer(PulsePointer<pa_threaded_mainloop> mainloop, Notices& notices);
   PulseServer(const PulseServer&) = delete;
   PulseServer& operator=(const PulseServer&) = delete;
   /// Players and timers must be gone by now.
