@@ -1,10 +1,13 @@
 """A desktop with the player on it, whose parts can be taken away and given back."""
 
+import os
 import shutil
 import signal
 import subprocess
 import time
 
+from clocks import Clocks
+from machine import Machine
 from media import MediaPlayer, player_names
 from player import Player
 from session import Session, wait_for
@@ -19,7 +22,18 @@ class ChaosSession(Session):
 
     def __init__(self, screenshots, server):
         self._server_kind = SERVERS[server]
+        self.clocks = None
         super().__init__(screenshots)
+
+    def _private_environment(self):
+        environment = super()._private_environment()
+        if "MIREVAL_SHIFTED_CLOCKS" in os.environ:
+            self.clocks = Clocks(os.environ["MIREVAL_SHIFTED_CLOCKS"], self.folder)
+        return environment
+
+    def start(self, command, *, environment=None, **options):
+        shifted = self.clocks.environment(command) if self.clocks else {}
+        return super().start(command, environment={**shifted, **(environment or {})}, **options)
 
     def start_sound_server(self):
         self.server = self._server_kind(self)
@@ -30,21 +44,25 @@ class ChaosSession(Session):
 
 class Desk:
     def __init__(self, screenshots, server, program, resources):
+        self.machine = None
         self.session = ChaosSession(screenshots, server)
         try:
             # A copy, since tracks are taken away.
             self.resources = self.session.folder / "resources"
             shutil.copytree(resources, self.resources)
-            self.player = Player(self.session, program, self.resources)
+            self.machine = Machine(self.session, resources, self.resources)
+            self.player = Player(self.session, program, self.resources, environment=self.machine.environment)
             self.icon = self.player.find_icon()
             self.recorder = Recorder(self.session, "null.monitor")
         except BaseException:
-            self.session.end()
+            self.end()
             raise
         self.controls = MediaPlayer(self.session)
 
     def end(self):
         self.session.end()
+        if self.machine:
+            self.machine.end()
 
     # What the witnesses say.
 
@@ -63,6 +81,13 @@ class Desk:
         if self.controls.name not in player_names(self.session):
             return None
         return self.controls.status, self.controls.title
+
+    def position(self):
+        """Seconds, as the bus says them; None while the player is not among the media players."""
+        return self.controls.position_seconds if self.controls.name in player_names(self.session) else None
+
+    def written_lines(self):
+        return self.player.output.splitlines()
 
     def shown(self):
         """The texts of the panel and the names of its buttons; empty while it is closed."""

@@ -19,8 +19,22 @@ class Model:
         self.sounds = False
         # How much of the loaded track has been heard: at least and at most.
         self.heard = [0.0, 0.0]
+        # When it ends: at the earliest and at the latest. It has ended if no other one could be loaded after it.
+        self.length = [track_seconds, track_seconds]
+        self.has_ended = False
+        # What was in the loaded track's file; whether the file is still the one that was opened.
+        self.loaded_file = None
+        self.is_loaded_file_there = False
 
         self.missing_mode = None
+        # What is in the files of tracks that are not whole: "nothing", "garbage", "half", "other".
+        self.files = {}
+        # The share of the music in a file with its first half.
+        self.half = 0.5
+        self.has_descriptors = True
+        # "full" or "read-only" for the disk with the user's folders.
+        self.disk = None
+        self.failed_loads = 0
         self.panel_is_open = False
         self.has_sound_server = True
         self.has_tray = True
@@ -66,6 +80,9 @@ class Model:
     def toggle(self):
         if self.loaded is None:
             return
+        if self.has_ended:
+            self._play_again()
+            return
         self.sounds = not self.sounds
         self.is_playing = self.sounds
 
@@ -74,21 +91,65 @@ class Model:
         self._load()
 
     def _load(self):
-        self.is_playing = self.mode != self.missing_mode
+        self.is_playing = self._can_open(self.track)
         if self.is_playing:
-            self.loaded, self.sounds, self.heard = self.track, True, [0.0, 0.0]
+            self._open(self.track)
+        else:
+            self.failed_loads += 1
+
+    def _play_again(self):
+        """The track has ended, and none has followed. Its player opens the file anew."""
+        if self._can_open(self.loaded):
+            self._open(self.loaded)
+            self.is_playing = True
+        else:
+            self.step(1)
+
+    def _can_open(self, track):
+        if track[0] == self.missing_mode or self.files.get(track) in ("nothing", "garbage"):
+            return False
+        # A track that has ended has closed its file.
+        return self.has_descriptors or self.has_ended
+
+    def _open(self, track):
+        self.loaded, self.sounds, self.has_ended, self.heard = track, True, False, [0.0, 0.0]
+        self.loaded_file, self.is_loaded_file_there = self.files.get(track), True
+        self.length = [self._track_seconds, self._track_seconds]
+        if self.loaded_file == "half":
+            end = self.half * self._track_seconds
+            self.length = [end - 1, end + 1]
+
+    def damage(self, track, content):
+        """From now on its file holds this; nothing for what belongs there."""
+        if track == self.loaded and content == "half" and self.is_loaded_file_there and self.loaded_file is None:
+            # What was read ahead is still played.
+            end, read_ahead = self.half * self._track_seconds, 10
+            earliest, latest = max(end - 1, self.heard[0]), max(end + 1, self.heard[1] + read_ahead)
+            self.length = [min(earliest, self._track_seconds), min(latest, self._track_seconds)]
+        elif track == self.loaded:
+            self.is_loaded_file_there = False
+        if content:
+            self.files[track] = content
+        else:
+            del self.files[track]
+
+    @property
+    def expected_position(self):
+        """The least and the most that the position in the track can be."""
+        if self.has_ended:
+            return tuple(self.length)
+        return self.heard[0], min(self.heard[1], self.length[1])
 
     def may_have_ended(self, slack):
-        return self.sounds and self.heard[1] > self._track_seconds - slack
+        return self.sounds and self.heard[1] > self.length[0] - slack
 
     def must_have_ended(self, slack):
-        return self.sounds and self.heard[0] > self._track_seconds + slack
+        return self.sounds and self.heard[0] > self.length[1] + slack
 
     def end_track(self):
         """The track that sounds has ended by itself, maybe a while ago."""
-        since = max(0.0, self.heard[1] - self._track_seconds)
-        # Its player would begin anew.
-        self.sounds, self.heard = False, [0.0, 0.0]
+        since = max(0.0, self.heard[1] - self.length[0])
+        self.sounds, self.has_ended = False, True
         self.step(1)
         self.heard[1] = since if self.sounds else 0
 

@@ -10,6 +10,7 @@ import copy
 import os
 import random
 import re
+import shutil
 import subprocess
 import sys
 import time
@@ -20,6 +21,8 @@ from desk import LOWEST_TONE, TONE_STEP, Desk
 from desktop_steps import DesktopSteps
 from machine_steps import MachineSteps
 from model import MODES, TRACKS_PER_MODE, Model
+from png import write_png
+from small_disk import enter_mount_namespace
 from sound_servers import SERVERS
 from sound_steps import SoundSteps
 from user_steps import UserSteps
@@ -32,18 +35,50 @@ LIMIT_SECONDS = 5
 # What recordings, announcements and rounding to seconds may differ by.
 SLACK_SECONDS = 2
 LONGEST_WAIT_SECONDS = 5
+COVERS_PER_MODE = 10
+# The number of the tone in the file that takes the place of others.
+OTHER_TONE = len(MODES) * TRACKS_PER_MODE + 1
+# The second one also when the file cannot be opened.
+LINE_OF_FAILED_LOAD = (r'"Missing bundled track .+"|'
+                       r'"Audio playback failed: (Invalid data found when processing input|Too many open files)"')
+ALLOWED_ERRORS = (
+    "mireval: no sound server answers; the music waits for one",
+    # libpulse says that nothing could be opened, which the walk has seen to.
+    ".*: Too many open files",
+    "The per-process limit on the number of open file descriptors has been reached.",
+    "ERROR: cannot create wakeup pipe",
+)
 
 
 def make_tracks(folder):
     """Tones of different pitch for all tracks of all modes."""
     audio = folder / "PreviewAudio"
     audio.mkdir(parents=True)
+    # Covers of one colour.
+    (folder / "CoverImages").mkdir()
+    for mode in MODES:
+        for cover in range(1, COVERS_PER_MODE + 1):
+            write_png(folder / "CoverImages" / f"{mode}-{cover:02}.png", 64, 64, bytes((10 * cover, 90, 60)) * 64 * 64)
     (folder / "MenuBarIcon.png").write_bytes((BUNDLE / "MenuBarIcon.png").read_bytes())
-    for number, name in enumerate((f"{mode}-{track}" for mode in MODES for track in range(1, TRACKS_PER_MODE + 1)), 1):
+    names = [f"{mode}-{track}" for mode in MODES for track in range(1, TRACKS_PER_MODE + 1)] + ["other"]
+    for number, name in enumerate(names, 1):
         frequency = LOWEST_TONE + TONE_STEP * number
         subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-f", "lavfi", "-i",
                         f"sine=frequency={frequency}:duration={TRACK_SECONDS}", "-c:a", "aac", "-aac_coder", "fast",
-                        "-b:a", "64k", audio / f"{name}.m4a"], check=True, timeout=60)
+                        "-b:a", "64k", "-movflags", "+faststart", audio / f"{name}.m4a"], check=True, timeout=60)
+    return folder
+
+
+def resources_with_tones():
+    """The folder, made once for all walks."""
+    folder = SCREENSHOTS.parent / f"chaos-resources-{TRACK_SECONDS}"
+    if not folder.exists():
+        unfinished = make_tracks(folder.with_suffix(f".{os.getpid()}"))
+        try:
+            unfinished.rename(folder)
+        except OSError:
+            # Another walk was faster.
+            shutil.rmtree(unfinished)
     return folder
 
 
@@ -58,6 +93,8 @@ class Observation:
     media: tuple
     tone: int
     texts: list
+    position: float
+    lines: list
 
 
 class Walk:
@@ -77,7 +114,8 @@ class Walk:
 
     def observe(self):
         tone = self.desk.heard_tone() if self.model.has_sound_server else None
-        return Observation(self.desk.media(), tone, self.desk.shown())
+        position = self.desk.position()
+        return Observation(self.desk.media(), tone, self.desk.shown(), position, self.desk.written_lines())
 
     def disagreements(self):
         """What is heard, said and shown otherwise than the model has it."""
@@ -97,7 +135,8 @@ class Walk:
 
     def compare(self, model, seen):
         return self.media_differences(model, seen.media) + self.sound_differences(model, seen.tone) + (
-            self.panel_differences(model, seen.texts))
+            self.panel_differences(model, seen.texts)) + self.position_differences(model, seen.position) + (
+            self.line_differences(model, seen.lines))
 
     def media_differences(self, model, media):
         if model.loaded is None:
@@ -116,7 +155,23 @@ class Walk:
             return [] if tone == 0 else [f"tone {tone}, not silence"]
         if not tone:
             return ["silence, not music" if tone == 0 else "no clear tone"]
+        if model.loaded_file == "other":
+            return [] if tone == OTHER_TONE else [f"tone {tone}, not that of the other file"]
         return self.unlike(self.tones, model.loaded, tone, "tone")
+
+    @staticmethod
+    def position_differences(model, position):
+        if model.loaded is None or position is None:
+            return []
+        least, most = model.expected_position
+        # Music that begins late is another matter, and may.
+        within = least - LIMIT_SECONDS <= position <= most + SLACK_SECONDS
+        return [] if within else [f"position {position:.1f}, not {least:.1f} to {most:.1f}"]
+
+    @staticmethod
+    def line_differences(model, lines):
+        """Each load that fails writes one line."""
+        return [] if len(lines) == model.failed_loads else [f"{len(lines)} lines, not {model.failed_loads}"]
 
     @staticmethod
     def unlike(known, track, value, kind):
@@ -129,7 +184,7 @@ class Walk:
     def learn(self, seen):
         if seen.media:
             self.titles.setdefault(self.model.track, seen.media[1])
-        if self.model.sounds and seen.tone:
+        if self.model.sounds and seen.tone and self.model.loaded_file != "other":
             self.tones.setdefault(self.model.loaded, seen.tone)
 
     @staticmethod
@@ -165,10 +220,11 @@ class Walk:
             time.sleep(pause)
             self.model.pass_time(time.monotonic())
             self.disagreements()
-            detail = step() or ""
+            detail = ""
             try:
+                detail = step() or ""
                 agreed = self.wait_for_agreement(name)
-            except Failure as failure:
+            except (Failure, AssertionError) as failure:
                 raise Failure(f"step {self.number} ({name} {detail}): {failure}") from None
             self.say(f"{self.number:4} {name:<18} {detail:<12} after {pause:.1f} s, agreed in {agreed:.2f} s; "
                      f"{self.model.mode} {self.model.position_text} "
@@ -177,8 +233,8 @@ class Walk:
 
     def check_output(self):
         """Nothing may be written but the agreed lines."""
-        for text, allowed in ((self.desk.player.output, r'"Missing bundled track .+"'),
-                              (self.desk.player.errors, "mireval: no sound server answers; the music waits for one")):
+        for text, allowed in ((self.desk.player.output, LINE_OF_FAILED_LOAD),
+                              (self.desk.player.errors, "|".join(ALLOWED_ERRORS))):
             lines = [line for line in text.splitlines() if not re.fullmatch(allowed, line)]
             if lines:
                 raise Failure(f"written: {lines}")
@@ -191,10 +247,11 @@ def main():
     parser.add_argument("--server", choices=SERVERS, default="pulseaudio")
     arguments = parser.parse_args()
     print(f"chaos: seed {arguments.seed}, {arguments.server}", flush=True)
-    tracks = SCREENSHOTS.parent / f"chaos-tracks-{TRACK_SECONDS}"
-    if not tracks.exists():
-        make_tracks(tracks.with_suffix(f".{os.getpid()}")).rename(tracks)
-    desk = Desk(SCREENSHOTS, arguments.server, PROGRAM, tracks)
+    try:
+        enter_mount_namespace()
+    except OSError as error:
+        print(f"chaos: without a mount namespace: {error}", flush=True)
+    desk = Desk(SCREENSHOTS, arguments.server, PROGRAM, resources_with_tones())
     walk = Walk(desk, arguments.seed, sys.stdout)
     try:
         walk.go(60 * arguments.minutes)

@@ -1,0 +1,91 @@
+"""Makes the kernel report that memory is short, without harm to the machine: in a control group with little memory,
+programs read a file again and again that does not fit.
+"""
+
+import os
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+PRESSURE = Path("/proc/pressure/memory")
+LIMIT_BYTES = 16 << 20
+FILE_BYTES = 96 << 20
+READERS = 4
+# The file belongs to the group, since a program in it writes it.
+READER = f"""
+import mmap, os, random, sys
+with open(sys.argv[1], "a+b") as file:
+    for _ in range({FILE_BYTES >> 20} if os.path.getsize(sys.argv[1]) == 0 else 0):
+        file.write(os.urandom(1 << 20))
+    file.flush()
+    os.fsync(file.fileno())
+    memory = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
+    print("reading", flush=True)
+    while True:
+        memory[4096 * random.randrange({FILE_BYTES >> 12})]
+"""
+
+
+def _group_folders():
+    """Where control groups with a limit of memory can perhaps be made, each with the name of the limit's file."""
+    groups = [line.split(":", 2) for line in Path("/proc/self/cgroup").read_text(encoding="ascii").splitlines()]
+    own = {controllers: path for _, controllers, path in groups}
+    for line in Path("/proc/self/mountinfo").read_text(encoding="utf-8").splitlines():
+        fields, _, kind = line.partition(" - ")
+        mount = Path(fields.split()[4])
+        if kind.startswith("cgroup2 "):
+            yield mount / own.get("", "/").lstrip("/"), "memory.high"
+        elif kind.startswith("cgroup ") and "memory" in kind.split()[-1].split(","):
+            yield mount / own.get("memory", "/").lstrip("/"), "memory.limit_in_bytes"
+            yield mount, "memory.limit_in_bytes"
+
+
+class MemoryShortage:
+    """OSError if no control group can be made here."""
+
+    def __init__(self, session, file):
+        self._session = session
+        self._file = file
+        self._group, self._limit = self._make_group()
+
+    @staticmethod
+    def _make_group():
+        for folder, limit in _group_folders():
+            group = folder / f"mireval-chaos-{os.getpid()}"
+            try:
+                group.mkdir()
+            except OSError:
+                continue
+            try:
+                (group / limit).write_text(str(LIMIT_BYTES), encoding="ascii")
+                return group, limit
+            except OSError:
+                group.rmdir()
+        raise OSError("no control group with a limit of memory can be made")
+
+    def run(self, seconds):
+        """Returns how long some task waited for memory meanwhile, in seconds."""
+        before = self._waited()
+        readers = [self._start_reader() for _ in range(READERS)]
+        time.sleep(seconds)
+        for reader in readers:
+            reader.kill()
+            reader.wait(10)
+        self._file.unlink(missing_ok=True)
+        return self._waited() - before
+
+    def _start_reader(self):
+        join = f'echo $$ > "{self._group}/cgroup.procs"; exec "$@"'
+        reader = self._session.start(["sh", "-c", join, "sh", sys.executable, "-c", READER, str(self._file)],
+                                     stdout=subprocess.PIPE)
+        reader.stdout.readline()
+        return reader
+
+    @staticmethod
+    def _waited():
+        some = PRESSURE.read_text(encoding="ascii").splitlines()[0]
+        return int(some.rpartition("=")[2]) / 1e6
+
+    def end(self):
+        self._group.rmdir()
