@@ -21,7 +21,8 @@ class Machine:
         self.tracks = TrackFiles(originals / "PreviewAudio", copies / "PreviewAudio")
         # None for what this machine does not allow. Which steps there are, and so a seed's walk, depends on it.
         self.disk = self._attempt("a full disk", SmallDisk, session.folder / "disk")
-        self.memory = self._attempt("a shortage of memory", MemoryShortage, session, originals.parent / "memory")
+        self.memory = self._attempt("a shortage of memory", MemoryShortage, session,
+                                    originals.parent / f"memory-{os.getpid()}")
         if session.clocks is None:
             print("chaos: without clocks that are set: MIREVAL_SHIFTED_CLOCKS names no library", flush=True)
         # For the player alone.

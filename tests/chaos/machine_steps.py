@@ -12,6 +12,7 @@ COVER_FAULTS = ("spoil_covers", "remove_covers", "restore_covers")
 DISK_FAULTS = {"full": ("fill", "free"), "read-only": ("make_read_only", "make_writable")}
 PRESSES = ("media_key", "mode_button", "next", "previous", "transport")
 BUSY_SECONDS = 3
+MEMORY_SECONDS = 3
 DAY = 24 * 60 * 60
 
 
@@ -121,7 +122,7 @@ class MachineSteps(Steps):
 
     def memory_shortage(self):
         before = resident_megabytes(self.desk.player.process.pid)
-        waited = self._machine.memory.run(2.5)
+        waited = self._machine.memory.run(MEMORY_SECONDS)
         after = resident_megabytes(self.desk.player.process.pid)
         self.model.lose_music(2)
         return f"{waited:.1f} s waited, {before:.0f} to {after:.0f} MB"

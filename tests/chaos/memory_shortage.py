@@ -3,25 +3,19 @@ programs read a file again and again that does not fit.
 """
 
 import os
-import subprocess
 import sys
 import time
 from pathlib import Path
 
 PRESSURE = Path("/proc/pressure/memory")
-LIMIT_BYTES = 16 << 20
+# Room for the readers, but not for the file.
+LIMIT_BYTES = 40 << 20
 FILE_BYTES = 96 << 20
-READERS = 4
-# The file belongs to the group, since a program in it writes it.
+READERS = 3
 READER = f"""
-import mmap, os, random, sys
-with open(sys.argv[1], "a+b") as file:
-    for _ in range({FILE_BYTES >> 20} if os.path.getsize(sys.argv[1]) == 0 else 0):
-        file.write(os.urandom(1 << 20))
-    file.flush()
-    os.fsync(file.fileno())
+import mmap, random, sys
+with open(sys.argv[1], "rb") as file:
     memory = mmap.mmap(file.fileno(), 0, prot=mmap.PROT_READ)
-    print("reading", flush=True)
     while True:
         memory[4096 * random.randrange({FILE_BYTES >> 12})]
 """
@@ -46,8 +40,15 @@ class MemoryShortage:
 
     def __init__(self, session, file):
         self._session = session
+        self._group = self._make_group()
         self._file = file
-        self._group, self._limit = self._make_group()
+        with open(file, "wb") as writer:
+            for _ in range(FILE_BYTES >> 20):
+                writer.write(os.urandom(1 << 20))
+            writer.flush()
+            os.fsync(writer.fileno())
+            # What is read again then belongs to the group of those who read.
+            os.posix_fadvise(writer.fileno(), 0, 0, os.POSIX_FADV_DONTNEED)
 
     @staticmethod
     def _make_group():
@@ -59,28 +60,22 @@ class MemoryShortage:
                 continue
             try:
                 (group / limit).write_text(str(LIMIT_BYTES), encoding="ascii")
-                return group, limit
+                return group
             except OSError:
                 group.rmdir()
         raise OSError("no control group with a limit of memory can be made")
 
     def run(self, seconds):
-        """Returns how long some task waited for memory meanwhile, in seconds."""
+        """Returns how long some task waited for memory meanwhile, in seconds. The player asks to be told of 0.2."""
         before = self._waited()
-        readers = [self._start_reader() for _ in range(READERS)]
+        join = f'echo $$ > "{self._group}/cgroup.procs"; exec "$@"'
+        readers = [self._session.start(["sh", "-c", join, "sh", sys.executable, "-c", READER, str(self._file)])
+                   for _ in range(READERS)]
         time.sleep(seconds)
         for reader in readers:
             reader.kill()
-            reader.wait(10)
-        self._file.unlink(missing_ok=True)
+            reader.wait(30)
         return self._waited() - before
-
-    def _start_reader(self):
-        join = f'echo $$ > "{self._group}/cgroup.procs"; exec "$@"'
-        reader = self._session.start(["sh", "-c", join, "sh", sys.executable, "-c", READER, str(self._file)],
-                                     stdout=subprocess.PIPE)
-        reader.stdout.readline()
-        return reader
 
     @staticmethod
     def _waited():
@@ -89,3 +84,4 @@ class MemoryShortage:
 
     def end(self):
         self._group.rmdir()
+        self._file.unlink()
