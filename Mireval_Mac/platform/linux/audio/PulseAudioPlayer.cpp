@@ -18,7 +18,9 @@ constexpr double rememberedSeconds = 3;
 }  // namespace
 
 PulseAudioPlayer::Playing::Playing(PulseAudioPlayer& player)
-    : retryTimer(player.m_server, [&player] { player.retry(); }) {}
+    : server(player.m_server),
+      retryTimer(server, [&player] { player.retry(); }),
+      socketWatcher(server, [this] { retrySoon(); }) {}
 
 microseconds PulseAudioPlayer::Playing::stallPatience() const {
   constexpr int mostDoublings = 4;
@@ -31,6 +33,17 @@ void PulseAudioPlayer::Playing::scheduleRetry() {
     retryTimer.start(delays.at(std::min(static_cast<std::size_t>(failedAttempts), delays.size() - 1)));
     ++failedAttempts;
   }
+  if (server.readyContext() == nullptr) {
+    socketWatcher.start();
+  }
+}
+
+void PulseAudioPlayer::Playing::retrySoon() {
+  // The server listens at its socket soon after making it. If it is not that quick, short pauses come first
+  // again.
+  constexpr microseconds listening = 20ms;
+  failedAttempts = 0;
+  retryTimer.start(listening);
 }
 
 PulseAudioPlayer::PulseAudioPlayer(std::shared_ptr<PulseOutput> output, std::filesystem::path file,
@@ -166,6 +179,7 @@ void PulseAudioPlayer::openStream(std::uint64_t from) {
     return;
   }
   m_playing->retryTimer.stop();
+  m_playing->socketWatcher.stop();
   PulsePointer<pa_stream> stream = m_output->take(m_sampleRate);
   if (!stream) {
     m_playing->scheduleRetry();

@@ -4,6 +4,7 @@
 #include "platform/linux/audio/FrameHistory.h"
 #include "platform/linux/audio/PulseOutput.h"
 #include "platform/linux/audio/PulseServer.h"
+#include "platform/linux/audio/PulseSocketWatcher.h"
 #include "platform/linux/audio/PulseStream.h"
 
 #include <QByteArray>
@@ -17,9 +18,9 @@
 namespace mireval {
 
 /// Plays one file through the sound server, on the one stream that all players share. A lost stream is
-/// replaced, with growing pauses between the attempts, and playback goes on at the frame that was heard last,
-/// as it does when another player had the stream meanwhile. The volume scales the samples, and the server's
-/// own volume is left to the user.
+/// replaced, with growing pauses between the attempts or once a server has come, and playback goes on at the
+/// frame that was heard last, as it does when another player had the stream meanwhile. The volume scales the
+/// samples, and the server's own volume is left to the user.
 class PulseAudioPlayer final : public AudioPlayer,
                                private PulseServer::Client,
                                private PulseStream::Client,
@@ -48,8 +49,12 @@ class PulseAudioPlayer final : public AudioPlayer,
     explicit Playing(PulseAudioPlayer& player);
     std::chrono::microseconds stallPatience() const;
     void scheduleRetry();
+    void retrySoon();
 
+    PulseServer& server;
     PulseServer::Timer retryTimer;
+    /// Watches while there is no server, so that one that comes back during a long pause is not kept waiting.
+    PulseSocketWatcher socketWatcher;
     int failedAttempts = 0;
   };
 

@@ -46,7 +46,7 @@ PulseServer::Lock::~Lock() {
 }
 
 PulseServer::Timer::Timer(PulseServer& server, std::function<void()> action)
-    : m_api(*pa_threaded_mainloop_get_api(server.m_mainloop.get())), m_action(std::move(action)) {}
+    : m_api(server.loop()), m_action(std::move(action)) {}
 
 PulseServer::Timer::~Timer() {
   stop();
@@ -102,8 +102,7 @@ bool PulseServer::connect() {
   pa_proplist_sets(properties.get(), PA_PROP_MEDIA_ROLE, "music");
   // Our volume is our own: by its role alone, a stream would get that of other music.
   pa_proplist_sets(properties.get(), "module-stream-restore.id", "sink-input-by-application-name:Mireval");
-  m_context.reset(pa_context_new_with_proplist(pa_threaded_mainloop_get_api(m_mainloop.get()), nullptr,
-                                               properties.get()));
+  m_context.reset(pa_context_new_with_proplist(&loop(), nullptr, properties.get()));
   // Without a server this fails at once. libpulse would wait for one that it starts.
   if (!m_context || pa_context_connect(m_context.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
     m_context.reset();

@@ -80,6 +80,9 @@ class PulseServer {
   /// The connection when it is ready, else nullptr.
   pa_context* readyContext() const;
 
+  /// libpulse's loop, for events of others.
+  pa_mainloop_api& loop() { return *pa_threaded_mainloop_get_api(m_mainloop.get()); }
+
   void addClient(Client& client);
   void removeClient(Client& client);
 

@@ -11,9 +11,12 @@
 #include <atomic>
 #include <chrono>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -56,6 +59,14 @@ bool waitUntil(Condition condition, Clock::duration limit) {
 
 void sleepFor(double seconds) {
   std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+}
+
+/// How many of this process's descriptors watch folders.
+std::ptrdiff_t folderWatches() {
+  return std::ranges::count_if(std::filesystem::directory_iterator("/proc/self/fd"), [](const auto& entry) {
+    std::error_code gone;
+    return std::filesystem::read_symlink(entry, gone) == "anon_inode:inotify";
+  });
 }
 
 /// No call may wait for the server; this is far above what a busy machine adds and far below any time-out.
@@ -476,6 +487,25 @@ TEST_P(PulseAudioPlayerTest, GoesOnWhenTheServerIsRestarted) {
   EXPECT_LT(player->currentTime(), lost + 8);
   EXPECT_GT(player->currentTime(), lost);
   EXPECT_EQ(ends.calls(), 0);
+}
+
+TEST_P(PulseAudioPlayerTest, IsHeardSoonAfterAServerThatWasAwayForLongAndWatchesForItOnlyMeanwhile) {
+  const auto player = open(files.tone(440, 30));
+  player->play();
+  sleepFor(0.5);
+  EXPECT_EQ(folderWatches(), 0);
+  server.interrupt();
+  EXPECT_TRUE(waitUntil([] { return folderWatches() == 1; }, 2s));
+  player->pause();
+  EXPECT_EQ(folderWatches(), 0);
+  player->play();
+  // By now the player tries every five seconds only.
+  sleepFor(4.2);
+  EXPECT_EQ(folderWatches(), 1);
+  server.resume();
+  const MonitorRecorder recorder(server);
+  EXPECT_TRUE(waitUntil([&] { return recorder.recording().peak() > 0; }, 1500ms));
+  EXPECT_EQ(folderWatches(), 0);
 }
 
 TEST_P(PulseAudioPlayerSinkTest, LosesAndRepeatsNextToNothingWhenTheServerIsRestarted) {
