@@ -7,21 +7,36 @@ import subprocess
 import time
 
 from clocks import Clocks
+from listener import SETTLING_SECONDS, Listener
 from machine import Machine
 from media import MediaPlayer, player_names
 from player import Player
-from session import Session, wait_for
-from sound import Recorder, is_silent, pitch
-from sound_servers import SERVERS
+from session import Session
+from sound import is_silent, pitch
+from sound_servers import HEADSET, SERVERS, SINKS
 
 LOWEST_TONE, TONE_STEP = 300, 25  # Hertz
+WITNESS_SECONDS = 0.24
+RECORDING_SECONDS = SETTLING_SECONDS + WITNESS_SECONDS
+
+
+def tone_number(samples):
+    """The number of the tone that is heard all the time, 0 for silence, None for anything else or no recording."""
+    if samples is None:
+        return None
+    if is_silent(samples):
+        return 0
+    half = len(samples) // 2
+    numbers = {round((pitch(part) - LOWEST_TONE) / TONE_STEP) if not is_silent(part) else 0
+               for part in (samples[:half], samples[half:])}
+    return numbers.pop() if len(numbers) == 1 else None
 
 
 class ChaosSession(Session):
     """A private desktop with a sound server of either kind."""
 
     def __init__(self, screenshots, server):
-        self._server_kind = SERVERS[server]
+        self.server = SERVERS[server](self)
         self.clocks = None
         super().__init__(screenshots)
 
@@ -36,10 +51,7 @@ class ChaosSession(Session):
         return super().start(command, environment={**shifted, **(environment or {})}, **options)
 
     def start_sound_server(self):
-        self.server = self._server_kind(self)
         self.server.start()
-        wait_for(lambda: "null.monitor" in self.run("timeout", "2", "pactl", "list", "short", "sources").stdout,
-                 "the sound server")
 
 
 class Desk:
@@ -53,7 +65,8 @@ class Desk:
             self.machine = Machine(self.session, resources, self.resources)
             self.player = Player(self.session, program, self.resources, environment=self.machine.environment)
             self.icon = self.player.find_icon()
-            self.recorder = Recorder(self.session, "null.monitor")
+            self.recorder = Listener(self.session)
+            self.recorder.follow(SINKS)
         except BaseException:
             self.end()
             raise
@@ -67,14 +80,10 @@ class Desk:
     # What the witnesses say.
 
     def heard_tone(self):
-        """The number of the tone that is heard, 0 for silence, None for anything else."""
-        samples = self.recorder.next(0.24)
-        if is_silent(samples):
-            return 0
-        half = len(samples) // 2
-        numbers = {round((pitch(part) - LOWEST_TONE) / TONE_STEP) if not is_silent(part) else 0
-                   for part in (samples[:half], samples[half:])}
-        return numbers.pop() if len(numbers) == 1 else None
+        """The number of the tone that is heard of all sinks together, 0 for silence, None for anything else."""
+        tones = {tone_number(samples) for samples in self.recorder.next(WITNESS_SECONDS)}
+        tones = tones - {0} or tones
+        return tones.pop() if len(tones) == 1 else None
 
     def media(self):
         """Status and title as the bus says them; None while the player is not among the media players."""
@@ -116,7 +125,46 @@ class Desk:
 
     def start_server(self):
         self.session.start_sound_server()
-        self.recorder = Recorder(self.session, "null.monitor")
+        self.recorder.start_anew(SINKS)
+
+    def kill_server_part(self, part):
+        self.session.server.kill_part(part)
+
+    def remove_sink(self, sink):
+        self.recorder.follow([other for other in SINKS if other != sink])
+        self.session.server.remove_sink(sink)
+
+    def add_sink(self, sink):
+        self.session.server.add_sink(sink)
+        self.recorder.follow(SINKS)
+
+    def move_stream(self, sinks):
+        """Moves the player's stream to the first of these sinks that it is not on; returns that, None without one."""
+        server = self.session.server
+        stream = server.stream()
+        target = next((sink for sink in sinks if stream and sink != stream[1]), None)
+        return target if target and server.move(stream[0], target) else None
+
+    def playing_sink(self):
+        """The sink that the player's stream is on; None while it has no stream."""
+        stream = self.session.server.stream()
+        return stream and stream[1]
+
+    def suspend_sink(self, sink):
+        self.session.server.suspend(sink, True)
+        if not self.session.server.suspends_sinks_in_use:
+            # PipeWire plays on, but its recordings of the sink are silent from now on.
+            self.recorder.start_anew([other for other in SINKS if other in self.session.server.sinks()])
+
+    def resume_sink(self, sink):
+        self.session.server.suspend(sink, False)
+
+    def plug_headset_in(self):
+        self.session.server.add_headset()
+        self.session.server.set_default(HEADSET)
+
+    def pull_headset_out(self):
+        self.session.server.remove_headset()
 
     def freeze_server(self):
         self.session.server.signal(signal.SIGSTOP)

@@ -1,5 +1,7 @@
 """What must be seen and heard of the player after each step of a walk."""
 
+from sound_servers import SINKS
+
 MODES = ("focus", "tempo", "creative", "relaxation")
 TITLES = {"focus": "Focus", "tempo": "Tempo", "creative": "Create", "relaxation": "Relax"}
 TRACKS_PER_MODE = 16
@@ -37,18 +39,27 @@ class Model:
         self.failed_loads = 0
         self.panel_is_open = False
         self.has_sound_server = True
+        # The sinks of the server, but for a headset; the one that stands still.
+        self.sinks = set(SINKS)
+        self.has_headset = False
+        self.suspended_sink = None
         self.has_tray = True
 
     @property
     def track(self):
         return self.mode, self.index
 
+    @property
+    def can_be_heard(self):
+        """Whether music would be heard now. Otherwise nobody knows what is."""
+        return self.has_sound_server and self.suspended_sink is None
+
     def pass_time(self, now):
         """The clock has gone on. Without a sound server nothing is heard, but it may just have come or gone."""
         seconds, self._now = now - self._now, now
         if self.sounds:
             self.heard[1] += seconds
-            if self.has_sound_server:
+            if self.can_be_heard:
                 self.heard[0] += seconds
 
     def lose_music(self, seconds):

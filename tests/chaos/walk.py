@@ -17,7 +17,8 @@ import time
 from dataclasses import dataclass
 from pathlib import Path
 
-from desk import LOWEST_TONE, TONE_STEP, Desk
+from costs import LIMIT_SECONDS, Costs
+from desk import LOWEST_TONE, RECORDING_SECONDS, TONE_STEP, Desk
 from desktop_steps import DesktopSteps
 from machine_steps import MachineSteps
 from model import MODES, TRACKS_PER_MODE, Model
@@ -31,7 +32,6 @@ PROGRAM = os.environ["MIREVAL_PROGRAM"]
 BUNDLE = Path(os.environ["MIREVAL_BUNDLE"])
 SCREENSHOTS = Path(os.environ["MIREVAL_SCREENSHOTS"])
 TRACK_SECONDS = 40
-LIMIT_SECONDS = 5
 # What recordings, announcements and rounding to seconds may differ by.
 SLACK_SECONDS = 2
 LONGEST_WAIT_SECONDS = 5
@@ -107,13 +107,18 @@ class Walk:
         self.titles = {}
         self.tones = {}
         self.number = 0
-        self.longest = {}
+        self.costs = Costs()
+        # The last step, whether music should be heard after it, and the end of what it may have taken of the music.
+        # A step that goes on after that end sets it.
+        self.last_step = None
+        self.music_is_expected = False
+        self.fault_ended = None
         self.kinds = [kind(self) for kind in (UserSteps, SoundSteps, DesktopSteps, MachineSteps)]
 
     # Witnesses.
 
     def observe(self):
-        tone = self.desk.heard_tone() if self.model.has_sound_server else None
+        tone = self.desk.heard_tone() if self.model.can_be_heard else None
         position = self.desk.position()
         return Observation(self.desk.media(), tone, self.desk.shown(), position, self.desk.written_lines())
 
@@ -149,7 +154,7 @@ class Walk:
         return found + self.unlike(self.titles, model.track, title, "title")
 
     def sound_differences(self, model, tone):
-        if not model.has_sound_server:
+        if not model.can_be_heard:
             return []
         if not model.sounds:
             return [] if tone == 0 else [f"tone {tone}, not silence"]
@@ -195,15 +200,34 @@ class Walk:
         return [f"no '{text}' among {texts}" for text in wanted if text not in texts]
 
     def wait_for_agreement(self, name):
+        """Returns how long that took, without what the last recording needs itself, and what disagreed last."""
         begin = time.monotonic()
+        last = ""
         while found := self.disagreements():
+            last = "; ".join(found)
             if time.monotonic() - begin > LIMIT_SECONDS:
-                raise Failure("; ".join(found))
-        seconds = time.monotonic() - begin
+                raise Failure(last)
+        seconds = time.monotonic() - begin - (RECORDING_SECONDS if self.model.can_be_heard else 0)
         if not self.desk.player.is_running():
             raise Failure("the player has ended")
-        self.longest[name] = max(seconds, self.longest.get(name, 0))
-        return seconds
+        self.costs.add_answer(name + self.remark, seconds)
+        return seconds, last
+
+    @property
+    def remark(self):
+        """A headset sounds later than the player can know."""
+        return " with headset" if self.model.has_headset else ""
+
+    def expects_music(self):
+        return self.model.sounds and self.model.can_be_heard
+
+    def count_lost_music(self):
+        """Adds up the silence since the last step, if music should have been heard all the time."""
+        if self.last_step and self.music_is_expected and self.expects_music():
+            lost = self.desk.recorder.silent_seconds(self.fault_ended, time.monotonic())
+            self.costs.add_loss(self.last_step + self.remark, lost)
+            if lost > LIMIT_SECONDS:
+                raise Failure(f"{lost:.1f} s without music after {self.last_step}")
 
     def say(self, text):
         print(text, file=self.report, flush=True)
@@ -220,15 +244,21 @@ class Walk:
             time.sleep(pause)
             self.model.pass_time(time.monotonic())
             self.disagreements()
+            self.count_lost_music()
+            self.fault_ended = None
             detail = ""
             try:
                 detail = step() or ""
-                agreed = self.wait_for_agreement(name)
+                self.fault_ended = self.fault_ended or time.monotonic()
+                self.last_step, self.music_is_expected = name, self.expects_music()
+                agreed, before = self.wait_for_agreement(name)
             except (Failure, AssertionError) as failure:
                 raise Failure(f"step {self.number} ({name} {detail}): {failure}") from None
-            self.say(f"{self.number:4} {name:<18} {detail:<12} after {pause:.1f} s, agreed in {agreed:.2f} s; "
+            before = f" (before: {before})" if before else ""
+            self.say(f"{self.number:4} {name:<18} {detail:<12} after {pause:.1f} s, agreed in {agreed:.2f} s{before}; "
                      f"{self.model.mode} {self.model.position_text} "
                      f"{'playing' if self.model.is_playing else 'paused'}")
+        self.count_lost_music()
         self.check_output()
 
     def check_output(self):
@@ -261,8 +291,7 @@ def main():
         return 1
     finally:
         desk.end()
-        for name, seconds in sorted(walk.longest.items(), key=lambda item: -item[1]):
-            print(f"longest until agreement: {name:<18} {seconds:.2f} s")
+        print(*walk.costs.lines(), sep="\n")
     return 0
 
 

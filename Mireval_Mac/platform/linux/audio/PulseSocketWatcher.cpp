@@ -35,7 +35,7 @@ std::optional<fs::path> pathIn(std::string_view address) {
 std::optional<fs::path> PulseSocketWatcher::socket() {
   if (const QByteArray addresses = qgetenv("PULSE_SERVER").simplified(); !addresses.isEmpty()) {
     for (const QByteArray& address : addresses.split(' ')) {
-      if (const auto path = pathIn({address.constData(), static_cast<std::size_t>(address.size())})) {
+      if (auto path = pathIn({address.constData(), static_cast<std::size_t>(address.size())})) {
         return path;
       }
     }
