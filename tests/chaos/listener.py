@@ -63,7 +63,9 @@ class SinkRecorder:
         self.timeline = Timeline(time.monotonic())
         self._process = session.start(
             ["parec", "-d", f"{sink}.monitor", "--raw", "--format=s16le", f"--rate={RATE}", "--channels=1",
-             "--latency-msec=40"], stdout=subprocess.PIPE)
+             "--latency-msec=40",
+             # Without this, WirePlumber moves a recording of the default sink when another one becomes the default.
+             "--property=node.dont-reconnect=true"], stdout=subprocess.PIPE)
         threading.Thread(target=self._read, daemon=True).start()
 
     def _read(self):

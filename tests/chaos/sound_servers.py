@@ -92,7 +92,7 @@ class PulseAudio(SoundServer):
             "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", *sinks,
             "-L", "module-null-source source_name=none", "-L", "module-native-protocol-unix"])
         wait_for(self.answers, "the sound server")
-        # Of its own, since recordings of the default source are moved whenever another one becomes the default.
+        # Of its own, since recordings of the default source are moved when another one becomes the default.
         self.control("set-default-source", "none")
         self.ready_at = time.monotonic()
 

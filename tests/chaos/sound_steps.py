@@ -20,8 +20,8 @@ class SoundSteps(Steps):
             return [*steps, (5, self.pull_headset_out), (2, self.move_stream)]
         if len(model.sinks) < len(SINKS):
             return [*steps, (5, self.add_sink)]
-        return [*steps, (2, self.suspend_sink), (2, self.remove_sink), (2, self.move_stream), (2, self.set_default_sink),
-                (2, self.plug_headset_in)]
+        return [*steps, *((2, step) for step in (self.suspend_sink, self.remove_sink, self.move_stream,
+                                                 self.set_default_sink, self.plug_headset_in))]
 
     def kill_server(self):
         self.desk.kill_server()
