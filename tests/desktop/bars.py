@@ -26,6 +26,29 @@ class Bar:
         self._process.kill()
         self._process.wait(10)
 
+    def pids(self):
+        """Of its processes: a tray may be one of its own."""
+        return [self._process.pid, *children_of(self._process.pid)]
+
+    def freeze(self):
+        self._signal(signal.SIGSTOP)
+
+    def thaw(self):
+        self._signal(signal.SIGCONT)
+
+    def _signal(self, number):
+        for pid in self.pids():
+            os.kill(pid, number)
+
+    def end(self):
+        """Kills all its processes, whatever they are doing."""
+        self._signal(signal.SIGKILL)
+        self._process.wait(10)
+
+    def wait_for_end(self, seconds=10):
+        """Waits until it ends by itself."""
+        self._process.wait(seconds)
+
     def rectangle(self):
         """Left, top, width and height of its window; None while there is none."""
         shown = [self._session.rectangle(window) for window in self._session.windows("--class", self._class)]
@@ -46,17 +69,6 @@ class XfcePanel(Bar):
     def kill(self):
         super().kill()
         wait_for(lambda: not self._session.has_tray(), "the tray to go")
-
-    def freeze(self):
-        self._signal(signal.SIGSTOP)
-
-    def thaw(self):
-        self._signal(signal.SIGCONT)
-
-    def _signal(self, number):
-        # The tray is a process of its own.
-        for pid in (self._process.pid, *children_of(self._process.pid)):
-            os.kill(pid, number)
 
     def _set(self, name, value):
         result = self._session.run("xfconf-query", "--channel", "xfce4-panel", "--property", name, "--set", value)
