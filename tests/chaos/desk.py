@@ -10,8 +10,9 @@ from clocks import Clocks
 from listener import SETTLING_SECONDS, Listener
 from machine import Machine
 from media import MediaPlayer, player_names
+from panel_witness import look
 from player import Player
-from session import Session
+from session import wait_for
 from sound import is_silent, pitch
 from sound_servers import HEADSET, SERVERS, SINKS
 
@@ -32,7 +33,7 @@ def tone_number(samples):
     return numbers.pop() if len(numbers) == 1 else None
 
 
-class ChaosSession(Session):
+class ChaosSession:
     """A private desktop with a sound server of either kind."""
 
     def __init__(self, screenshots, server):
@@ -54,17 +55,31 @@ class ChaosSession(Session):
         self.server.start()
 
 
+def session_kind(desktop):
+    """The class of a session on such a desktop."""
+    if desktop == "sway":
+        # Its modules need programs that tests on X11 can do without.
+        from sway_desktop import SwayDesktop as Desktop
+    else:
+        from x11_desktop import X11Desktop as Desktop
+
+    class DesktopSession(ChaosSession, Desktop):
+        pass
+    return DesktopSession
+
+
 class Desk:
-    def __init__(self, screenshots, server, program, resources):
+    def __init__(self, screenshots, server, program, resources, desktop="xfce"):
         self.machine = None
-        self.session = ChaosSession(screenshots, server)
+        self.session = session_kind(desktop)(screenshots, server)
         try:
             # A copy, since tracks are taken away.
             self.resources = self.session.folder / "resources"
             shutil.copytree(resources, self.resources)
             self.machine = Machine(self.session, resources, self.resources)
-            self.player = Player(self.session, program, self.resources, environment=self.machine.environment)
-            self.icon = self.player.find_icon()
+            self.player = Player(self.session, program, self.resources,
+                                 environment={**self.machine.environment, "LANG": "C.UTF-8"})
+            self.player.find_icon()
             self.recorder = Listener(self.session)
             self.recorder.follow(SINKS)
         except BaseException:
@@ -86,36 +101,45 @@ class Desk:
         return tones.pop() if len(tones) == 1 else None
 
     def media(self):
-        """Status and title as the bus says them; None while the player is not among the media players."""
-        if self.controls.name not in player_names(self.session):
+        """Status and title as the bus says them; None while the player is not among the media players, or no bus there.
+        """
+        if not self.session.has_bus or self.controls.name not in player_names(self.session):
             return None
         return self.controls.status, self.controls.title
 
     def position(self):
         """Seconds, as the bus says them; None while the player is not among the media players."""
-        return self.controls.position_seconds if self.controls.name in player_names(self.session) else None
+        if not self.session.has_bus or self.controls.name not in player_names(self.session):
+            return None
+        return self.controls.position_seconds
 
     def written_lines(self):
         return self.player.output.splitlines()
 
     def shown(self):
-        """The texts of the panel and the names of its buttons; empty while it is closed."""
-        return self.player.texts()
+        """The windows and the icon."""
+        return look(self.session)
 
     # What the user does.
 
-    def toggle_panel(self):
-        # Sooner, it would be the second click of a double click, or the click that has closed the panel.
+    def click_icon(self, button):
+        self.wait_until_clicks_count()
+        self.session.click(self.session.find_icon(), button=button)
+
+    @staticmethod
+    def wait_until_clicks_count():
+        """Sooner, it would be the second click of a double click, or the click that has closed the panel."""
         time.sleep(0.45)
-        self.session.click(self.icon)
 
     def press(self, button):
-        self.player.press(button)
+        self.session.click(self.session.on_screen(self.player.find_button(button).centre))
 
-    def start_again(self, *arguments):
+    def start_again(self, *arguments, status=0, errors=""):
+        """Starts another copy, which ends at once with this status and beginning of what it writes."""
         copy = subprocess.run([self.player.process.args[0], *arguments], env=self.session.environment,
                               capture_output=True, text=True, timeout=20)
-        if (copy.returncode, copy.stdout, copy.stderr) != (0, "", ""):
+        as_expected = copy.stderr.startswith(errors) if errors else not copy.stderr
+        if (copy.returncode, copy.stdout) != (status, "") or not as_expected:
             raise AssertionError(f"a second start: {copy}")
 
     # What is taken away and comes back.
@@ -185,10 +209,3 @@ class Desk:
     def show_tracks(self, mode):
         for track in (self.resources / "PreviewAudio").glob(f"{mode}-*.hidden"):
             track.rename(track.with_suffix(".m4a"))
-
-    def kill_tray(self):
-        self.session.stop_tray()
-
-    def start_tray(self):
-        self.session.start_tray()
-        self.icon = self.player.find_icon()

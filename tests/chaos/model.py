@@ -1,5 +1,6 @@
 """What must be seen and heard of the player after each step of a walk."""
 
+from desktop_model import DesktopModel
 from sound_servers import SINKS
 
 MODES = ("focus", "tempo", "creative", "relaxation")
@@ -7,10 +8,11 @@ TITLES = {"focus": "Focus", "tempo": "Tempo", "creative": "Create", "relaxation"
 TRACKS_PER_MODE = 16
 
 
-class Model:
+class Model(DesktopModel):
     """The state of the player, as the steps so far have made it. Times are seconds. A track is a mode and a place."""
 
     def __init__(self, track_seconds, now):
+        super().__init__()
         self._track_seconds = track_seconds
         self._now = now
         self.mode = None
@@ -37,13 +39,11 @@ class Model:
         # "full" or "read-only" for the disk with the user's folders.
         self.disk = None
         self.failed_loads = 0
-        self.panel_is_open = False
         self.has_sound_server = True
         # The sinks of the server, but for a headset; the one that stands still.
         self.sinks = set(SINKS)
         self.has_headset = False
         self.suspended_sink = None
-        self.has_tray = True
 
     @property
     def track(self):

@@ -2,7 +2,7 @@
 """Walks at random through what a user and a machine can do to the player. After each step it checks what is heard, what
 the desktop's media controls say, and what the panel shows.
 
-usage: walk.py [--seed N] [--minutes M] [--server pulseaudio|pipewire]
+usage: walk.py [--seed N] [--minutes M] [--server pulseaudio|pipewire] [--desktop xfce|sway]
 """
 
 import argparse
@@ -22,6 +22,7 @@ from desk import LOWEST_TONE, RECORDING_SECONDS, TONE_STEP, Desk
 from desktop_steps import DesktopSteps
 from machine_steps import MachineSteps
 from model import MODES, TRACKS_PER_MODE, Model
+from panel_witness import Shown, differences
 from png import write_png
 from small_disk import enter_mount_namespace
 from sound_servers import SERVERS
@@ -43,6 +44,7 @@ LINE_OF_FAILED_LOAD = (r'"Missing bundled track .+"|'
                        r'"Audio playback failed: (Invalid data found when processing input|Too many open files)"')
 ALLOWED_ERRORS = (
     "mireval: no sound server answers; the music waits for one",
+    "mireval: the desktop has no tray for the icon; the panel opens as a window",
     # libpulse says that nothing could be opened, which the walk has seen to.
     ".*: Too many open files",
     "The per-process limit on the number of open file descriptors has been reached.",
@@ -92,7 +94,7 @@ class Observation:
 
     media: tuple
     tone: int
-    texts: list
+    shown: Shown
     position: float
     lines: list
 
@@ -103,6 +105,8 @@ class Walk:
         self.random = random.Random(seed)
         self.report = report
         self.model = Model(TRACK_SECONDS, time.monotonic())
+        self.model.bar_kinds = desk.session.bar_kinds
+        self.model.bars = set(desk.session.bars)
         # What each track is called and sounds like is learned when it is first played, since each start shuffles.
         self.titles = {}
         self.tones = {}
@@ -132,6 +136,18 @@ class Walk:
             later.end_track()
             if not self.compare(later, seen):
                 self.model, found = later, []
+        now = time.monotonic()
+        if found and self.model.may_lose_patience(now, SLACK_SECONDS):
+            later = copy.deepcopy(self.model)
+            later.lose_patience()
+            if not self.compare(later, seen):
+                self.model, found = later, []
+        if self.model.must_have_lost_patience(now, SLACK_SECONDS):
+            if self.model.panel_is_open:
+                # Nothing was to be seen of it.
+                self.model.lose_patience()
+            else:
+                found.append("the player still waits for a tray")
         if self.model.must_have_ended(SLACK_SECONDS):
             found.append("the track has not ended")
         if not found:
@@ -140,10 +156,12 @@ class Walk:
 
     def compare(self, model, seen):
         return self.media_differences(model, seen.media) + self.sound_differences(model, seen.tone) + (
-            self.panel_differences(model, seen.texts)) + self.position_differences(model, seen.position) + (
+            self.panel_differences(model, seen.shown)) + self.position_differences(model, seen.position) + (
             self.line_differences(model, seen.lines))
 
     def media_differences(self, model, media):
+        if not model.has_bus:
+            return []
         if model.loaded is None:
             return [] if media is None else [f"among the media players before any music: {media}"]
         if media is None:
@@ -189,15 +207,18 @@ class Walk:
     def learn(self, seen):
         if seen.media:
             self.titles.setdefault(self.model.track, seen.media[1])
+        for panel in seen.shown.panels:
+            if self.model.mode:
+                self.titles.setdefault(self.model.track, panel.title)
         if self.model.sounds and seen.tone and self.model.loaded_file != "other":
             self.tones.setdefault(self.model.loaded, seen.tone)
 
-    @staticmethod
-    def panel_differences(model, texts):
-        if not model.panel_is_open:
-            return [f"the panel shows {texts}"] if texts else []
-        wanted = [model.position_text, "Pause" if model.is_playing else "Play"]
-        return [f"no '{text}' among {texts}" for text in wanted if text not in texts]
+    def panel_differences(self, model, shown):
+        found = differences(model, shown, TRACK_SECONDS, SLACK_SECONDS)
+        for panel in shown.panels:
+            if not found and model.mode:
+                found += self.unlike(self.titles, model.track, panel.title, "the panel's title")
+        return found
 
     def wait_for_agreement(self, name):
         """Returns how long that took, without what the last recording needs itself, and what disagreed last."""
@@ -268,6 +289,9 @@ class Walk:
             lines = [line for line in text.splitlines() if not re.fullmatch(allowed, line)]
             if lines:
                 raise Failure(f"written: {lines}")
+        least, most = self.model.notices
+        if not least <= (notices := self.desk.player.errors.count(NO_TRAY)) <= most:
+            raise Failure(f"said {notices} times, not {least} to {most}: {NO_TRAY}")
 
 
 def main():
@@ -275,19 +299,23 @@ def main():
     parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(1_000_000))
     parser.add_argument("--minutes", type=float, default=5)
     parser.add_argument("--server", choices=SERVERS, default="pulseaudio")
+    parser.add_argument("--desktop", choices=("xfce", "sway"), default="xfce")
     arguments = parser.parse_args()
-    print(f"chaos: seed {arguments.seed}, {arguments.server}", flush=True)
+    if arguments.desktop == "sway":
+        from sway_session import leave_root
+        leave_root()
+    print(f"chaos: seed {arguments.seed}, {arguments.server}, {arguments.desktop}", flush=True)
     try:
         enter_mount_namespace()
     except OSError as error:
         print(f"chaos: without a mount namespace: {error}", flush=True)
-    desk = Desk(SCREENSHOTS, arguments.server, PROGRAM, resources_with_tones())
+    desk = Desk(SCREENSHOTS, arguments.server, PROGRAM, resources_with_tones(), arguments.desktop)
     walk = Walk(desk, arguments.seed, sys.stdout)
     try:
         walk.go(60 * arguments.minutes)
     except (Failure, AssertionError) as failure:
         desk.session.screenshot("chaos-failure")
-        print(f"chaos: FAILED, seed {arguments.seed}, {arguments.server}: {failure}")
+        print(f"chaos: FAILED, seed {arguments.seed}, {arguments.server}, {arguments.desktop}: {failure}")
         return 1
     finally:
         desk.end()
