@@ -122,9 +122,9 @@ class Desk:
 
     # What the user does.
 
-    def click_icon(self, button):
+    def click_icon(self, bar, button):
         self.wait_until_clicks_count()
-        self.session.click(self.session.find_icon(), button=button)
+        self.session.click(self.session.find_icon(bar), button=button)
 
     @staticmethod
     def wait_until_clicks_count():

@@ -111,11 +111,10 @@ class DesktopParts:
         """The kinds of bars on which the icon is seen; one twice if it shows two."""
         return [kind for icon in picture.icons() for kind, rows in self.bar_rows.items() if centre_of(icon)[1] in rows]
 
-    def find_icon(self):
-        """The place of an icon, once its bar has ceased to move it."""
+    def find_icon(self, kind):
+        """The place of the icon on a bar of the kind, once that has ceased to move it."""
         def places():
-            return [centre for icon in self.picture().icons() if (centre := centre_of(icon))
-                    and any(centre[1] in rows for rows in self.bar_rows.values())]
+            return [centre for icon in self.picture().icons() if (centre := centre_of(icon))[1] in self.bar_rows[kind]]
 
         def places_at_rest():
             first = places()

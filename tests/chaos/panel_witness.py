@@ -67,8 +67,10 @@ def _look_at_panel(session, picture, elements, texts):
 def differences(model, shown, track_seconds, slack):
     """What is shown otherwise than the model has it."""
     found = []
-    if shown.icons != model.icons:
-        found.append(f"icons on {shown.icons}, not {model.icons}")
+    # A frozen bar goes on showing what it has lost.
+    icons = [kind for kind in shown.icons if kind == model.icon_bar or kind != model.frozen_bar]
+    if icons != model.icons:
+        found.append(f"icons on {icons}, not {model.icons}")
     words = model.words
     others = [[f"{words.settings} – {PLAYER}", PLAYER, words.language, words.own_name]]
     others = others if model.settings_are_open else []

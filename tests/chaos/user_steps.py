@@ -149,13 +149,13 @@ class UserSteps(Steps):
 
     def icon(self):
         button = self.random.choice(("left", "left", "middle"))
-        self.desk.click_icon(button)
+        self.desk.click_icon(self.model.icon_bar, button)
         self.model.toggle_panel()
         return button
 
     def icon_menu(self):
         """A right click opens the bar's menu or, where the bar has none, the panel."""
-        self.desk.click_icon("right")
+        self.desk.click_icon(self.model.icon_bar, "right")
         if self.model.icon_bar in self.desk.session.bars_with_menu:
             time.sleep(0.5)
             self.desk.session.press_keys("Down", "Return")
@@ -176,7 +176,7 @@ class UserSteps(Steps):
 
     def point_at_icon(self):
         """Where the player looks for the pointer to place the panel."""
-        self.desk.session.move_pointer(self.desk.session.find_icon())
+        self.desk.session.move_pointer(self.desk.session.find_icon(self.model.icon_bar))
         self.desk.wait_until_clicks_count()
 
     def call(self, place, method, *arguments):
