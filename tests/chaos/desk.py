@@ -12,7 +12,6 @@ from machine import Machine
 from media import MediaPlayer, player_names
 from panel_witness import look
 from player import Player
-from session import wait_for
 from sound import is_silent, pitch
 from sound_servers import HEADSET, SERVERS, SINKS
 

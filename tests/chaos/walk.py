@@ -42,9 +42,10 @@ OTHER_TONE = len(MODES) * TRACKS_PER_MODE + 1
 # The second one also when the file cannot be opened.
 LINE_OF_FAILED_LOAD = (r'"Missing bundled track .+"|'
                        r'"Audio playback failed: (Invalid data found when processing input|Too many open files)"')
+NO_TRAY = "mireval: the desktop has no tray for the icon; the panel opens as a window"
 ALLOWED_ERRORS = (
     "mireval: no sound server answers; the music waits for one",
-    "mireval: the desktop has no tray for the icon; the panel opens as a window",
+    NO_TRAY,
     # libpulse says that nothing could be opened, which the walk has seen to.
     ".*: Too many open files",
     "The per-process limit on the number of open file descriptors has been reached.",
