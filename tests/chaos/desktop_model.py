@@ -115,7 +115,7 @@ class DesktopModel:
         self._icon_lost_at = None
         self.notices = [number + 1 for number in self.notices]
         if not self.panel_is_open:
-            self._open(framed=True)
+            self._show_panel(framed=True)
             self.panel_is_unasked = True
 
     # The windows.
@@ -125,16 +125,16 @@ class DesktopModel:
         if self.panel_is_open:
             self.close_panel()
         else:
-            self._open(framed=False)
+            self._show_panel(framed=False)
 
     def show_panel(self):
         """By another start and the like."""
         if not self.panel_is_open:
-            self._open(framed=not self.has_tray)
+            self._show_panel(framed=not self.has_tray)
         self.panel_is_unasked = False
         self.panel_has_keyboard = None if self.panel_is_framed else True
 
-    def _open(self, framed):
+    def _show_panel(self, framed):
         self.panel_is_open, self.panel_is_framed = True, framed
         self.panel_is_unasked = False
         self.panel_is_exclusive = not framed
