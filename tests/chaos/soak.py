@@ -13,14 +13,15 @@ import time
 from pathlib import Path
 
 from chart import draw
-from desk import SERVERS, ChaosSession
+from desk import ChaosSession
 from desktop_case import BUNDLE, PROGRAM, SCREENSHOTS, TRACKS_PER_MODE, make_tones
 from holdings import Holdings
 from media import Playerctl, wait_for_player
 from memory_pressure import MemoryPressure
 from model import MODES
 from player import Player
-from session import wait_for
+from session import Session, wait_for
+from sound_servers import SERVERS
 from trend import WARM_UP, Trend
 
 TRACK_SECONDS = 1
@@ -32,6 +33,10 @@ TRACKS = TRACKS_PER_MODE * len(MODES)
 SECONDS_BETWEEN_CLICKS = 0.5
 # After the panel has closed, the player gives memory back.
 SECONDS_OF_REST = 0.3
+
+
+class SoakSession(ChaosSession, Session):
+    pass
 
 
 class Soak:
@@ -126,7 +131,7 @@ def make_resources(folder):
 
 def soak(count, server, resources):
     """Returns the samples, how often the panel has opened, and what went wrong, empty if nothing did."""
-    session = ChaosSession(SCREENSHOTS, server)
+    session = SoakSession(SCREENSHOTS, server)
     try:
         player = Player(session, PROGRAM, resources)
         run = Soak(session, player)
