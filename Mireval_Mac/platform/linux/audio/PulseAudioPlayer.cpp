@@ -22,6 +22,10 @@ PulseAudioPlayer::Playing::Playing(PulseAudioPlayer& player)
       retryTimer(server, [&player] { player.retry(); }),
       socketWatcher(server, [this] { retrySoon(); }) {}
 
+PulseAudioPlayer::Playing::~Playing() {
+  awaitNothing();
+}
+
 microseconds PulseAudioPlayer::Playing::stallPatience() const {
   constexpr int mostDoublings = 4;
   return PulseStream::usualPatience * (1 << std::min(failedAttempts, mostDoublings));
@@ -33,8 +37,19 @@ void PulseAudioPlayer::Playing::scheduleRetry() {
     retryTimer.start(delays.at(std::min(static_cast<std::size_t>(failedAttempts), delays.size() - 1)));
     ++failedAttempts;
   }
+  // So that a server or a sink that comes during a long pause is not kept waiting.
   if (server.readyContext() == nullptr) {
     socketWatcher.start();
+  } else if (!std::exchange(awaitsSink, true)) {
+    server.awaitSink();
+  }
+}
+
+void PulseAudioPlayer::Playing::awaitNothing() {
+  retryTimer.stop();
+  socketWatcher.stop();
+  if (std::exchange(awaitsSink, false)) {
+    server.awaitNoSink();
   }
 }
 
@@ -178,8 +193,7 @@ void PulseAudioPlayer::openStream(std::uint64_t from) {
     // `serverReady` or `serverLost` follows.
     return;
   }
-  m_playing->retryTimer.stop();
-  m_playing->socketWatcher.stop();
+  m_playing->awaitNothing();
   PulsePointer<pa_stream> stream = m_output->take(m_sampleRate);
   if (!stream) {
     m_playing->scheduleRetry();

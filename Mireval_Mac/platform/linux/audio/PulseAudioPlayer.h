@@ -18,9 +18,9 @@
 namespace mireval {
 
 /// Plays one file through the sound server, on the one stream that all players share. A lost stream is
-/// replaced, with growing pauses between the attempts or once a server has come, and playback goes on at the
-/// frame that was heard last, as it does when another player had the stream meanwhile. The volume scales the
-/// samples, and the server's own volume is left to the user.
+/// replaced, with growing pauses between the attempts or once a server or sink has come, and playback goes on
+/// at the frame that was heard last, as it does when another player had the stream meanwhile. The volume
+/// scales the samples, and the server's own volume is left to the user.
 class PulseAudioPlayer final : public AudioPlayer,
                                private PulseServer::Client,
                                private PulseStream::Client,
@@ -47,14 +47,20 @@ class PulseAudioPlayer final : public AudioPlayer,
   /// What exists from `play` until `pause` or the end.
   struct Playing {
     explicit Playing(PulseAudioPlayer& player);
+    Playing(const Playing&) = delete;
+    Playing& operator=(const Playing&) = delete;
+    ~Playing();
     std::chrono::microseconds stallPatience() const;
     void scheduleRetry();
     void retrySoon();
+    void awaitNothing();
 
     PulseServer& server;
     PulseServer::Timer retryTimer;
-    /// Watches while there is no server, so that one that comes back during a long pause is not kept waiting.
+    /// Started while there is no server.
     PulseSocketWatcher socketWatcher;
+    /// While there is a server, but a stream was lost.
+    bool awaitsSink = false;
     int failedAttempts = 0;
   };
 

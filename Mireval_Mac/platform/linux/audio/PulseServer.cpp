@@ -3,11 +3,13 @@
 #include "platform/Notices.h"
 
 #include <pulse/rtclock.h>
+#include <pulse/subscribe.h>
 #include <pulse/timeval.h>
 
 #include <sys/time.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <thread>
 #include <utility>
 
@@ -126,9 +128,7 @@ void PulseServer::contextStateChanged() {
   switch (pa_context_get_state(m_context.get())) {
     case PA_CONTEXT_READY:
       m_hasAskedForServer = false;
-      for (Client* const client : m_clients) {
-        client->serverReady();
-      }
+      tellReady();
       break;
     case PA_CONTEXT_FAILED:
     case PA_CONTEXT_TERMINATED:
@@ -139,6 +139,35 @@ void PulseServer::contextStateChanged() {
       break;
     default:
       break;
+  }
+}
+
+void PulseServer::tellReady() {
+  for (Client* const client : m_clients) {
+    client->serverReady();
+  }
+}
+
+void PulseServer::awaitSink() {
+  if (pa_context* const context = readyContext()) {
+    pa_context_set_subscribe_callback(
+        context,
+        [](pa_context*, pa_subscription_event_type_t event, std::uint32_t, void* self) {
+          if ((event & PA_SUBSCRIPTION_EVENT_TYPE_MASK) == PA_SUBSCRIPTION_EVENT_NEW) {
+            static_cast<PulseServer*>(self)->tellReady();
+          }
+        },
+        this);
+    const PulsePointer<pa_operation> subscribing(
+        pa_context_subscribe(context, PA_SUBSCRIPTION_MASK_SINK, nullptr, nullptr));
+  }
+}
+
+void PulseServer::awaitNoSink() {
+  if (pa_context* const context = readyContext()) {
+    pa_context_set_subscribe_callback(context, nullptr, nullptr);
+    const PulsePointer<pa_operation> unsubscribing(
+        pa_context_subscribe(context, PA_SUBSCRIPTION_MASK_NULL, nullptr, nullptr));
   }
 }
 

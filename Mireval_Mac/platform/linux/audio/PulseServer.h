@@ -29,8 +29,8 @@ class PulseServer {
     PulseServer& m_server;
   };
 
-  /// Told about the connection with the lock held, but not about a failure that `connect` returns. A call
-  /// must not add or remove a client.
+  /// Told about the connection with the lock held, but not about a failure that `connect` returns. Ready is
+  /// told again when an awaited sink has come. A call must not add or remove a client.
   class Client {
    public:
     virtual void serverReady() = 0;
@@ -77,6 +77,10 @@ class PulseServer {
   /// configuration tells it to. Does both once until a server is there.
   void askForServer();
 
+  /// From now on the clients are told when the server, which must be ready, gets a new sink.
+  void awaitSink();
+  void awaitNoSink();
+
   /// The connection when it is ready, else nullptr.
   pa_context* readyContext() const;
 
@@ -88,6 +92,7 @@ class PulseServer {
 
  private:
   void contextStateChanged();
+  void tellReady();
 
   Notices& m_notices;
   const PulsePointer<pa_threaded_mainloop> m_mainloop;

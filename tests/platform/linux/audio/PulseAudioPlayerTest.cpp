@@ -564,6 +564,19 @@ TEST_P(PulseAudioPlayerSinkTest, GoesOnWhenItsSinkComesBack) {
   EXPECT_EQ(ends.calls(), 0);
 }
 
+TEST_P(PulseAudioPlayerSinkTest, IsHeardSoonWhenASinkComesAfterLong) {
+  const auto player = open(files.tone(440, 30));
+  player->play();
+  sleepFor(1);
+  server.control({"unload-module", "module-null-sink"});
+  // By now the player tries every five seconds only.
+  sleepFor(4.2);
+  EXPECT_TRUE(player->isPlaying());
+  server.control({"load-module", "module-null-sink", "sink_name=null", "norewinds=1", "format=float32le"});
+  const MonitorRecorder recorder(server);
+  EXPECT_TRUE(waitUntil([&] { return recorder.recording().peak() > 0; }, 1500ms));
+}
+
 TEST_P(PulseAudioPlayerTest, NeverWaitsForAFrozenServerAndGoesOnAfterwards) {
   auto player = open(files.tone(440, 60));
   auto abandoned = open(files.tone(440, 5));
