@@ -9,18 +9,21 @@ class Costs:
     """The longest of each, by the names of the steps."""
 
     def __init__(self):
+        # Until what the user did is seen and heard.
         self.answers = {}
+        # Until all is again as it must be after anything else.
+        self.agreements = {}
+        # Silence after a step, while music should have been heard all the time.
         self.losses = {}
 
-    def add_answer(self, name, seconds):
-        self.answers[name] = max(seconds, self.answers.get(name, 0))
-
-    def add_loss(self, name, seconds):
-        self.losses[name] = max(seconds, self.losses.get(name, 0))
+    @staticmethod
+    def add(longest, name, seconds):
+        longest[name] = max(seconds, longest.get(name, 0))
 
     def lines(self):
         """The report."""
         yield from self._part("longest answer", self.answers, ANSWER_AIM_SECONDS)
+        yield from self._part("longest until agreement", self.agreements, LIMIT_SECONDS)
         yield from self._part("most music lost", self.losses, MUSIC_AIM_SECONDS)
 
     @staticmethod

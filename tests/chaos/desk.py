@@ -154,12 +154,17 @@ class Desk:
         self.session.server.kill_part(part)
 
     def remove_sink(self, sink):
-        self.recorder.follow([other for other in SINKS if other != sink])
+        self.recorder.follow([other for other in self._sinks() if other != sink])
         self.session.server.remove_sink(sink)
 
     def add_sink(self, sink):
         self.session.server.add_sink(sink)
-        self.recorder.follow(SINKS)
+        self.recorder.follow(self._sinks())
+
+    def _sinks(self):
+        """Those that are recorded; a headset is heard on another one."""
+        there = self.session.server.sinks()
+        return [sink for sink in SINKS if sink in there]
 
     def move_stream(self, sinks):
         """Moves the player's stream to the first of these sinks that it is not on; returns that, None without one."""
@@ -177,7 +182,7 @@ class Desk:
         self.session.server.suspend(sink, True)
         if not self.session.server.suspends_sinks_in_use:
             # PipeWire plays on, but its recordings of the sink are silent from now on.
-            self.recorder.start_anew([other for other in SINKS if other in self.session.server.sinks()])
+            self.recorder.start_anew(self._sinks())
 
     def resume_sink(self, sink):
         self.session.server.suspend(sink, False)

@@ -52,7 +52,7 @@ class Model(DesktopModel):
     @property
     def can_be_heard(self):
         """Whether music would be heard now. Otherwise nobody knows what is."""
-        return self.has_sound_server and self.suspended_sink is None
+        return self.has_sound_server and self.suspended_sink is None and bool(self.sinks)
 
     def pass_time(self, now):
         """The clock has gone on. Without a sound server nothing is heard, but it may just have come or gone."""

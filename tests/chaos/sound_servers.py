@@ -1,5 +1,6 @@
 """Private sound servers of either kind. Their sinks can be taken away, their programs killed and stopped."""
 
+import contextlib
 import signal
 import time
 
@@ -114,15 +115,20 @@ class PipeWire(SoundServer):
     def __init__(self, session):
         super().__init__(session)
         self._processes = {}
+        # How often it has come up so that it does not play.
+        self.restarts = 0
 
     def start(self):
         """Starts what does not run."""
-        # WirePlumber 0.4.13 now and then comes up without linking anything; then all is started anew.
+        # WirePlumber 0.4.13 now and then comes up without linking anything, or pipewire-pulse ceases to answer when it
+        # comes back. Then all is started anew.
         for _ in range(5):
-            self._start_parts()
-            self.ready_at = time.monotonic()
-            if self._is_linked():
-                return
+            with contextlib.suppress(AssertionError):
+                self._start_parts()
+                self.ready_at = time.monotonic()
+                if self._is_linked():
+                    return
+            self.restarts += 1
             self.signal(signal.SIGKILL)
         raise AssertionError("PipeWire does not play")
 

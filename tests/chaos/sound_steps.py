@@ -19,7 +19,7 @@ class SoundSteps(Steps):
         if model.has_headset:
             return [*steps, (5, self.pull_headset_out), (2, self.move_stream)]
         if len(model.sinks) < len(SINKS):
-            return [*steps, (5, self.add_sink)]
+            return [*steps, (5, self.add_sink), *([(1, self.remove_sink)] if model.sinks else [])]
         return [*steps, *((2, step) for step in (self.suspend_sink, self.remove_sink, self.move_stream,
                                                  self.set_default_sink, self.plug_headset_in))]
 
@@ -55,16 +55,18 @@ class SoundSteps(Steps):
 
     def remove_sink(self):
         """The sink that plays, if one does."""
-        sink = self.random.choice(SINKS)
-        sink = self.desk.playing_sink() or sink
+        sink = self.random.choice(sorted(self.model.sinks))
+        playing = self.desk.playing_sink()
+        sink = playing if playing in self.model.sinks else sink
         self.desk.remove_sink(sink)
         self.model.sinks.remove(sink)
         self.model.lose_music(3)
         return f"{sink} {self._restart_what_crashed()}"
 
     def add_sink(self):
-        sink, = set(SINKS) - self.model.sinks
+        sink = self.random.choice([sink for sink in SINKS if sink not in self.model.sinks])
         self.desk.add_sink(sink)
+        self._walk.fault_ended = time.monotonic()
         self.model.sinks.add(sink)
         self.model.lose_music(2)
         return f"{sink} {self._restart_what_crashed()}"

@@ -221,7 +221,7 @@ class Walk:
                 found += self.unlike(self.titles, model.track, panel.title, "the panel's title")
         return found
 
-    def wait_for_agreement(self, name):
+    def wait_for_agreement(self, name, is_of_user=False):
         """Returns how long that took, without what the last recording needs itself, and what disagreed last."""
         begin = time.monotonic()
         last = ""
@@ -229,10 +229,11 @@ class Walk:
             last = "; ".join(found)
             if time.monotonic() - begin > LIMIT_SECONDS:
                 raise Failure(last)
-        seconds = time.monotonic() - begin - (RECORDING_SECONDS if self.model.can_be_heard else 0)
+        seconds = max(0.0, time.monotonic() - begin - (RECORDING_SECONDS if self.model.can_be_heard else 0))
         if not self.desk.player.is_running():
             raise Failure("the player has ended")
-        self.costs.add_answer(name + self.remark, seconds)
+        longest = self.costs.answers if is_of_user else self.costs.agreements
+        self.costs.add(longest, name + self.remark, seconds)
         return seconds, last
 
     @property
@@ -247,7 +248,7 @@ class Walk:
         """Adds up the silence since the last step, if music should have been heard all the time."""
         if self.last_step and self.music_is_expected and self.expects_music():
             lost = self.desk.recorder.silent_seconds(self.fault_ended, time.monotonic())
-            self.costs.add_loss(self.last_step + self.remark, lost)
+            self.costs.add(self.costs.losses, self.last_step + self.remark, lost)
             if lost > LIMIT_SECONDS:
                 raise Failure(f"{lost:.1f} s without music after {self.last_step}")
 
@@ -273,7 +274,7 @@ class Walk:
                 detail = step() or ""
                 self.fault_ended = self.fault_ended or time.monotonic()
                 self.last_step, self.music_is_expected = name, self.expects_music()
-                agreed, before = self.wait_for_agreement(name)
+                agreed, before = self.wait_for_agreement(name, isinstance(step.__self__, UserSteps))
             except (Failure, AssertionError) as failure:
                 raise Failure(f"step {self.number} ({name} {detail}): {failure}") from None
             before = f" (before: {before})" if before else ""
