@@ -13,7 +13,7 @@ from media import MediaPlayer, player_names
 from panel_witness import look
 from player import Player
 from sound import is_silent, pitch
-from sound_servers import HEADSET, SERVERS, SINKS
+from sound_servers import SERVERS, SINKS
 
 LOWEST_TONE, TONE_STEP = 300, 25  # Hertz
 WITNESS_SECONDS = 0.24
@@ -189,7 +189,6 @@ class Desk:
 
     def plug_headset_in(self):
         self.session.server.add_headset()
-        self.session.server.set_default(HEADSET)
 
     def pull_headset_out(self):
         self.session.server.remove_headset()

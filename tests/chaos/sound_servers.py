@@ -16,6 +16,7 @@ class SoundServer:
     """What both kinds can do by their common protocol."""
 
     sink_options = ()
+    loopback_options = ()
     # Whether a sink that is in use stands still when it is told to.
     suspends_sinks_in_use = False
 
@@ -67,12 +68,15 @@ class SoundServer:
         return self._session.run("timeout", "5", "pactl", "move-sink-input", stream, sink).returncode == 0
 
     def add_headset(self):
-        """A sink that is heard on the first one, but later."""
+        """Another default sink, which is heard on the first one, but later."""
         self.add_sink(HEADSET)
         self.control("load-module", "module-loopback", f"source={HEADSET}.monitor", f"sink={SINKS[0]}",
-                     f"latency_msec={HEADSET_LATENCY * 1000:.0f}", *self.loopback)
+                     f"latency_msec={HEADSET_LATENCY * 1000:.0f}", "sink_dont_move=1", *self.loopback_options)
+        self.set_default(HEADSET)
 
     def remove_headset(self):
+        # Else WirePlumber has the next one play to itself, as it is the default from the start.
+        self.set_default(SINKS[0])
         self._unload(f"source={HEADSET}.monitor")
         self.remove_sink(HEADSET)
 
@@ -83,7 +87,7 @@ class PulseAudio(SoundServer):
     # Without rewinding, since the null sink would otherwise render seconds ahead while it is idle.
     sink_options = ("norewinds=1",)
     # A constant rate, since a tone is told by its pitch.
-    loopback = ("adjust_time=0",)
+    loopback_options = ("adjust_time=0",)
     suspends_sinks_in_use = True
 
     def start(self):
@@ -110,7 +114,6 @@ class PipeWire(SoundServer):
     name = "pipewire"
     parts = ("pipewire", "wireplumber", "pipewire-pulse")
     sink_options = ("rate=44100",)
-    loopback = ()
 
     def __init__(self, session):
         super().__init__(session)
