@@ -87,9 +87,10 @@ class Desk:
         self.controls = MediaPlayer(self.session)
 
     def end(self):
-        self.session.end()
+        # First, since the session removes the folder of the disk.
         if self.machine:
             self.machine.end()
+        self.session.end()
 
     # What the witnesses say.
 

@@ -137,6 +137,7 @@ class MachineSteps(Steps):
             for _ in range(self.random.randint(1, 3)):
                 weights, steps = zip(*(step for step in user.possible() if step[1].__name__ in PRESSES), strict=True)
                 step, = self.random.choices(steps, weights)
+                self._walk.wait_for_end_of_track()
                 details.append(f"{step.__name__} {step() or ''}".strip())
                 self._walk.wait_for_agreement("no descriptors")
         finally:

@@ -71,10 +71,12 @@ class MemoryShortage:
         join = f'echo $$ > "{self._group}/cgroup.procs"; exec "$@"'
         readers = [self._session.start(["sh", "-c", join, "sh", sys.executable, "-c", READER, str(self._file)])
                    for _ in range(READERS)]
-        time.sleep(seconds)
-        for reader in readers:
-            reader.kill()
-            reader.wait(30)
+        try:
+            time.sleep(seconds)
+        finally:
+            for reader in readers:
+                reader.kill()
+                reader.wait(30)
         return self._waited() - before
 
     @staticmethod

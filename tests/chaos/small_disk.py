@@ -7,6 +7,7 @@ import os
 
 CLONE_NEWNS, CLONE_NEWUSER = 0x20000, 0x10000000
 MS_RDONLY, MS_REMOUNT, MS_REC, MS_PRIVATE = 0x1, 0x20, 0x4000, 0x40000
+MNT_DETACH = 2
 SIZE = "1m"
 LIBC = ctypes.CDLL(None, use_errno=True)
 
@@ -61,4 +62,5 @@ class SmallDisk:
         self._mount(MS_REMOUNT)
 
     def unmount(self):
-        _check(LIBC.umount2(bytes(self.folder), 2))
+        """Also while files on it are open."""
+        _check(LIBC.umount2(bytes(self.folder), MNT_DETACH))

@@ -36,6 +36,8 @@ TRACK_SECONDS = 40
 # What recordings, announcements and rounding to seconds may differ by.
 SLACK_SECONDS = 2
 LONGEST_WAIT_SECONDS = 5
+# Of a file that was cut off while it plays.
+LONGEST_READ_AHEAD_SECONDS = 15
 COVERS_PER_MODE = 10
 # The number of the tone in the file that takes the place of others.
 OTHER_TONE = len(MODES) * TRACKS_PER_MODE + 1
@@ -252,6 +254,16 @@ class Walk:
             if lost > LIMIT_SECONDS:
                 raise Failure(f"{lost:.1f} s without music after {self.last_step}")
 
+    def wait_for_end_of_track(self):
+        """If it is near: a press at that moment could be for this track or for the next one."""
+        limit = time.monotonic() + LONGEST_READ_AHEAD_SECONDS
+        while self.model.sounds and self.model.can_be_heard and time.monotonic() < limit:
+            position = self.desk.position()
+            earliest, latest = self.model.length
+            if position is None or not earliest - 1.5 <= position <= latest + 1:
+                return
+            self.disagreements()
+
     def say(self, text):
         print(text, file=self.report, flush=True)
 
@@ -267,6 +279,7 @@ class Walk:
             time.sleep(pause)
             self.model.pass_time(time.monotonic())
             self.disagreements()
+            self.wait_for_end_of_track()
             self.count_lost_music()
             self.fault_ended = None
             detail = ""
