@@ -30,7 +30,8 @@ class MachineSteps(Steps):
             steps.append((1, self.memory_shortage))
         if self.desk.session.clocks:
             steps += [(1, self.set_wall_clock), (2, self.sleep)]
-        if self.model.loaded and not self.model.has_ended:
+        if self.model.sounds:
+            # Its connection to the server is there, and needs no descriptor.
             steps.append((2, self.no_descriptors))
         return steps
 
