@@ -4,10 +4,14 @@ from functools import cached_property
 
 from bars import Bar
 from desktop_parts import DesktopParts
+from screen import SHADOW
 from sway_session import SwaybarSession
 from wlroots_session import FIRST_SCREEN, SCREEN_SIZE, Waybar
 
 PLAYER = "Mireval"
+PAPERS = ((255, 255, 255), (0, 0, 0))
+# The height of the higher bar, in pixels.
+LARGEST_SHIFT = 28
 
 
 class SwayDesktop(DesktopParts, SwaybarSession):
@@ -47,14 +51,28 @@ class SwayDesktop(DesktopParts, SwaybarSession):
             self.press_key(key)
 
     def on_screen(self, place):
-        """An ordinary window does not know where it is."""
+        panel = next(window for window in self.accessibility.windows(PLAYER) if window.name == PLAYER)
+        left, top, width, height = panel.extents
         node = self._window(PLAYER)
         if node is None:
-            return place
-        panel = next(window for window in self.accessibility.windows(PLAYER) if window.name == PLAYER)
-        left, top, _, _ = panel.extents
+            return place[0], place[1] + self._shift(left + width // 2, top + SHADOW, top + height - SHADOW)
+        # An ordinary window does not know where it is.
         rectangle, inside = node["rect"], node["window_rect"]
         return place[0] - left + rectangle["x"] + inside["x"], place[1] - top + rectangle["y"] + inside["y"]
+
+    def _shift(self, x, top, bottom):
+        """How much lower the panel is seen than it knows. It does not know at which edge a bar is that it has not been
+        opened from.
+        """
+        picture = self.picture()
+
+        def is_paper(y):
+            return 0 <= y < picture.height and picture.pixel(x, y) in PAPERS
+        for shift in sorted(range(-LARGEST_SHIFT, LARGEST_SHIFT + 1), key=abs):
+            if is_paper(top + shift + 4) and is_paper(bottom + shift - 4) and not (
+                    is_paper(top + shift - 2) or is_paper(bottom + shift + 2)):
+                return shift
+        return 0
 
     @cached_property
     def can_remove_screens(self):
