@@ -132,7 +132,8 @@ class DesktopModel:
         if not self.panel_is_open:
             self._show_panel(framed=not self.has_tray)
         self.panel_is_unasked = False
-        self.panel_has_keyboard = None if self.panel_is_framed else True
+        # Beside the settings, each desktop has its own way.
+        self.panel_has_keyboard = True if self.panel_is_exclusive else None
 
     def _show_panel(self, framed):
         self.panel_is_open, self.panel_is_framed = True, framed
