@@ -1,5 +1,6 @@
 """A desktop with the player on it, whose parts can be taken away and given back."""
 
+import math
 import os
 import shutil
 import signal
@@ -27,8 +28,10 @@ def tone_number(samples):
     if is_silent(samples):
         return 0
     half = len(samples) // 2
-    numbers = {round((pitch(part) - LOWEST_TONE) / TONE_STEP) if not is_silent(part) else 0
-               for part in (samples[:half], samples[half:])}
+    pitches = [0 if is_silent(part) else pitch(part) for part in (samples[:half], samples[half:])]
+    if any(map(math.isnan, pitches)):
+        return None
+    numbers = {round((frequency - LOWEST_TONE) / TONE_STEP) if frequency else 0 for frequency in pitches}
     return numbers.pop() if len(numbers) == 1 else None
 
 

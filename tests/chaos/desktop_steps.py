@@ -95,6 +95,9 @@ class DesktopSteps(Steps):
             else:
                 bar.end()
             self.model.remove_bar(kind, time.monotonic())
+        if self.desk.session.server.parts:
+            # WirePlumber ends with it. What is left may still play, or not.
+            self.model.lose_server()
 
     def start_bus(self):
         self.desk.session.start_bus()

@@ -62,6 +62,10 @@ class Model(DesktopModel):
             if self.can_be_heard:
                 self.heard[0] += seconds
 
+    def lose_server(self):
+        self.has_sound_server = False
+        self.lose_music(3)
+
     def lose_music(self, seconds):
         """So much less may have been heard, because of a fault."""
         self.heard[0] = max(0.0, self.heard[0] - seconds)

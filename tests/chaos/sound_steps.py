@@ -10,7 +10,9 @@ class SoundSteps(Steps):
     def possible(self):
         model = self.model
         if not model.has_sound_server:
-            return [(8, self.start_server)]
+            # WirePlumber plays nothing without a session bus.
+            can_start = model.has_bus or not self.desk.session.server.parts
+            return [(8, self.start_server)] if can_start else []
         steps = [(2, self.kill_server), (2, self.freeze_server)]
         if self.desk.session.server.parts:
             steps.append((3, self.kill_server_part))
@@ -25,18 +27,14 @@ class SoundSteps(Steps):
 
     def kill_server(self):
         self.desk.kill_server()
-        self._lose_server()
+        self.model.lose_server()
 
     def kill_server_part(self):
         part = self.random.choice(self.desk.session.server.parts)
         self.desk.kill_server_part(part)
         # What is left may still play, or not.
-        self._lose_server()
+        self.model.lose_server()
         return part
-
-    def _lose_server(self):
-        self.model.has_sound_server = False
-        self.model.lose_music(3)
 
     def start_server(self):
         self.desk.start_server()
