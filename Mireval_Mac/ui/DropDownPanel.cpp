@@ -10,9 +10,18 @@
 #include <QScreen>
 #include <QStyleHints>
 
+#include <chrono>
+#include <utility>
 #include <vector>
 
 namespace mireval {
+namespace {
+
+// Window managers give the keyboard of a window that closes to another one, maybe after the panel has taken
+// it.
+constexpr auto focusSettlingTime = std::chrono::milliseconds(300);
+
+}  // namespace
 
 DropDownPanel::DropDownPanel(const std::optional<QRect>& icon, const WindowSystem& windowSystem,
                              AudioPlayerController& audioPlayer, AppLocalization& localization,
@@ -43,7 +52,9 @@ void DropDownPanel::open() {
 }
 
 void DropDownPanel::setSettingsOpen(bool open) {
-  m_settingsOpen = open;
+  if (std::exchange(m_settingsOpen, open) && !open) {
+    m_sinceSettings.start();
+  }
   m_dropDown->setExclusive(!open);
 }
 
@@ -88,9 +99,14 @@ void DropDownPanel::dismiss(Dismissal how) {
 
 void DropDownPanel::focusOutEvent(QFocusEvent* event) {
   PanelWindow::focusOutEvent(event);
-  if (!m_settingsOpen) {
-    dismiss(Dismissal::turnedAway);
+  if (m_settingsOpen) {
+    return;
   }
+  if (m_sinceSettings.isValid() && m_sinceSettings.elapsed() < focusSettlingTime.count()) {
+    requestActivate();
+    return;
+  }
+  dismiss(Dismissal::turnedAway);
 }
 
 void DropDownPanel::keyPressEvent(QKeyEvent* event) {

@@ -46,6 +46,7 @@ class DropDownPanel final : public PanelWindow {
   const bool m_blended;
   const std::unique_ptr<DropDown> m_dropDown;
   bool m_settingsOpen = false;
+  QElapsedTimer m_sinceSettings;
   QElapsedTimer m_sinceOpening;
   /// Of the pointer at the opening.
   QPoint m_openedAt;

@@ -147,7 +147,10 @@ class PipeWire(SoundServer):
         for name in SINKS:
             if name not in self.sinks():
                 self.add_sink(name)
-        wait_for(lambda: self._session.run("pactl", "set-default-sink", SINKS[0]).returncode == 0, "a default sink")
+        wait_for(self._has_default_sink, "a default sink", 5)
+
+    def _has_default_sink(self):
+        return self._session.run("timeout", "2", "pactl", "set-default-sink", SINKS[0]).returncode == 0
 
     def _is_linked(self):
         command = f"timeout 2 parec --raw --latency-msec=40 -d {SINKS[0]}.monitor | head -c 64 | wc -c"

@@ -398,6 +398,10 @@ TEST_F(PanelWindowTest, DropDownStaysOpenBesideTheSettings) {
   EXPECT_TRUE(panel->isVisible());
   panel->setSettingsOpen(false);
   EXPECT_TRUE(m_windowSystem.dropDown()->isExclusive());
+  // The window manager looks for the next window.
+  QCoreApplication::sendEvent(panel.get(), &loss);
+  EXPECT_TRUE(panel->isVisible());
+  QTest::qWait(400);
   QCoreApplication::sendEvent(panel.get(), &loss);
   EXPECT_FALSE(panel->isVisible());
 }
