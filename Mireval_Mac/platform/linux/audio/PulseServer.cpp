@@ -149,7 +149,7 @@ void PulseServer::tellReady() {
 }
 
 void PulseServer::awaitSink() {
-  if (pa_context* const context = readyContext()) {
+  if (pa_context* const context = readyContext(); ++m_sinkAwaiters == 1 && context != nullptr) {
     pa_context_set_subscribe_callback(
         context,
         [](pa_context*, pa_subscription_event_type_t event, std::uint32_t, void* self) {
@@ -164,7 +164,7 @@ void PulseServer::awaitSink() {
 }
 
 void PulseServer::awaitNoSink() {
-  if (pa_context* const context = readyContext()) {
+  if (pa_context* const context = readyContext(); --m_sinkAwaiters == 0 && context != nullptr) {
     pa_context_set_subscribe_callback(context, nullptr, nullptr);
     const PulsePointer<pa_operation> unsubscribing(
         pa_context_subscribe(context, PA_SUBSCRIPTION_MASK_NULL, nullptr, nullptr));

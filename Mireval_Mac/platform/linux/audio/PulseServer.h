@@ -77,7 +77,8 @@ class PulseServer {
   /// configuration tells it to. Does both once until a server is there.
   void askForServer();
 
-  /// From now on the clients are told when the server, which must be ready, gets a new sink.
+  /// The clients are told when the server, which must be ready, gets a new sink, until as many calls of
+  /// `awaitNoSink` have followed.
   void awaitSink();
   void awaitNoSink();
 
@@ -100,6 +101,7 @@ class PulseServer {
   PulsePointer<pa_context> m_context;
   std::vector<Client*> m_clients;
   bool m_hasAskedForServer = false;
+  int m_sinkAwaiters = 0;
 };
 
 }  // namespace mireval
