@@ -30,7 +30,7 @@ class MachineSteps(Steps):
             steps.append((1, self.memory_shortage))
         if self.desk.session.clocks:
             steps += [(1, self.set_wall_clock), (2, self.sleep)]
-        if self.model.sounds:
+        if self.model.sounds and self._presses():
             # Its connection to the server is there, and needs no descriptor.
             steps.append((2, self.no_descriptors))
         return steps
@@ -130,13 +130,12 @@ class MachineSteps(Steps):
 
     def no_descriptors(self):
         """Presses while nothing can be opened."""
-        user, = (kind for kind in self._walk.kinds if isinstance(kind, UserSteps))
         descriptors = Descriptors(self.desk.player.process.pid)
         details = [f"{descriptors.take()} open"]
         self.model.has_descriptors = False
         try:
             for _ in range(self.random.randint(1, 3)):
-                weights, steps = zip(*(step for step in user.possible() if step[1].__name__ in PRESSES), strict=True)
+                weights, steps = zip(*self._presses(), strict=True)
                 step, = self.random.choices(steps, weights)
                 self._walk.wait_for_end_of_track()
                 details.append(f"{step.__name__} {step() or ''}".strip())
@@ -145,6 +144,10 @@ class MachineSteps(Steps):
             descriptors.give_back()
             self.model.has_descriptors = True
         return ", ".join(details)
+
+    def _presses(self):
+        user, = (kind for kind in self._walk.kinds if isinstance(kind, UserSteps))
+        return [step for step in user.possible() if step[1].__name__ in PRESSES]
 
     # Clocks.
 
