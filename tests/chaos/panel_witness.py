@@ -101,7 +101,7 @@ def _panel_differences(model, panel, track_seconds, slack):
     focused = [BUTTONS[model.focus]] if model.panel_has_keyboard else []
     if model.panel_has_keyboard is not None and panel.focused != focused:
         found.append(f"{panel.focused} focused, not {focused}")
-    least, most = model.heard if model.loaded else (0, 0)
+    least, most = model.expected_position if model.loaded else (0, 0)
     if not least - LAG_SECONDS <= panel.progress * track_seconds <= most + slack:
         found.append(f"progress {panel.progress * track_seconds:.1f} s, not {least:.1f} to {most:.1f} s")
     paper = BLACK if model.is_dark else WHITE

@@ -276,14 +276,13 @@ class Walk:
             pause = self.random.choice((0, 0, self.random.uniform(0, LONGEST_WAIT_SECONDS)))
             name = step.__name__.replace("_", " ")
             self.number += 1
-            time.sleep(pause)
-            self.model.pass_time(time.monotonic())
-            self.disagreements()
-            self.wait_for_end_of_track()
-            self.count_lost_music()
-            self.fault_ended = None
-            detail = ""
+            detail = "not yet"
             try:
+                time.sleep(pause)
+                self.wait_for_end_of_track()
+                self.wait_for_agreement("pause")
+                self.count_lost_music()
+                self.fault_ended = None
                 detail = step() or ""
                 self.fault_ended = self.fault_ended or time.monotonic()
                 self.last_step, self.music_is_expected = name, self.expects_music()
