@@ -67,8 +67,9 @@ def _look_at_panel(session, picture, elements, texts):
 def differences(model, shown, track_seconds, slack):
     """What is shown otherwise than the model has it."""
     found = []
-    # A frozen bar goes on showing what it has lost.
-    icons = [kind for kind in shown.icons if kind == model.icon_bar or kind != model.frozen_bar]
+    # A frozen bar goes on showing what it has lost. Where no bar is, a window may have the icon's colour.
+    icons = [kind for kind in shown.icons
+             if kind == model.icon_bar or (kind in model.bars and kind != model.frozen_bar)]
     if icons != model.icons:
         found.append(f"icons on {icons}, not {model.icons}")
     words = model.words

@@ -39,6 +39,8 @@ class SoundSteps(Steps):
     def start_server(self):
         self.desk.start_server()
         self._walk.fault_ended = self.desk.session.server.ready_at
+        # It may have taken long.
+        self.model.pass_time(time.monotonic())
         self.model.has_sound_server = True
         self.model.sinks, self.model.has_headset, self.model.suspended_sink = set(SINKS), False, None
         self.model.lose_music(6)
