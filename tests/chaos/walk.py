@@ -52,6 +52,7 @@ ALLOWED_ERRORS = (
     ".*: Too many open files",
     "The per-process limit on the number of open file descriptors has been reached.",
     "ERROR: cannot create wakeup pipe",
+    'qt.qpa.wayland: Could not load cursor theme "default" size [0-9]+',
 )
 
 
