@@ -175,7 +175,7 @@ TEST_F(StatusNotifierItemTest, RegistersWithEachNewOwner) {
   m_host = nullptr;
   makeHost();
   m_host->appear();
-  ASSERT_TRUE(isAsked(2));
+  ASSERT_TRUE(isAsked(3));
   EXPECT_TRUE(becomes(Placement::placed));
   EXPECT_EQ(m_host->registrations().size(), 1);
 }
