@@ -92,7 +92,9 @@ class GnomeSession(Session):
     def menu(self):
         """The texts in the menu that is open, each with its place; nothing while there is none."""
         menu = "Main.panel.menuManager.activeMenu"
-        return self.evaluate(f"{menu} ? {TEXTS}({menu}.actor) : {{}}")
+        places = self.evaluate(f"{menu} ? {TEXTS}({menu}.actor) : {{}}")
+        # Those of a menu that the shell has not laid out yet are not numbers.
+        return {} if any(None in place for place in places.values()) else places
 
     def frame(self, title):
         """Left, top, width and height of the window with the title."""
