@@ -1,6 +1,7 @@
 #include "BusPeer.h"
 
 #include "FuzzedValues.h"
+#include "platform/linux/bus/MessageBus.h"
 #include "platform/linux/posix/FileDescriptor.h"
 
 #include <QCoreApplication>
@@ -70,6 +71,15 @@ void BusPeer::settle() {
     QCoreApplication::processEvents();
     quiet = process() ? 0 : quiet + 1;
   }
+}
+
+void BusPeer::settleConnected(const MessageBus& bus) {
+  settle();
+  require(bus.isOpen());
+}
+
+BusPeer::Outline BusPeer::ownerChanged(const char* name) {
+  return {"/org/freedesktop/DBus", "org.freedesktop.DBus", "NameOwnerChanged", "sss", {name}};
 }
 
 void BusPeer::accept() {

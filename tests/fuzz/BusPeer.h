@@ -10,6 +10,8 @@
 
 namespace mireval {
 
+class MessageBus;
+
 /// The other end of the next connection that a MessageBus opens: it stands for the bus and for everybody on
 /// it. What it sends is made from a fuzzer's input. Its thread is that of the MessageBus, and has an
 /// application object. It accepts one connection.
@@ -34,6 +36,12 @@ class BusPeer {
 
   /// Handles messages in both directions until there are none.
   void settle();
+
+  /// The same. Ends the process as a failure if the program is not connected by its bus then.
+  void settleConnected(const MessageBus& bus);
+
+  /// The signal of the bus that the name has another owner.
+  static Outline ownerChanged(const char* name);
 
   /// Sends a call, which gets an answer.
   void call(const Outline& outline, FuzzInput& input);

@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
@@ -17,7 +16,7 @@ constexpr const char* watcher = StatusNotifierItem::watcherName;
 constexpr const char* watcherPath = StatusNotifierItem::watcherPath;
 constexpr const char* bus = "org.freedesktop.DBus";
 
-const BusPeer::Outline ownerChanged{"/org/freedesktop/DBus", bus, "NameOwnerChanged", "sss", {watcher}};
+const BusPeer::Outline ownerChanged = BusPeer::ownerChanged(watcher);
 const BusPeer::Outline hostCame{watcherPath, watcher, "StatusNotifierHostRegistered", ""};
 const BusPeer::Outline hostWent{watcherPath, watcher, "StatusNotifierHostUnregistered", ""};
 
@@ -62,9 +61,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   while (!input.isEmpty()) {
     play(peer, item, input);
   }
-  peer.settle();
-  if (!sessionBus.isOpen()) {
-    std::abort();
-  }
+  peer.settleConnected(sessionBus);
   return 0;
 }

@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
@@ -15,7 +14,7 @@ using mireval::BusPeer;
 constexpr const char* portal = "org.freedesktop.portal.Desktop";
 constexpr const char* bus = "org.freedesktop.DBus";
 
-const BusPeer::Outline ownerChanged{"/org/freedesktop/DBus", bus, "NameOwnerChanged", "sss", {portal}};
+const BusPeer::Outline ownerChanged = BusPeer::ownerChanged(portal);
 const BusPeer::Outline settingChanged{"/org/freedesktop/portal/desktop",
                                       "org.freedesktop.portal.Settings",
                                       "SettingChanged",
@@ -43,9 +42,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         peer.emit(bus, ownerChanged, input);
     }
   }
-  peer.settle();
-  if (!sessionBus.isOpen()) {
-    std::abort();
-  }
+  peer.settleConnected(sessionBus);
   return 0;
 }
