@@ -106,15 +106,14 @@ class Desk:
     def media(self):
         """Status and title as the bus says them; None while the player is not among the media players, or no bus there.
         """
-        if not self.session.has_bus or self.controls.name not in player_names(self.session):
-            return None
-        return self.controls.status, self.controls.title
+        return (self.controls.status, self.controls.title) if self._is_among_players() else None
 
     def position(self):
         """Seconds, as the bus says them; None while the player is not among the media players."""
-        if not self.session.has_bus or self.controls.name not in player_names(self.session):
-            return None
-        return self.controls.position_seconds
+        return self.controls.position_seconds if self._is_among_players() else None
+
+    def _is_among_players(self):
+        return self.session.has_bus and self.controls.name in player_names(self.session)
 
     def written_lines(self):
         return self.player.output.splitlines()

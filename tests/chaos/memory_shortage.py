@@ -7,7 +7,8 @@ import sys
 import time
 from pathlib import Path
 
-PRESSURE = Path("/proc/pressure/memory")
+from memory_pressure import seconds_waited
+
 # Room for the readers, but not for the file.
 LIMIT_BYTES = 40 << 20
 FILE_BYTES = 96 << 20
@@ -67,7 +68,7 @@ class MemoryShortage:
 
     def run(self, seconds):
         """Returns how long some task waited for memory meanwhile, in seconds. The player asks to be told of 0.2."""
-        before = self._waited()
+        before = seconds_waited()
         join = f'echo $$ > "{self._group}/cgroup.procs"; exec "$@"'
         readers = [self._session.start(["sh", "-c", join, "sh", sys.executable, "-c", READER, str(self._file)])
                    for _ in range(READERS)]
@@ -77,12 +78,7 @@ class MemoryShortage:
             for reader in readers:
                 reader.kill()
                 reader.wait(30)
-        return self._waited() - before
-
-    @staticmethod
-    def _waited():
-        some = PRESSURE.read_text(encoding="ascii").splitlines()[0]
-        return int(some.rpartition("=")[2]) / 1e6
+        return seconds_waited() - before
 
     def end(self):
         self._group.rmdir()

@@ -4,7 +4,6 @@ from desktop_model import DesktopModel
 from sound_servers import SINKS
 
 MODES = ("focus", "tempo", "creative", "relaxation")
-TITLES = {"focus": "Focus", "tempo": "Tempo", "creative": "Create", "relaxation": "Relax"}
 TRACKS_PER_MODE = 16
 
 

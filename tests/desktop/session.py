@@ -247,13 +247,8 @@ class Session:
         wait_for(lambda: self.run("xdotool", "get_desktop").returncode == 0, "the window manager")
 
     def start_tray(self):
-        self._tray = self.start(["xfce4-panel", "--disable-wm-check"])
+        self.start(["xfce4-panel", "--disable-wm-check"])
         self.wait_for_tray()
-
-    def stop_tray(self):
-        """Kills the bar with its tray."""
-        self._tray.kill()
-        self._tray.wait(10)
 
     def has_tray(self):
         return self._bus_has("org.kde.StatusNotifierWatcher")
