@@ -137,6 +137,12 @@ class TrayCase(DesktopTest):
         self.session.press_key("Escape")
         self.wait_until_closed()
 
+    def frame(self):
+        """The sum of the frame's extents around the one window."""
+        window, = self.windows()
+        values = self.session.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").stdout.partition("=")[2]
+        return sum(map(int, values.split(","))) if values else 0
+
     def assert_beside(self, panel, edge, bar, click, screen):
         """The panel is beside the bar and next to what was clicked, on the screen of that rectangle."""
         where = panel, bar.rectangle(), click
@@ -438,12 +444,6 @@ class EmbeddedIconTest(TrayCase):
 
 
 class LateBarTest(TrayCase):
-    def frame(self):
-        """The sum of the frame's extents around the one window."""
-        window, = self.windows()
-        values = self.session.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").stdout.partition("=")[2]
-        return sum(map(int, values.split(","))) if values else 0
-
     def test_a_window_until_there_is_a_bar(self):
         self.start_player()
         self.wait_for_panel()
@@ -634,6 +634,34 @@ class LostIconTest(TrayCase):
         self.assert_beside(self.open_panel(icon), "bottom", bar, icon, SCREEN)
         self.close_panel()
         self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+
+    def test_an_icon_that_an_older_bar_takes_back(self):
+        older = Tint2(self.session, 0x101010)
+        player = self.start_player()
+        self.find_icon(older)
+        newer = XfcePanel(self.session)
+        self.find_icon(newer, "the icon, on the bar that has come")
+        # Takes the newer bar along.
+        self.session.stop_bus()
+        newer.wait_for_end()
+        icon = centre_of(self.find_icon(older, "the icon, on the older bar"))
+        self.assert_beside(self.open_panel(icon), "bottom", older, icon, SCREEN)
+        self.session.screenshot("older-bar")
+        self.close_panel()
+        self.run_copy()
+        self.wait_for_panel()
+        self.assertEqual(self.frame(), 0, "a window is for those who have no icon")
+        self.close_panel()
+
+        older.kill()
+        self.wait_until_closed_soon()
+        self.session.press_key("Escape")
+        older.start()
+        icon = centre_of(self.find_icon(older, "the icon, back on the older bar"))
+        self.assert_beside(self.open_panel(icon), "bottom", older, icon, SCREEN)
+        self.close_panel()
         self.assertEqual((player.output, player.errors), ("", ""))
 
 

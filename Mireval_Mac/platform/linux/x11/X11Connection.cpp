@@ -46,7 +46,7 @@ std::optional<X11Connection> X11Connection::forApplication() {
   for (int i = 0; i < number && screens.rem > 1; ++i) {
     xcb_screen_next(&screens);
   }
-  return X11Connection(connection, screens.data, number);
+  return X11Connection(connection, screens.data);
 }
 
 bool X11Connection::hasExtension(std::string_view name) const {
@@ -70,6 +70,12 @@ std::optional<QPoint> X11Connection::pointer() const {
     return std::nullopt;
   }
   return QPoint(reply->root_x, reply->root_y);
+}
+
+bool X11Connection::isEmbedded(xcb_window_t window) const {
+  const Pointer<xcb_query_tree_reply_t> reply(
+      xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
+  return reply && reply->parent != reply->root;
 }
 
 std::vector<xcb_window_t> X11Connection::windows(xcb_window_t window, xcb_atom_t property) const {

@@ -26,13 +26,15 @@ class X11Connection final {
   bool hasExtension(std::string_view name) const;
   bool selectionHasOwner(std::string_view selection) const;
 
-  /// Of the screen that shows the application's windows; a display may have several, each with its own root.
-  int screenNumber() const { return m_screenNumber; }
+  /// Of the screen that shows the application's windows; a display may have several.
   xcb_window_t root() const { return m_screen->root; }
   /// In pixels, over all screens.
   QSize rootSize() const { return {m_screen->width_in_pixels, m_screen->height_in_pixels}; }
   /// Of the pointer, in pixels on the root window.
   std::optional<QPoint> pointer() const;
+
+  /// Whether it is inside of another window than the root.
+  bool isEmbedded(xcb_window_t window) const;
 
   /// XCB_ATOM_NONE if nobody has used the name yet: then there is nothing to find under it.
   xcb_atom_t atom(std::string_view name) const { return atom(name, Make::no); }
@@ -55,8 +57,8 @@ class X11Connection final {
   void setInputShape(xcb_window_t window, const QRegion& pixels) const;
 
  private:
-  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, int screenNumber)
-      : m_connection(connection), m_screen(screen), m_screenNumber(screenNumber) {}
+  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen)
+      : m_connection(connection), m_screen(screen) {}
 
   enum class Make : std::uint8_t { no, yes };
 
@@ -66,7 +68,6 @@ class X11Connection final {
 
   xcb_connection_t* m_connection;
   const xcb_screen_t* m_screen;
-  int m_screenNumber;
 };
 
 }  // namespace mireval
