@@ -36,6 +36,9 @@ class DropDown : public QObject {
   /// Shows the window and asks for the keyboard.
   virtual void show() = 0;
 
+  /// Asks for the keyboard again, after another window has got it.
+  virtual void activate() = 0;
+
   /// Whether the visible window has the keyboard to itself and is told of clicks outside, as it is after
   /// `show`. Without that, another window of the application can be used beside it.
   virtual void setExclusive(bool exclusive) = 0;

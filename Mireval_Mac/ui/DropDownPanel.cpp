@@ -103,7 +103,7 @@ void DropDownPanel::focusOutEvent(QFocusEvent* event) {
     return;
   }
   if (m_sinceSettings.isValid() && m_sinceSettings.elapsed() < focusSettlingTime.count()) {
-    requestActivate();
+    m_dropDown->activate();
     return;
   }
   dismiss(Dismissal::turnedAway);

@@ -24,11 +24,18 @@ class FakeDropDown final : public DropDown {
 
   void show() override {
     m_window.show();
+    activate();
+  }
+
+  void activate() override {
     m_window.requestActivate();
+    ++m_activations;
   }
 
   void setExclusive(bool exclusive) override { m_exclusive = exclusive; }
 
+  /// How often it asked for the keyboard.
+  int activations() const { return m_activations; }
   bool isExclusive() const { return m_exclusive; }
 
   const QRegion& shape() const { return m_shape; }
@@ -36,6 +43,7 @@ class FakeDropDown final : public DropDown {
 
  private:
   bool m_exclusive = true;
+  int m_activations = 0;
   QWindow& m_window;
   QRegion m_shape;
   Outside m_outside = Outside::hidden;

@@ -398,9 +398,11 @@ TEST_F(PanelWindowTest, DropDownStaysOpenBesideTheSettings) {
   EXPECT_TRUE(panel->isVisible());
   panel->setSettingsOpen(false);
   EXPECT_TRUE(m_windowSystem.dropDown()->isExclusive());
+  const int activations = m_windowSystem.dropDown()->activations();
   // The window manager looks for the next window.
   QCoreApplication::sendEvent(panel.get(), &loss);
   EXPECT_TRUE(panel->isVisible());
+  EXPECT_EQ(m_windowSystem.dropDown()->activations(), activations + 1);
   QTest::qWait(400);
   QCoreApplication::sendEvent(panel.get(), &loss);
   EXPECT_FALSE(panel->isVisible());

@@ -83,6 +83,10 @@ void LayerDropDown::show() {
   }
 }
 
+void LayerDropDown::activate() {
+  m_window.requestActivate();
+}
+
 void LayerDropDown::setExclusive(bool exclusive) {
   if (std::exchange(m_exclusive, exclusive) != exclusive && m_role) {
     m_role->place(placement());

@@ -24,6 +24,7 @@ class LayerDropDown final : public DropDown {
   void moveTo(QScreen& screen, const QRect& workArea, QPoint position) override;
   void setShape(const QRegion& pixels, Outside outside) override;
   void show() override;
+  void activate() override;
   void setExclusive(bool exclusive) override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;

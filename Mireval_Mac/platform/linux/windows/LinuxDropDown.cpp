@@ -25,6 +25,14 @@ const LinuxDropDown::Kind LinuxDropDown::placedByDesktop{.flags = Qt::Window | Q
 
 const LinuxDropDown::Kind LinuxDropDown::grabbing{
     .flags = Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint,
+    // Qt asks as of the last event that it has seen. The server refuses that if another client, as the window
+    // manager, has given the keyboard to somebody since.
+    .activate =
+        [](QWindow& window) {
+          if (const auto x11 = X11Connection::forApplication()) {
+            x11->giveKeyboardTo(static_cast<xcb_window_t>(window.winId()));
+          }
+        },
     // Leaves the keyboard alone: grabbing it would swallow the media keys.
     .grab = [](QWindow& window) { return window.setMouseGrabEnabled(true); },
     .release = [](QWindow& window) { window.setMouseGrabEnabled(false); },
@@ -114,8 +122,12 @@ void LinuxDropDown::show() {
     m_catcher->show();
   }
   m_window.show();
-  m_window.requestActivate();
+  activate();
   grabInput(grabAttempts);
+}
+
+void LinuxDropDown::activate() {
+  m_kind.activate(m_window);
 }
 
 void LinuxDropDown::setExclusive(bool exclusive) {
@@ -127,7 +139,7 @@ void LinuxDropDown::setExclusive(bool exclusive) {
   }
   if (exclusive) {
     m_window.raise();
-    m_window.requestActivate();
+    activate();
     grabInput(grabAttempts);
   } else {
     m_kind.release(m_window);

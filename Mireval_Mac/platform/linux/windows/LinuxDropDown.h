@@ -22,6 +22,8 @@ class LinuxDropDown final : public DropDown {
     bool catchesClicks = false;
     /// Called each time before the window is shown.
     void (*prepare)(QWindow& window) = [](QWindow&) {};
+    /// Asks for the keyboard. Called while the window is visible.
+    void (*activate)(QWindow& window) = [](QWindow& window) { window.requestActivate(); };
     /// Called when the window has got the keyboard.
     void (*activated)(QWindow& window) = [](QWindow&) {};
     /// Grabs what the visible window needs of the input devices. Called until it succeeds, for a while.
@@ -48,6 +50,7 @@ class LinuxDropDown final : public DropDown {
   void moveTo(QScreen& screen, const QRect& workArea, QPoint position) override;
   void setShape(const QRegion& pixels, Outside outside) override;
   void show() override;
+  void activate() override;
   void setExclusive(bool exclusive) override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -46,7 +46,7 @@ std::optional<X11Connection> X11Connection::forApplication() {
   for (int i = 0; i < number && screens.rem > 1; ++i) {
     xcb_screen_next(&screens);
   }
-  return X11Connection(connection, screens.data);
+  return X11Connection(connection, screens.data, number);
 }
 
 bool X11Connection::hasExtension(std::string_view name) const {
@@ -126,6 +126,11 @@ void X11Connection::setCardinals(xcb_window_t window, std::string_view property,
                                  std::initializer_list<std::uint32_t> values) const {
   xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom(property, Make::yes),
                       XCB_ATOM_CARDINAL, 32, static_cast<std::uint32_t>(values.size()), values.begin());
+}
+
+void X11Connection::giveKeyboardTo(xcb_window_t window) const {
+  xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+  xcb_flush(m_connection);
 }
 
 void X11Connection::setShape(xcb_window_t window, const QRegion& pixels) const {

@@ -26,7 +26,8 @@ class X11Connection final {
   bool hasExtension(std::string_view name) const;
   bool selectionHasOwner(std::string_view selection) const;
 
-  /// Of the screen that shows the application's windows; a display may have several.
+  /// Of the screen that shows the application's windows; a display may have several, each with its own root.
+  int screenNumber() const { return m_screenNumber; }
   xcb_window_t root() const { return m_screen->root; }
   /// In pixels, over all screens.
   QSize rootSize() const { return {m_screen->width_in_pixels, m_screen->height_in_pixels}; }
@@ -50,6 +51,9 @@ class X11Connection final {
   void setCardinals(xcb_window_t window, std::string_view property,
                     std::initializer_list<std::uint32_t> values) const;
 
+  /// At once, whoever has it. The window has to be viewable.
+  void giveKeyboardTo(xcb_window_t window) const;
+
   /// The window is there only where the region is, for the eye and for the pointer. In pixels from its
   /// top-left corner.
   void setShape(xcb_window_t window, const QRegion& pixels) const;
@@ -57,8 +61,8 @@ class X11Connection final {
   void setInputShape(xcb_window_t window, const QRegion& pixels) const;
 
  private:
-  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen)
-      : m_connection(connection), m_screen(screen) {}
+  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, int screenNumber)
+      : m_connection(connection), m_screen(screen), m_screenNumber(screenNumber) {}
 
   enum class Make : std::uint8_t { no, yes };
 
@@ -68,6 +72,7 @@ class X11Connection final {
 
   xcb_connection_t* m_connection;
   const xcb_screen_t* m_screen;
+  int m_screenNumber;
 };
 
 }  // namespace mireval

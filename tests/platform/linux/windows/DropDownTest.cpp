@@ -202,8 +202,40 @@ class X11DropDownTest : public testing::Test {
     return region;
   }
 
+  bool windowHasKeyboard() {
+    const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> reply(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr), &std::free);
+    return reply->focus == m_window.winId();
+  }
+
   QRasterWindow m_window;
   xcb_connection_t* m_connection = nullptr;
+};
+
+/// Has a window of its own on the X server.
+class OtherClient {
+ public:
+  OtherClient() {
+    const xcb_screen_t* const screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
+    const std::uint32_t bypassesWindowManager = 1;
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, m_window, screen->root, 0, 0, 10, 10, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, XCB_CW_OVERRIDE_REDIRECT,
+                      &bypassesWindowManager);
+    xcb_map_window(m_connection, m_window);
+  }
+  OtherClient(const OtherClient&) = delete;
+  OtherClient& operator=(const OtherClient&) = delete;
+  ~OtherClient() { xcb_disconnect(m_connection); }
+
+  /// Has taken it when this returns.
+  void takeKeyboard() {
+    xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, m_window, XCB_CURRENT_TIME);
+    std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+  }
+
+ private:
+  xcb_connection_t* m_connection = xcb_connect(nullptr, nullptr);
+  const xcb_window_t m_window = xcb_generate_id(m_connection);
 };
 
 TEST_F(X11DropDownTest, ManagedWindowIsNotListedAmongTheWindows) {
@@ -234,6 +266,24 @@ TEST_F(X11DropDownTest, WhatCannotBeSeenThroughIsCutOff) {
   const QRegion panel = QRegion(0, 0, 100, 200).subtracted(QRect(0, 0, 3, 3));
   dropDown->setShape(panel, DropDown::Outside::hidden);
   EXPECT_EQ(shape(XCB_SHAPE_SK_BOUNDING), panel);
+}
+
+TEST_F(X11DropDownTest, TakesTheKeyboardFromWhoeverTookItLast) {
+  OtherClient other;
+  other.takeKeyboard();
+  const auto dropDown = LinuxWindowSystem().makeDropDown(m_window);
+  dropDown->show();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return windowHasKeyboard(); }, 2000));
+  // The event of this has the latest time that Qt knows.
+  dropDown->setShape(QRect(0, 0, 10, 10), DropDown::Outside::shadow);
+  QTest::qWait(50);
+  dropDown->setExclusive(false);
+  other.takeKeyboard();
+  dropDown->setExclusive(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return windowHasKeyboard(); }, 2000));
+  other.takeKeyboard();
+  dropDown->activate();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return windowHasKeyboard(); }, 2000));
 }
 
 TEST_F(X11DropDownTest, PlainX11GetsAWindowThatGrabsThePointer) {
