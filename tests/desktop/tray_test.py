@@ -640,9 +640,12 @@ class LostIconTest(TrayCase):
     def test_an_icon_that_an_older_bar_takes_back(self):
         older = Tint2(self.session, 0x101010)
         player = self.start_player()
-        self.find_icon(older)
+        self.open_panel(centre_of(self.find_icon(older)))
         newer = XfcePanel(self.session)
         self.find_icon(newer, "the icon, on the bar that has come")
+        time.sleep(self.SECONDS_UNTIL_CLOSED)
+        self.assertIsNotNone(self.panel(), "the icon was never lost")
+        self.close_panel()
         # Takes the newer bar along.
         self.session.stop_bus()
         newer.wait_for_end()

@@ -16,7 +16,7 @@ class EmbeddedIcon : public QObject {
  public:
   virtual void setToolTip(const QString& text) = 0;
 
-  /// True while a tray has it.
+  /// True while a tray has it or is about to take it.
   virtual bool isPlaced() const = 0;
 
  Q_SIGNALS:

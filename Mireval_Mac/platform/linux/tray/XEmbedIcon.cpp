@@ -14,6 +14,7 @@
 #include <xcb/xcb.h>
 
 #include <algorithm>
+#include <string>
 
 namespace mireval {
 namespace {
@@ -46,25 +47,32 @@ XEmbedIcon::XEmbedIcon(const std::filesystem::path& image) : m_icon(iconFrom(ima
 }
 
 // Qt 6.8 answers this question only after the session bus has answered, also for an icon that is already
-// embedded. And who owns the trays' selection does not tell: a tray may take the icon without it.
+// embedded. The owner of the trays' selection takes the icon soon, as from an older tray that gives it up. But a
+// tray may take it without the selection.
 bool XEmbedIcon::isPlaced() const {
   const auto x11 = X11Connection::forApplication();
+  if (!x11) {
+    return false;
+  }
+  if (x11->selectionHasOwner("_NET_SYSTEM_TRAY_S" + std::to_string(x11->screenNumber()))) {
+    return true;
+  }
   // The icon is the program's only widget; all else are Qt Quick's windows.
   const QWidgetList icons = QApplication::topLevelWidgets();
-  return x11 && std::ranges::any_of(icons, [&](const QWidget* icon) {
-           const QWindow* const window = icon->windowHandle();
-           return window != nullptr && window->handle() != nullptr &&
-                  x11->isEmbedded(static_cast<xcb_window_t>(window->winId()));
-         });
+  return std::ranges::any_of(icons, [&](const QWidget* icon) {
+    const QWindow* const window = icon->windowHandle();
+    return window != nullptr && window->handle() != nullptr &&
+           x11->isEmbedded(static_cast<xcb_window_t>(window->winId()));
+  });
 }
 
 bool XEmbedIcon::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
   if (type == "xcb_generic_event_t") {
     constexpr unsigned int typeMask = 0x7f;  // The other bit says that a client has sent the event.
     const unsigned int kind = static_cast<const xcb_generic_event_t*>(message)->response_type & typeMask;
-    // A tray takes the icon, and its end gives it back to the root window or destroys it. Queued, because Qt
-    // handles the event after this filter.
-    if (kind == XCB_REPARENT_NOTIFY || kind == XCB_DESTROY_NOTIFY) {
+    // A new tray sends a message, and embeds the icon. The window of a lost tray is destroyed. Queued, because
+    // Qt handles the event after this filter.
+    if (kind == XCB_CLIENT_MESSAGE || kind == XCB_REPARENT_NOTIFY || kind == XCB_DESTROY_NOTIFY) {
       QMetaObject::invokeMethod(this, &EmbeddedIcon::placementChanged, Qt::QueuedConnection);
     }
   }
