@@ -18,6 +18,10 @@ class WindowSystem {
  public:
   virtual ~WindowSystem() = default;
 
+  /// False while the process could not open all files that a new window takes. Toolkits end a process that
+  /// tries.
+  virtual bool hasRoomForWindow() const = 0;
+
   /// Makes a drop-down of the window, which has not been shown yet and must outlive the result.
   virtual std::unique_ptr<DropDown> makeDropDown(QWindow& window) const = 0;
 

@@ -51,12 +51,19 @@ void MenuBarScene::show(const std::filesystem::path& icon) {
                                 .missing = [this] { handleMissingMenuBar(); }});
 }
 
+bool MenuBarScene::canOpen() const {
+  return ViewWindow::canOpen(m_services.windowSystem, m_services.notices);
+}
+
 void MenuBarScene::toggle(const std::optional<QRect>& place) {
   if (m_panel || m_finder) {
     close();
     return;
   }
   if (m_sinceTurningAway.isValid() && !m_sinceTurningAway.hasExpired(reopeningTime())) {
+    return;
+  }
+  if (!canOpen()) {
     return;
   }
   if (place) {
@@ -108,6 +115,9 @@ void MenuBarScene::setSettingsOpen(bool open) {
 
 void MenuBarScene::openDropDown() {
   endSearch();
+  if (!canOpen()) {
+    return;
+  }
   Q_EMIT panelWillOpen();
   auto panel = std::make_unique<DropDownPanel>(m_place, m_services.windowSystem, m_services.audioPlayer,
                                                m_services.localization, m_services.colorScheme);
@@ -121,6 +131,9 @@ void MenuBarScene::openDropDown() {
 }
 
 void MenuBarScene::openFramed() {
+  if (!canOpen()) {
+    return;
+  }
   Q_EMIT panelWillOpen();
   auto panel = std::make_unique<FramedPanel>(m_icon, m_services.audioPlayer, m_services.localization,
                                              m_services.colorScheme);
@@ -169,8 +182,11 @@ void MenuBarScene::handleLostIcon() {
 
 void MenuBarScene::handleMissingMenuBar() {
   m_services.notices.say("the desktop has no tray for the icon; the panel opens as a window");
-  if (!m_panel) {
-    openFramed();
+  if (m_panel) {
+    return;
+  }
+  openFramed();
+  if (m_panel) {
     m_panelIsUnasked = true;
     // A screen reader presses a button without a pointer or a key.
     connect(&m_services.audioPlayer, &AudioPlayerController::isPlayingChanged, m_panel.get(),

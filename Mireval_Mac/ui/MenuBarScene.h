@@ -68,6 +68,7 @@ class MenuBarScene final : public QObject {
   void quitRequested();
 
  private:
+  bool canOpen() const;
   void toggle(const std::optional<QRect>& place);
   bool findIcon();
   void endSearch();

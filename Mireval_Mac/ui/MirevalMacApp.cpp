@@ -143,7 +143,11 @@ int runScenes(const Desktop& desktop, const CommandLine& commandLine) {
                       .localization = localization,
                       .notices = desktop.notices});
   const auto icon = desktop.resourceBundle.urlForResource(u"MenuBarIcon"_s, u"png"_s, {});
-  SettingsScene settings(localization, desktop.colorScheme, icon.value_or(""));
+  SettingsScene settings({.colorScheme = desktop.colorScheme,
+                          .windowSystem = desktop.windowSystem,
+                          .localization = localization,
+                          .notices = desktop.notices},
+                         icon.value_or(""));
   connectScenes(scene, settings, desktop);
   connectModes(*audioPlayer, desktop);
   scene.show(icon.value_or(""));

@@ -4,19 +4,21 @@
 
 namespace mireval {
 
-SettingsScene::SettingsScene(AppLocalization& localization, ColorScheme& colorScheme,
-                             std::filesystem::path icon)
-    : m_localization(localization), m_colorScheme(colorScheme), m_icon(std::move(icon)) {}
+SettingsScene::SettingsScene(Services services, std::filesystem::path icon)
+    : m_services(services), m_icon(std::move(icon)) {}
 
 SettingsScene::~SettingsScene() = default;
 
 void SettingsScene::show() {
+  if (!m_window && !ViewWindow::canOpen(m_services.windowSystem, m_services.notices)) {
+    return;
+  }
   Q_EMIT windowWillShow();
   if (m_window) {
     m_window->bringToFront();
     return;
   }
-  m_window = std::make_unique<SettingsWindow>(m_icon, m_localization, m_colorScheme);
+  m_window = std::make_unique<SettingsWindow>(m_icon, m_services.localization, m_services.colorScheme);
   connect(m_window.get(), &SettingsWindow::closed, this, &SettingsScene::release);
   // Queued: when the signal comes, the window still has its QML engine.
   connect(m_window.get(), &QObject::destroyed, this, &SettingsScene::windowDidClose, Qt::QueuedConnection);

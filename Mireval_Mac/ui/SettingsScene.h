@@ -11,14 +11,24 @@ namespace mireval {
 
 class AppLocalization;
 class ColorScheme;
+class Notices;
+class WindowSystem;
 
 /// The settings. Their window exists only while it is open, and there is one at most.
 class SettingsScene final : public QObject {
   Q_OBJECT
 
  public:
-  /// The objects are not owned and must outlive the scene. The window has the icon in the file.
-  SettingsScene(AppLocalization& localization, ColorScheme& colorScheme, std::filesystem::path icon);
+  /// What the scene uses. Not owned; must outlive the scene.
+  struct Services {
+    ColorScheme& colorScheme;
+    const WindowSystem& windowSystem;
+    AppLocalization& localization;
+    Notices& notices;
+  };
+
+  /// The window has the icon in the file.
+  SettingsScene(Services services, std::filesystem::path icon);
   ~SettingsScene() override;
 
   /// Opens the window. An open one comes to the front.
@@ -37,8 +47,7 @@ class SettingsScene final : public QObject {
  private:
   void release();
 
-  AppLocalization& m_localization;
-  ColorScheme& m_colorScheme;
+  const Services m_services;
   const std::filesystem::path m_icon;
   std::unique_ptr<SettingsWindow> m_window;
 };

@@ -1,6 +1,8 @@
 #include "ui/ViewWindow.h"
 
 #include "platform/ColorScheme.h"
+#include "platform/Notices.h"
+#include "platform/WindowSystem.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -40,6 +42,14 @@ void layOut(QQuickItem& item) {
 }
 
 }  // namespace
+
+bool ViewWindow::canOpen(const WindowSystem& windowSystem, Notices& notices) {
+  const bool canOpen = windowSystem.hasRoomForWindow();
+  if (!canOpen) {
+    notices.say("too many files are open; no window can be opened");
+  }
+  return canOpen;
+}
 
 ViewWindow::ViewWindow(const QString& view, Properties properties) {
   [[maybe_unused]] static const volatile auto keepTypes = &qml_register_types_Mireval;

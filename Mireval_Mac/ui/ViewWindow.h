@@ -11,6 +11,8 @@
 namespace mireval {
 
 class ColorScheme;
+class Notices;
+class WindowSystem;
 
 /// A window that shows one of our QML views, together with everything that QML needs for it: destroying the
 /// window frees it all. It is always as large as its view: a larger view is drawn once the window has grown,
@@ -19,6 +21,9 @@ class ViewWindow : public QQuickView {
   Q_OBJECT
 
  public:
+  /// Whether a window can be opened now. Says so if not.
+  static bool canOpen(const WindowSystem& windowSystem, Notices& notices);
+
   /// Makes sure that the open window is seen and has the keyboard.
   void bringToFront();
 

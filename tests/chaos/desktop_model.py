@@ -33,6 +33,9 @@ class DesktopModel:
         # How often the player has said that there is no tray: at least and at most.
         self.notices = [0, 0]
 
+        # Whether the player can open files; windows take some.
+        self.has_descriptors = True
+
         self.panel_is_open = False
         self.panel_is_framed = False
         # It opened by itself, and nobody has used it.
@@ -116,7 +119,7 @@ class DesktopModel:
         self.notices = [number + 1 for number in self.notices]
         if not self.panel_is_open:
             self._show_panel(framed=True)
-            self.panel_is_unasked = True
+            self.panel_is_unasked = self.panel_is_open
 
     # The windows.
 
@@ -136,6 +139,8 @@ class DesktopModel:
         self.panel_has_keyboard = True if self.panel_is_exclusive else None
 
     def _show_panel(self, framed):
+        if not self.has_descriptors:
+            return
         self.panel_is_open, self.panel_is_framed = True, framed
         self.panel_is_unasked = False
         self.panel_is_exclusive = not framed
@@ -146,6 +151,8 @@ class DesktopModel:
         self.panel_is_open = self.panel_is_exclusive = self.panel_has_keyboard = False
 
     def show_settings(self):
+        if not self.has_descriptors and not self.settings_are_open:
+            return
         self.settings_are_open = True
         if self.panel_is_open:
             self.panel_is_exclusive = False

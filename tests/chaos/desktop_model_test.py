@@ -55,6 +55,21 @@ class DesktopModelTest(unittest.TestCase):
         self.assertEqual((self.model.panel_has_keyboard, self.model.panel_is_exclusive), (True, True))
 
 
+    def test_without_descriptors_nothing_opens(self):
+        self.model.has_descriptors = False
+        self.model.toggle_panel()
+        self.model.show_settings()
+        self.assertFalse(self.model.panel_is_open or self.model.settings_are_open)
+        self.model.remove_bar("xfce", 0)
+        self.model.lose_patience()
+        self.assertFalse(self.model.panel_is_open or self.model.panel_is_unasked)
+        self.model.has_descriptors = True
+        self.model.show_settings()
+        self.model.has_descriptors = False
+        self.model.show_settings()
+        self.assertTrue(self.model.settings_are_open)
+
+
 class WaysTest(unittest.TestCase):
     """The keys that lead from one button to another."""
 

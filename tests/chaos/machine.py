@@ -1,4 +1,4 @@
-"""The machine below the player, as far as it can be spoilt: track files, covers, a disk, memory, descriptors."""
+"""The machine below the player, as far as it can be spoilt: track files, covers, a disk, memory."""
 
 import os
 import resource
@@ -82,24 +82,6 @@ class Machine:
         """Every processor, from now on for so long."""
         for _ in range(os.cpu_count()):
             self._session.start(["timeout", str(seconds), "sh", "-c", "while :; do :; done"])
-
-
-class Descriptors:
-    """Those that a process may still open."""
-
-    def __init__(self, pid):
-        self._pid = pid
-        self._limits = resource.prlimit(pid, resource.RLIMIT_NOFILE)
-
-    def take(self):
-        """From now on the process cannot open one more, unless it closes one. Returns how many it has."""
-        used = {int(name) for name in os.listdir(f"/proc/{self._pid}/fd")}
-        lowest_free = next(number for number in range(len(used) + 1) if number not in used)
-        resource.prlimit(self._pid, resource.RLIMIT_NOFILE, (lowest_free, self._limits[1]))
-        return len(used)
-
-    def give_back(self):
-        resource.prlimit(self._pid, resource.RLIMIT_NOFILE, self._limits)
 
 
 def resident_megabytes(pid):

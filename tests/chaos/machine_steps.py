@@ -2,7 +2,8 @@
 
 import time
 
-from machine import Descriptors, resident_megabytes
+from descriptors import Descriptors
+from machine import resident_megabytes
 from model import MODES
 from steps import Steps
 from user_steps import UserSteps
@@ -10,7 +11,7 @@ from user_steps import UserSteps
 DAMAGES = {"nothing": "delete", "garbage": "spoil", "half": "truncate", "other": "replace"}
 COVER_FAULTS = ("spoil_covers", "remove_covers", "restore_covers")
 DISK_FAULTS = {"full": ("fill", "free"), "read-only": ("make_read_only", "make_writable")}
-PRESSES = ("media_key", "mode_button", "next", "previous", "transport")
+PRESSES = ("icon", "media_key", "mode_button", "next", "previous", "settings_key", "transport")
 BUSY_SECONDS = 3
 MEMORY_SECONDS = 3
 DAY = 24 * 60 * 60

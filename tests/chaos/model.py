@@ -34,7 +34,6 @@ class Model(DesktopModel):
         self.files = {}
         # The share of the music in a file with its first half.
         self.half = 0.5
-        self.has_descriptors = True
         # "full" or "read-only" for the disk with the user's folders.
         self.disk = None
         self.failed_loads = 0

@@ -44,9 +44,11 @@ OTHER_TONE = len(MODES) * TRACKS_PER_MODE + 1
 # The second one also when the file cannot be opened.
 LINE_OF_FAILED_LOAD = (r'"Missing bundled track .+"|'
                        r'"Audio playback failed: (Invalid data found when processing input|Too many open files)"')
+NO_ROOM = "mireval: too many files are open; no window can be opened"
 NO_TRAY = "mireval: the desktop has no tray for the icon; the panel opens as a window"
 ALLOWED_ERRORS = (
     "mireval: no sound server answers; the music waits for one",
+    NO_ROOM,
     NO_TRAY,
     # libpulse says that nothing could be opened, which the walk has seen to.
     ".*: Too many open files",

@@ -9,6 +9,7 @@ import subprocess
 import time
 from pathlib import Path
 
+from descriptors import Descriptors
 from desktop_case import BUNDLE, PROGRAM, DesktopTest, make_tones
 from media import wait_for_player
 from player import Player
@@ -142,6 +143,29 @@ class SettingsTest(ShellCase):
         self.session.click((20, 500))
         player.wait_until_closed()
 
+    def test_the_keyboard_comes_back_to_the_panel(self):
+        player = self.start_copy()
+        self.session.click(player.find_icon())
+        player.wait_for_text("Select a mode")
+        panel, = self.windows()
+        self.session.press_key("ctrl+comma")
+        player.wait_for_text("Language")
+        settings, = set(self.windows()) - {panel}
+        self.focus(settings)
+        self.session.press_key("Escape")
+        wait_for(lambda: self.keyboard_window() == panel, "the panel to have the keyboard")
+        # A window manager that is late gives it to what was active before the settings.
+        bar = self.session.windows("--onlyvisible", "--class", "xfce4-panel")[0]
+        result = self.session.run("xdotool", "windowfocus", bar)
+        self.assertEqual(result.stderr, "")
+        wait_for(lambda: self.keyboard_window() == panel, "the panel to have the keyboard again", 3)
+        self.session.press_key("Escape")
+        player.wait_until_closed()
+        self.assertEqual((player.output, player.errors), ("", ""))
+
+    def keyboard_window(self):
+        return self.session.run("xdotool", "getwindowfocus").stdout.strip()
+
     def test_a_start_with_settings(self):
         player = self.start_copy("--settings")
         player.wait_for_text("Language")
@@ -199,6 +223,47 @@ class ModeTest(ShellCase):
         wait_for_player(self.session).wait_for_status("Playing")
         self.assertEqual(self.windows(), [])
         self.assertEqual((player.output, player.errors), ("", ""))
+
+
+class FewDescriptorsTest(ShellCase):
+    """No window opens that could end the program."""
+
+    NEEDED = 32
+    NOTICE = "mireval: too many files are open; no window can be opened\n"
+
+    def setUp(self):
+        super().setUp()
+        self.resources = make_tones(self.session.folder / "resources", 60)
+
+    def test_panel_and_settings_wait_for_descriptors(self):
+        player = self.start_copy("--mode=focus")
+        icon = player.find_icon()
+        recorder = self.listen()
+        self.hear_sound(recorder)
+        start = recorder.mark()
+        descriptors = Descriptors(player.process.pid)
+        descriptors.take(self.NEEDED - 1)
+        self.session.click(icon)
+        wait_for(lambda: player.errors == self.NOTICE, "a notice")
+        self.ask("--settings")
+        wait_for(lambda: player.errors == 2 * self.NOTICE, "another one")
+        self.assertEqual(self.windows(), [])
+
+        # Not a double click.
+        time.sleep(0.5)
+        descriptors.take(self.NEEDED)
+        # The first of the process: libraries open most.
+        self.session.click(icon)
+        player.wait_for_text("1 / 16")
+        self.session.screenshot("few-descriptors")
+        self.session.press_key("ctrl+comma")
+        wait_for(lambda: "Language" in player.texts() or player.errors == 3 * self.NOTICE, "the settings or a notice")
+        self.assertIn("1 / 16", player.texts())
+        descriptors.give_back()
+        self.ask("--settings")
+        player.wait_for_text("Language")
+        self.assertEqual(longest_silence(recorder.since(start)), 0)
+        self.assertTrue(player.is_running())
 
 
 class CopiesTest(ShellCase):

@@ -14,6 +14,8 @@ class FakeWindowSystem final : public WindowSystem {
  public:
   static constexpr int barHeight = 26;
 
+  bool hasRoomForWindow() const override { return m_hasRoomForWindow; }
+
   std::unique_ptr<DropDown> makeDropDown(QWindow& window) const override {
     auto dropDown = std::make_unique<FakeDropDown>(window);
     m_dropDown = dropDown.get();
@@ -42,10 +44,12 @@ class FakeWindowSystem final : public WindowSystem {
   FakeDropDown* dropDown() const { return m_dropDown; }
   PointerFinder* finder() const { return m_finder; }
 
+  void setHasRoomForWindow(bool hasRoom) { m_hasRoomForWindow = hasRoom; }
   void setBlends(bool blends) { m_blends = blends; }
   void setFindsPointer(bool findsPointer) { m_findsPointer = findsPointer; }
 
  private:
+  bool m_hasRoomForWindow = true;
   bool m_blends = true;
   bool m_findsPointer = false;
   mutable QPointer<FakeDropDown> m_dropDown;

@@ -391,6 +391,35 @@ TEST_F(MenuBarSceneTest, TrayThatAppearsLaterTakesOver) {
   EXPECT_TRUE(m_scene.panel()->flags().testFlag(Qt::FramelessWindowHint));
 }
 
+TEST_F(MenuBarSceneTest, WithoutRoomForAWindowThereAreNotices) {
+  const QSignalSpy willOpen(&m_scene, &MenuBarScene::panelWillOpen);
+  const QSignalSpy quit(&m_scene, &MenuBarScene::quitRequested);
+  const std::string notice = "too many files are open; no window can be opened";
+  m_windowSystem.setFindsPointer(true);
+  m_windowSystem.setHasRoomForWindow(false);
+  m_menuBarExtra.click(iconPlace);
+  m_menuBarExtra.click(std::nullopt);
+  EXPECT_EQ(m_windowSystem.finder(), nullptr);
+  m_scene.showPanel();
+  EXPECT_EQ(m_notices.said(), std::vector<std::string>(3, notice));
+  m_menuBarExtra.findNoPlace();
+  EXPECT_EQ(m_notices.said().back(), notice);
+  m_scene.showPanel();
+  EXPECT_EQ(m_notices.said().size(), 6U);
+  EXPECT_EQ(m_scene.panel(), nullptr);
+  EXPECT_EQ(willOpen.size(), 0);
+  EXPECT_EQ(quit.size(), 0);
+
+  m_windowSystem.setHasRoomForWindow(true);
+  m_scene.showPanel();
+  ASSERT_NE(m_scene.panel(), nullptr);
+  // What is open stays.
+  m_windowSystem.setHasRoomForWindow(false);
+  m_scene.showPanel();
+  EXPECT_NE(m_scene.panel(), nullptr);
+  EXPECT_EQ(m_notices.said().size(), 6U);
+}
+
 TEST_F(MenuBarSceneTest, WhatIsAroundThePanelIsAShadowOrWithoutACompositorCutOff) {
   std::vector<QRect> places;
   for (const bool blends : {true, false}) {

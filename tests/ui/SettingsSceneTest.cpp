@@ -25,7 +25,7 @@ class SettingsSceneTest : public PanelFixture {
     return *m_scene.window();
   }
 
-  SettingsScene m_scene{m_localization, m_colorScheme, ICON};
+  SettingsScene m_scene{{m_colorScheme, m_windowSystem, m_localization, m_notices}, ICON};
 };
 
 TEST_F(SettingsSceneTest, NothingAtFirst) {
@@ -125,6 +125,21 @@ TEST_F(SettingsSceneTest, TheGroundIsThatOfTheCardInBothSchemes) {
     EXPECT_EQ(picture.pixelColor(0, 0), canvas);
     EXPECT_EQ(picture.pixelColor(picture.width() / 2, 3), canvas);
   }
+}
+
+TEST_F(SettingsSceneTest, WithoutRoomForAWindowThereIsANotice) {
+  const QSignalSpy willShow(&m_scene, &SettingsScene::windowWillShow);
+  m_windowSystem.setHasRoomForWindow(false);
+  m_scene.show();
+  EXPECT_EQ(m_scene.window(), nullptr);
+  EXPECT_EQ(willShow.size(), 0);
+  EXPECT_EQ(m_notices.said().size(), 1U);
+  m_windowSystem.setHasRoomForWindow(true);
+  open();
+  m_windowSystem.setHasRoomForWindow(false);
+  m_scene.show();
+  EXPECT_NE(m_scene.window(), nullptr);
+  EXPECT_EQ(m_notices.said().size(), 1U);
 }
 
 TEST_F(SettingsSceneTest, PanelAndMusicAreLeftAlone) {

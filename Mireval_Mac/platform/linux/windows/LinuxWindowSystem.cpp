@@ -1,5 +1,6 @@
 #include "platform/linux/windows/LinuxWindowSystem.h"
 
+#include "platform/linux/posix/SpareDescriptors.h"
 #include "platform/linux/wayland/LayerShell.h"
 #include "platform/linux/windows/LayerDropDown.h"
 #include "platform/linux/windows/LayerPointerFinder.h"
@@ -19,6 +20,9 @@ namespace mireval {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+// With those of the connections to the sound server and to screen readers.
+constexpr int descriptorsForWindow = 32;
 
 /// Whether the X server shows its windows on a Wayland desktop.
 bool isInsideWayland(const X11Connection& x11) {
@@ -48,6 +52,10 @@ std::vector<Strut> struts(const X11Connection& x11) {
 LinuxWindowSystem::LinuxWindowSystem() : m_layers(LayerShell::forApplication()) {}
 
 LinuxWindowSystem::~LinuxWindowSystem() = default;
+
+bool LinuxWindowSystem::hasRoomForWindow() const {
+  return canOpenDescriptors(descriptorsForWindow);
+}
 
 std::unique_ptr<DropDown> LinuxWindowSystem::makeDropDown(QWindow& window) const {
   if (m_layers) {

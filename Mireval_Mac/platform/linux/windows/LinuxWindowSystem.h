@@ -17,6 +17,7 @@ class LinuxWindowSystem final : public WindowSystem {
   LinuxWindowSystem();
   ~LinuxWindowSystem() override;
 
+  bool hasRoomForWindow() const override;
   std::unique_ptr<DropDown> makeDropDown(QWindow& window) const override;
   std::unique_ptr<PointerFinder> findPointer() const override;
   bool blendsWindows() const override;
