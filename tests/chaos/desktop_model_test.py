@@ -54,7 +54,6 @@ class DesktopModelTest(unittest.TestCase):
         self.model.close_settings()
         self.assertEqual((self.model.panel_has_keyboard, self.model.panel_is_exclusive), (True, True))
 
-
     def test_without_descriptors_nothing_opens(self):
         self.model.has_descriptors = False
         self.model.toggle_panel()

@@ -636,7 +636,6 @@ class LostIconTest(TrayCase):
         self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
         self.assertEqual((player.output, player.errors), ("", ""))
 
-
     def test_an_icon_that_an_older_bar_takes_back(self):
         older = Tint2(self.session, 0x101010)
         player = self.start_player()

@@ -47,8 +47,8 @@ XEmbedIcon::XEmbedIcon(const std::filesystem::path& image) : m_icon(iconFrom(ima
 }
 
 // Qt 6.8 answers this question only after the session bus has answered, also for an icon that is already
-// embedded. The owner of the trays' selection takes the icon soon, as from an older tray that gives it up. But a
-// tray may take it without the selection.
+// embedded. The owner of the trays' selection takes the icon soon, as from an older tray that gives it up.
+// But a tray may take it without the selection.
 bool XEmbedIcon::isPlaced() const {
   const auto x11 = X11Connection::forApplication();
   if (!x11) {
@@ -70,8 +70,8 @@ bool XEmbedIcon::nativeEventFilter(const QByteArray& type, void* message, qintpt
   if (type == "xcb_generic_event_t") {
     constexpr unsigned int typeMask = 0x7f;  // The other bit says that a client has sent the event.
     const unsigned int kind = static_cast<const xcb_generic_event_t*>(message)->response_type & typeMask;
-    // A new tray sends a message, and embeds the icon. The window of a lost tray is destroyed. Queued, because
-    // Qt handles the event after this filter.
+    // A new tray sends a message, and embeds the icon. The window of a lost tray is destroyed. Queued,
+    // because Qt handles the event after this filter.
     if (kind == XCB_CLIENT_MESSAGE || kind == XCB_REPARENT_NOTIFY || kind == XCB_DESTROY_NOTIFY) {
       QMetaObject::invokeMethod(this, &EmbeddedIcon::placementChanged, Qt::QueuedConnection);
     }
