@@ -45,6 +45,9 @@ def look(session):
     shown = Shown([], [], session.bars_with_icon(picture))
     for window, elements in session.accessibility.windows_with_elements(PLAYER):
         texts = [element.name for element in elements]
+        if window.name.startswith(f"{PLAYER}\n"):
+            # The tool tip of an embedded icon, which may come at any time while the pointer is there.
+            continue
         if window.name != PLAYER:
             shown.others.append([window.name, *texts])
         elif len(texts) == COUNT:

@@ -57,7 +57,7 @@ bool XEmbedIcon::isPlaced() const {
   if (x11->selectionHasOwner("_NET_SYSTEM_TRAY_S" + std::to_string(x11->screenNumber()))) {
     return true;
   }
-  // The icon is the program's only widget; all else are Qt Quick's windows.
+  // The icon and its tool tip are the program's only widgets.
   const QWidgetList icons = QApplication::topLevelWidgets();
   return std::ranges::any_of(icons, [&](const QWidget* icon) {
     const QWindow* const window = icon->windowHandle();
