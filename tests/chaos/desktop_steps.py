@@ -11,7 +11,10 @@ class DesktopSteps(Steps):
     def possible(self):
         model = self.model
         steps = self.possible_for_bars()
-        steps.append((2, self.kill_bus) if model.has_bus else (8, self.start_bus))
+        if not model.has_bus:
+            steps.append((8, self.start_bus))
+        elif not self.would_go_to_frozen_bar():
+            steps.append((2, self.kill_bus))
         if model.has_bus:
             steps.append((2, self.change_colours) if model.preference is not None else (2, self.start_portal))
             if model.preference is not None:
@@ -24,7 +27,7 @@ class DesktopSteps(Steps):
 
     def possible_for_bars(self):
         model = self.model
-        steps = [(2, self.kill_bar)] if model.bars else []
+        steps = [(2, self.kill_bar)] if model.bars and not self.would_go_to_frozen_bar() else []
         if model.frozen_bar:
             steps.append((8, self.thaw_bar))
         elif model.bars:
@@ -45,6 +48,10 @@ class DesktopSteps(Steps):
         elif self.desk.session.can_remove_screens:
             steps.append((2, self.remove_screen))
         return steps
+
+    def would_go_to_frozen_bar(self):
+        """The icon, if its bar ended. Nobody can tell what the frozen one shows then."""
+        return self.model.frozen_bar not in (None, self.model.icon_bar)
 
     # Bars.
 

@@ -139,6 +139,8 @@ class MachineSteps(Steps):
                 weights, steps = zip(*self._presses(), strict=True)
                 step, = self.random.choices(steps, weights)
                 self._walk.wait_for_end_of_track()
+                # Windows that have closed have given some back.
+                descriptors.take()
                 details.append(f"{step.__name__} {step() or ''}".strip())
                 self._walk.wait_for_agreement("no descriptors")
         finally:

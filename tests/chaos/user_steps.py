@@ -63,6 +63,9 @@ class UserSteps(Steps):
 
     def press(self, button):
         """By the pointer."""
+        if self.model.settings_are_open:
+            # They may cover it.
+            self.focus_framed_panel()
         self.desk.press(self.text_of(button))
         self.model.use_panel(button)
         self.follow_press(button)
