@@ -343,6 +343,22 @@ TEST_F(RenderTest, RefusesSilenceAndWhatWouldPeakTooHigh) {
   }
 }
 
+TEST_F(RenderTest, RefusesAClickOfTheEncoder) {
+  write(shortPiece());
+  // A sample that sticks out by 0.1 after two seconds.
+  replaceProgram("ffmpeg", R"sh(for option; do
+shift
+case $option in volume=*) option="$option,aeval=val(0)+.1*eq(n\\,88200)|val(1):c=same" ;; esac
+set -- "$@" "$option"
+done
+exec )sh" + original("ffmpeg") +
+                               R"sh( "$@")sh");
+  const RenderResult result = renderCached();
+  EXPECT_GT(result.status, 0);
+  EXPECT_EQ(result.message, trackFile().string() + ": the encoder has made a click at 2.00 s\n");
+  expectNothingLeft();
+}
+
 /// Each breaks off the render when half of a file is written.
 class InterruptedRenderTest : public RenderTest, public testing::WithParamInterface<const char*> {};
 
