@@ -14,7 +14,11 @@ std::string FuzzInput::text() {
 }
 
 std::string FuzzInput::utf8Text() {
-  return QString::fromStdString(text()).toStdString();
+  QList<std::uint32_t> characters = QString::fromStdString(text()).toUcs4();
+  // Valid UTF-8, yet refused by sd-bus.
+  characters.removeIf([](std::uint32_t character) { return QChar::isNonCharacter(character); });
+  return QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), characters.size())
+      .toStdString();
 }
 
 std::span<const std::uint8_t> FuzzInput::take(std::size_t count) {

@@ -30,7 +30,7 @@ class FuzzInput {
   /// The text up to the next zero byte, or up to the end.
   std::string text();
 
-  /// The same as valid UTF-8.
+  /// The same as UTF-8 that sd-bus sends.
   std::string utf8Text();
 
   /// All bytes that are left.
