@@ -27,7 +27,7 @@ class X11Desktop(DesktopParts, Session):
     def focus_window(self, title):
         """Gives the keyboard to the window whose title matches."""
         window, = self.windows("--name", title)
-        self.run("xdotool", "windowfocus", "--sync", window)
+        self.focus(window)
 
     def close_window(self, title):
         self.focus_window(title)

@@ -147,7 +147,7 @@ class WithoutTrayTest(DesktopTest):
     def test_closing_the_window_ends_the_player(self):
         player = Player(self.session, PROGRAM, BUNDLE)
         player.wait_for_text("Select a mode")
-        self.session.run("xdotool", "search", "--onlyvisible", "--name", "^Mireval$", "windowfocus", "--sync")
+        self.session.focus(wait_for(self.windows, "the window")[0])
         self.session.press_key("alt+F4")
         self.assertEqual(player.exit_status(), 0)
 

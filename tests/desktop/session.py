@@ -309,6 +309,11 @@ class Session:
         press = ["mousedown", number, "sleep", str(hold), "mouseup", number, "sleep", "0.08"]
         self.run("xdotool", *press * times)
 
+    def focus(self, window):
+        """Gives the keyboard to a window, and waits until the window manager, which has keys of its own, knows."""
+        self.run("xdotool", "windowfocus", "--sync", window)
+        wait_for(lambda: self.run("xdotool", "getactivewindow").stdout.strip() == window, "the window to be active")
+
     def press_key(self, key):
         self.run("xdotool", "key", key)
 

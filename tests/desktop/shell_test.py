@@ -51,9 +51,6 @@ class ShellCase(DesktopTest):
     def ask(self, *arguments):
         self.run_copy(*arguments, environment=NO_DISPLAY)
 
-    def focus(self, window):
-        self.session.run("xdotool", "windowfocus", "--sync", window)
-
 
 class SettingsTest(ShellCase):
     def setUp(self):
@@ -113,7 +110,7 @@ class SettingsTest(ShellCase):
         self.ask("--settings")
         player.wait_for_text("Language")
         window, = self.windows()
-        self.focus(window)
+        self.session.focus(window)
         self.session.press_key("alt+F4")
         player.wait_until_closed()
 
@@ -137,7 +134,7 @@ class SettingsTest(ShellCase):
         player.wait_for_text("1 / 16")
         self.assertIn("Language", player.texts())
         settings, = self.session.windows("--name", "^Settings")
-        self.focus(settings)
+        self.session.focus(settings)
         self.session.press_key("alt+F4")
         player.wait_until_gone("Language")
         self.session.click((20, 500))
@@ -151,7 +148,7 @@ class SettingsTest(ShellCase):
         self.session.press_key("ctrl+comma")
         player.wait_for_text("Language")
         settings, = set(self.windows()) - {panel}
-        self.focus(settings)
+        self.session.focus(settings)
         self.session.press_key("Escape")
         wait_for(lambda: self.keyboard_window() == panel, "the panel to have the keyboard")
         # A window manager that is late gives it to what was active before the settings.
@@ -322,17 +319,17 @@ class SettingsWithoutTrayTest(ShellCase):
         player.wait_for_text("Select a mode")
         panel, = set(self.windows()) - {settings}
         self.session.screenshot("both")
-        self.focus(settings)
+        self.session.focus(settings)
         self.session.press_key("ctrl+w")
         player.wait_until_gone("Language")
         self.assertTrue(player.is_running())
         self.assertEqual(self.windows(), [panel])
 
-        self.focus(panel)
+        self.session.focus(panel)
         self.session.press_key("ctrl+comma")
         player.wait_for_text("Language")
         self.assertIn("Select a mode", player.texts())
-        self.focus(panel)
+        self.session.focus(panel)
         self.session.press_key("alt+F4")
         self.assertEqual(player.exit_status(), 0)
 

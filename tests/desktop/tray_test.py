@@ -461,7 +461,7 @@ class LateBarTest(TrayCase):
         icon = centre_of(self.find_icon(bar, elsewhere=1))
         self.assertEqual(self.item("Id"), "mireval")
         self.session.screenshot("icon")
-        self.session.run("xdotool", "windowfocus", "--sync", self.windows()[0])
+        self.session.focus(self.windows()[0])
         self.session.press_key("alt+F4")
         self.wait_until_closed()
         panel = self.open_panel(icon)
