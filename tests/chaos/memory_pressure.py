@@ -4,8 +4,6 @@ from pathlib import Path
 
 # Half of what makes the kernel tell the player.
 STALL_SECONDS = 0.1
-
-
 PRESSURE_FILE = Path("/proc/pressure/memory")
 
 

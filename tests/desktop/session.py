@@ -309,10 +309,17 @@ class Session:
         press = ["mousedown", number, "sleep", str(hold), "mouseup", number, "sleep", "0.08"]
         self.run("xdotool", *press * times)
 
+    def keyboard_window(self):
+        return self.run("xdotool", "getwindowfocus").stdout.strip()
+
+    def active_window(self):
+        """As the window manager, which has keys of its own, sees it."""
+        return self.run("xdotool", "getactivewindow").stdout.strip()
+
     def focus(self, window):
-        """Gives the keyboard to a window, and waits until the window manager, which has keys of its own, knows."""
+        """Gives the keyboard to a window, and waits until the window manager knows."""
         self.run("xdotool", "windowfocus", "--sync", window)
-        wait_for(lambda: self.run("xdotool", "getactivewindow").stdout.strip() == window, "the window to be active")
+        wait_for(lambda: self.active_window() == window, "the window to be active")
 
     def press_key(self, key):
         self.run("xdotool", "key", key)

@@ -102,8 +102,7 @@ class SettingsTest(ShellCase):
         self.assertEqual(self.windows(), [])
         self.ask("--settings")
         wait_for(lambda: self.windows() == [settings], "the settings to come back")
-        wait_for(lambda: self.session.run("xdotool", "getactivewindow").stdout.strip() == settings,
-                 "the settings to be active")
+        wait_for(lambda: self.session.active_window() == settings, "the settings to be active")
 
         self.session.press_key("Escape")
         player.wait_until_closed()
@@ -150,18 +149,15 @@ class SettingsTest(ShellCase):
         settings, = set(self.windows()) - {panel}
         self.session.focus(settings)
         self.session.press_key("Escape")
-        wait_for(lambda: self.keyboard_window() == panel, "the panel to have the keyboard")
+        wait_for(lambda: self.session.keyboard_window() == panel, "the panel to have the keyboard")
         # A window manager that is late gives it to what was active before the settings.
         bar = self.session.windows("--onlyvisible", "--class", "xfce4-panel")[0]
         result = self.session.run("xdotool", "windowfocus", bar)
         self.assertEqual(result.stderr, "")
-        wait_for(lambda: self.keyboard_window() == panel, "the panel to have the keyboard again", 3)
+        wait_for(lambda: self.session.keyboard_window() == panel, "the panel to have the keyboard again", 3)
         self.session.press_key("Escape")
         player.wait_until_closed()
         self.assertEqual((player.output, player.errors), ("", ""))
-
-    def keyboard_window(self):
-        return self.session.run("xdotool", "getwindowfocus").stdout.strip()
 
     def test_a_start_with_settings(self):
         player = self.start_copy("--settings")

@@ -122,7 +122,7 @@ class TrayCase(DesktopTest):
         return self.wait_for_panel()
 
     def has_keyboard(self):
-        return self.session.run("xdotool", "getwindowfocus").stdout.split() == self.windows()
+        return [self.session.keyboard_window()] == self.windows()
 
     def start_music(self, icon):
         """Opens the panel and presses a mode; returns a recorder once it hears the music."""
@@ -588,12 +588,19 @@ class LostIconTest(TrayCase):
     def wait_until_closed_soon(self):
         wait_for(lambda: not self.panel(), "the panel to close by itself", self.SECONDS_UNTIL_CLOSED)
 
-    def reopen(self, bar):
+    def restart(self, bar):
+        """With the panel open."""
+        bar.kill()
+        self.wait_until_closed_soon()
+        self.session.press_key("Escape")
+        bar.start()
+
+    def reopen(self, bar, edge="top"):
         """Waits until the icon is back, and opens the panel with it."""
         icon = centre_of(self.find_icon(bar, "the icon, back on its bar"))
         time.sleep(0.5)
         self.assertIsNone(self.panel(), "no window without need")
-        self.assert_beside(self.open_panel(icon), "top", bar, icon, SCREEN)
+        self.assert_beside(self.open_panel(icon), edge, bar, icon, SCREEN)
 
     def test_the_panel_closes_and_the_music_goes_on(self):
         bar = XfcePanel(self.session)
@@ -602,10 +609,7 @@ class LostIconTest(TrayCase):
         start = recorder.mark()
 
         with self.subTest("bar"):
-            bar.kill()
-            self.wait_until_closed_soon()
-            self.session.press_key("Escape")
-            bar.start()
+            self.restart(bar)
             self.reopen(bar)
 
         with self.subTest("bus"):
@@ -626,12 +630,8 @@ class LostIconTest(TrayCase):
         player = self.start_player()
         recorder = self.start_music(centre_of(self.find_icon(bar)))
         start = recorder.mark()
-        bar.kill()
-        self.wait_until_closed_soon()
-        self.session.press_key("Escape")
-        bar.start()
-        icon = centre_of(self.find_icon(bar, "the icon, back on its bar"))
-        self.assert_beside(self.open_panel(icon), "bottom", bar, icon, SCREEN)
+        self.restart(bar)
+        self.reopen(bar, "bottom")
         self.close_panel()
         self.assertLessEqual(longest_silence(recorder.since(start)), self.LONGEST_SILENCE)
         self.assertEqual((player.output, player.errors), ("", ""))
@@ -655,14 +655,8 @@ class LostIconTest(TrayCase):
         self.run_copy()
         self.wait_for_panel()
         self.assertEqual(self.frame(), 0, "a window is for those who have no icon")
-        self.close_panel()
-
-        older.kill()
-        self.wait_until_closed_soon()
-        self.session.press_key("Escape")
-        older.start()
-        icon = centre_of(self.find_icon(older, "the icon, back on the older bar"))
-        self.assert_beside(self.open_panel(icon), "bottom", older, icon, SCREEN)
+        self.restart(older)
+        self.reopen(older, "bottom")
         self.close_panel()
         self.assertEqual((player.output, player.errors), ("", ""))
 
